@@ -1,0 +1,43 @@
+# The house's own vocabulary: what a library, a test and a program are, and the flags that all of them share.
+
+add_library(mrd_flags INTERFACE)
+target_compile_features(mrd_flags INTERFACE cxx_std_20)
+target_compile_options(mrd_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+if(MRD_WERROR)
+  target_compile_options(mrd_flags INTERFACE -Werror)
+endif()
+if(MRD_SANITIZE)
+  target_compile_options(mrd_flags INTERFACE -fsanitize=${MRD_SANITIZE} -fno-omit-frame-pointer)
+  target_link_options(mrd_flags INTERFACE -fsanitize=${MRD_SANITIZE})
+endif()
+
+# mrd_library(<name> SOURCES .. HEADERS .. [USES <our libraries>] [VENDOR <private imported targets>])
+# USES is the list of arrows: a library includes only from what it names there.
+function(mrd_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;USES;VENDOR" ${ARGN})
+  if(ARG_SOURCES)
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS "${CMAKE_SOURCE_DIR}/src" FILES ${ARG_HEADERS})
+    target_link_libraries(${name} PUBLIC ${ARG_USES} PRIVATE mrd_flags ${ARG_VENDOR})
+    target_compile_features(${name} PUBLIC cxx_std_20)
+  else()
+    add_library(${name} INTERFACE)
+    target_sources(${name} INTERFACE FILE_SET HEADERS BASE_DIRS "${CMAKE_SOURCE_DIR}/src" FILES ${ARG_HEADERS})
+    target_link_libraries(${name} INTERFACE ${ARG_USES})
+    target_compile_features(${name} INTERFACE cxx_std_20)
+  endif()
+endfunction()
+
+# mrd_test(<name> SOURCES .. USES ..): one GoogleTest program, registered with CTest case by case.
+function(mrd_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/src" "${CMAKE_SOURCE_DIR}/tests")
+  target_link_libraries(${name} PRIVATE mrd_flags ${ARG_USES} GTest::gmock GTest::gtest GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE MRD_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
+    MRD_PROGRAM_DIR="${MRD_PROGRAM_DIR}" MRD_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+endfunction()
+
+# The complete program directory of this build: both programs and the resources.
+set(MRD_PROGRAM_DIR "${CMAKE_BINARY_DIR}/mirandel")

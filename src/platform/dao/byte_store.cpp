@@ -1,0 +1,1 @@
+#include "platform/dao/byte_store.h"

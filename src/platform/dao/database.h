@@ -1,0 +1,115 @@
+#pragma once
+// The database engine: opening a file, statements in the system's SQL dialect, navigable recordsets, transactions.
+//
+// The dialect: LIKE with * ? # and [..], Mid$ and Len, #m/d/yyyy h:mm:ss#, [names in brackets], Table.column, DELETE * FROM,
+// SELECT TOP n, TRUE, FALSE, yes, no, DISTINCT, ALTER TABLE .. ADD COLUMN .. BIT|MEMO|DATE|TEXT|LONG|DOUBLE, CREATE TABLE with
+// TEXT, MEMO, LONG, DOUBLE, BIT, DATE, COUNTER CONSTRAINT name PRIMARY KEY. Text comparison ignores case and trailing blanks; a name of a table or
+// column ignores case, umlauts included. A bare `?` stands for the next of the given parameters.
+//
+// Every failure is a base::Error.
+
+#include "platform/dao/value.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mrd::dao {
+
+using Parameters = std::vector<Value>;
+
+class Recordset;
+
+enum class OpenMode { ReadWrite, ReadOnly };
+
+/// An open database file. Movable; recordsets must not outlive it. One thread.
+class Database {
+public:
+  /// `path` in the system's form. Throws FileNotFound, AccessDenied, NotADatabase (empty file, random bytes, cut off file).
+  /// A directory is PathFileAccess.
+  static Database open(std::string_view path, OpenMode mode = OpenMode::ReadWrite);
+  /// A new, empty database marked as a Mirandel file. Throws PathFileAccess when the file exists or cannot be made.
+  static Database create(std::string_view path);
+
+  Database(Database&&) noexcept;
+  Database& operator=(Database&&) noexcept;
+  ~Database();
+
+  /// `source` is a SELECT statement or a table's name.
+  Recordset openRecordset(std::string_view source, const Parameters& parameters = {});
+  /// Runs DELETE, UPDATE, INSERT and DDL; the number of rows changed.
+  std::size_t execute(std::string_view statement, const Parameters& parameters = {});
+
+  bool hasTable(std::string_view table) const;
+  /// Column names in their order; throws ItemNotFound for a missing table.
+  std::vector<std::string> columns(std::string_view table) const;
+
+private:
+  friend class Recordset;
+  friend class Transaction;
+  struct State;
+  explicit Database(std::unique_ptr<State> state);
+  std::unique_ptr<State> state_;
+};
+
+/// Rows of a statement, remembered by their keys when it opens and read when the cursor reaches them, so that an edit of a key
+/// column does not disturb the walk. Rows of a single table can be changed; of DISTINCT, only read. A row that was removed
+/// meanwhile is passed over by the walk. The cursor stands on the first row after opening.
+class Recordset {
+public:
+  Recordset(Recordset&&) noexcept;
+  Recordset& operator=(Recordset&&) noexcept;
+  ~Recordset();
+
+  /// Number of rows; right after opening nonzero exactly when there are rows.
+  std::size_t recordCount() const;
+  bool eof() const;
+  void moveFirst();
+  void moveLast();
+  void moveNext();
+
+  /// Puts the cursor on the first row that meets a criteria text such as "Einstellung = 'Titel'"; see noMatch. The text must be
+  /// one boolean expression: anything else throws SyntaxError. Parameters stand for bare `?`.
+  void findFirst(std::string_view criteria, const Parameters& parameters = {});
+  bool noMatch() const;
+
+  void addNew();
+  void edit();
+  /// Writes what set() gathered since addNew() or edit(). After an added row the cursor stays where it was.
+  void update();
+  /// Removes the row under the cursor; the cursor then stands before the next one, which moveNext() reaches.
+  void remove();
+
+  /// Field of the row under the cursor, or what set() gave it in an open edit. Throws ItemNotFound, NoCurrentRecord.
+  Value value(std::string_view column) const;
+  void set(std::string_view column, Value value);
+
+  /// Column names of the rows, in their order.
+  std::vector<std::string> columns() const;
+
+private:
+  friend class Database;
+  struct State;
+  explicit Recordset(std::unique_ptr<State> state);
+  std::unique_ptr<State> state_;
+};
+
+/// A transaction over all statements on a database: rolled back on destruction unless committed. Transactions do not nest: an
+/// inner one throws EngineError.
+class Transaction {
+public:
+  explicit Transaction(Database& database);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  void commit();
+  void rollback();
+
+private:
+  Database* database_;
+};
+
+} // namespace mrd::dao

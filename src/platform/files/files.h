@@ -1,0 +1,51 @@
+#pragma once
+// Plain operations on files. Paths are in the system's form (path.h). Failures are base::Error with the platform's number.
+
+#include "base/clock.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mrd::files {
+
+/// Whether a file (no directory) is there.
+bool fileExists(std::string_view path);
+bool directoryExists(std::string_view path);
+/// Makes one directory; one that is there already is no failure. Throws PathNotFound or PathFileAccess.
+void makeDirectory(std::string_view path);
+/// Names of the files (no directories) in a directory, sorted; empty for a directory that cannot be read.
+std::vector<std::string> fileNames(std::string_view directory);
+
+/// Bytes copied, an older target replaced; the target appears complete or not at all. Throws FileNotFound, PathNotFound,
+/// PathFileAccess or DiskFull.
+void copyFile(std::string_view source, std::string_view target);
+/// Throws FileNotFound.
+void removeFile(std::string_view path);
+/// Local time of the last change of the content. Throws FileNotFound.
+base::DateTime modificationTime(std::string_view path);
+
+/// All bytes of a file. Throws FileNotFound or PathFileAccess (also for a directory).
+std::string readFile(std::string_view path);
+/// Replaces a file's content in one step: written beside it, synced, renamed. Throws as copyFile.
+void writeFileAtomically(std::string_view path, std::string_view bytes);
+
+/// A file opened for output, an older content gone at once. Closes in the destructor; close() reports what went wrong.
+class OutputFile {
+public:
+  /// Throws PathNotFound, PathFileAccess or DiskFull.
+  explicit OutputFile(std::string_view path);
+  ~OutputFile();
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+
+  /// Throws DiskFull or PathFileAccess.
+  void write(std::string_view bytes);
+  void close();
+
+private:
+  int descriptor_;
+  std::string path_;
+};
+
+} // namespace mrd::files

@@ -1,0 +1,1 @@
+#include "platform/files/ini_file.h"
