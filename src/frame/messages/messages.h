@@ -1,0 +1,51 @@
+#pragma once
+// Numbered messages and captions in the user's language, from the language database.
+
+#include "frame/paths/paths.h"
+#include "platform/dao/database.h"
+#include "platform/ui/ui.h"
+#include "platform/ui/window_controls.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace mrd::messages {
+
+/// The open language database (`dbLanguage`), its path (`LangFile`) and the current language (`Sprache`, "GER" or "ENG").
+class Language {
+public:
+  Language(const paths::ProgramFiles& program, ui::Ui& ui);
+
+  const std::string& Sprache() const { return Sprache_; }
+  void setSprache(std::string_view code) { Sprache_ = code; }
+
+  /// Language start without a window: finds and opens the language database and remembers its place in the INI file.
+  void Sprachstart();
+  /// The same, then Setlanguage on the window.
+  void Sprachstart(ui::WindowControls& Fenster);
+  /// Applies the current language to one window.
+  void Setlanguage(ui::WindowControls& Fenster);
+  /// The two entries of the language menu.
+  void eng_Click(ui::WindowControls& mainWindow);
+  void GER_Click(ui::WindowControls& mainWindow);
+
+  /// Shows a numbered message, with a value at position "L", "R" or "Z", and returns the button.
+  ui::Button GetMsg(int MsgNo, std::string_view Wert = {}, std::string_view Position = {});
+  /// The same in a given language.
+  ui::Button GetMsgIn(int MsgNo, std::string_view Sprache, std::string_view Wert, std::string_view Position);
+
+  /// Closes the language database.
+  void close();
+
+  ui::Ui& ui() { return ui_; }
+
+private:
+  const paths::ProgramFiles& program_;
+  ui::Ui& ui_;
+  std::string Sprache_ = "GER";
+  std::string LangFile_;
+  std::optional<dao::Database> dbLanguage_;
+};
+
+} // namespace mrd::messages

@@ -1,0 +1,1 @@
+#include "frame/project/file_register.h"

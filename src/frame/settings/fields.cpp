@@ -1,0 +1,1 @@
+#include "frame/settings/fields.h"
