@@ -3,8 +3,12 @@
 
 #include "platform/ui/ui.h"
 
+#include <cstddef>
 #include <deque>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace mrd::support {
@@ -19,10 +23,18 @@ public:
   ScriptedUi& acceptAll();
   ScriptedUi& answerOpenDialog(std::optional<std::string> path);
   ScriptedUi& answerFolderDialog(std::optional<std::string> path);
+  ScriptedUi& answerInputBox(std::optional<std::string> text);
+  ScriptedUi& answerColourDialog(std::optional<int> colour);
 
   std::vector<ui::MessageBox> messages;
   std::vector<ui::FileDialog> fileDialogs;
   std::vector<std::string> statusTexts;
+  /// Value and maximum of each progress report.
+  std::vector<std::pair<std::size_t, std::size_t>> progressSteps;
+  int progressHidden = 0, splashHidden = 0, eventPumps = 0;
+  /// From this pump of the event queue on the user asks to stop; 0: never.
+  int stopAtPump = 0;
+  ui::Pointer pointerShape = ui::Pointer::Default;
 
   ui::Button messageBox(const ui::MessageBox& message) override;
   std::optional<std::string> inputBox(std::string_view prompt, std::string_view title, std::string_view proposal) override;
@@ -44,7 +56,8 @@ private:
     ui::Button answer;
   };
   std::deque<Expectation> expected_;
-  std::deque<std::optional<std::string>> openAnswers_, folderAnswers_;
+  std::deque<std::optional<std::string>> openAnswers_, folderAnswers_, inputAnswers_;
+  std::deque<std::optional<int>> colourAnswers_;
   bool acceptAll_ = false;
 };
 

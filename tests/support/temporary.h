@@ -12,6 +12,9 @@
 
 namespace mrd::support {
 
+/// Bytes of a file below the tree's `resources` folder.
+std::string resourceText(const std::string& relative);
+
 /// An empty directory, removed with all it holds.
 class TemporaryDirectory {
 public:
