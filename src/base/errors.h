@@ -8,6 +8,7 @@ namespace mrd::base {
 
 /// Error numbers that the system tells apart or shows.
 enum class ErrorNumber : int {
+  InvalidCall = 5,
   SubscriptOutOfRange = 9,
   TypeMismatch = 13,
   FileNotFound = 53,

@@ -1,1 +1,334 @@
 #include "platform/files/files.h"
+
+#include "base/errors.h"
+#include "base/format.h"
+#include "platform/files/path.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+namespace mrd::files {
+namespace {
+
+using base::Error;
+using base::ErrorNumber;
+using NativePath = std::filesystem::path;
+
+// --- failures
+
+struct Failure {
+  ErrorNumber number;
+  std::string_view description;
+};
+
+Failure failureOf(int code)
+{
+  switch (code) {
+  case ENOENT:
+    return {ErrorNumber::FileNotFound, "Datei nicht gefunden"};
+  case ENOTDIR:
+    return {ErrorNumber::PathNotFound, "Pfad nicht gefunden"};
+  case ENOSPC:
+  case EDQUOT:
+    return {ErrorNumber::DiskFull, "Der Datenträger ist voll"};
+  case EACCES:
+  case EPERM:
+    return {ErrorNumber::PathFileAccess, "Kein Zugriff auf die Datei"};
+  case EROFS:
+    return {ErrorNumber::PathFileAccess, "Der Datenträger ist schreibgeschützt"};
+  case EISDIR:
+    return {ErrorNumber::PathFileAccess, "Das ist ein Verzeichnis und keine Datei"};
+  case ENAMETOOLONG:
+    return {ErrorNumber::PathFileAccess, "Der Name ist zu lang"};
+  default:
+    return {ErrorNumber::PathFileAccess, "Die Datei kann nicht gelesen oder geschrieben werden"};
+  }
+}
+
+/// Throws the platform's number for what the operating system said about a path.
+[[noreturn]] void fail(int code, const NativePath& native)
+{
+  std::error_code ignored;
+  const bool isBelowNothing = native.has_parent_path() && !std::filesystem::is_directory(native.parent_path(), ignored);
+  const auto failure = failureOf(code == ENOENT && isBelowNothing ? ENOTDIR : code);
+  throw Error(failure.number, base::format("{}: {}", failure.description, native.native()));
+}
+
+// --- descriptors
+
+/// Calls an operation again for as long as a signal cut it short.
+template <class Operation>
+auto uninterrupted(Operation operation)
+{
+  for (;;) {
+    const auto result = operation();
+    if (result >= 0 || errno != EINTR)
+      return result;
+  }
+}
+
+class Descriptor {
+public:
+  explicit Descriptor(int number) : number_(number) {}
+  ~Descriptor()
+  {
+    if (number_ >= 0)
+      ::close(number_);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  int get() const { return number_; }
+  int release() { return std::exchange(number_, -1); }
+
+private:
+  int number_;
+};
+
+/// Opening must not wait for somebody at the other end of a pipe, which a page's reference may name.
+int openFile(const NativePath& native, int flags)
+{
+  return uninterrupted([&] { return ::open(native.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666); });
+}
+
+void writeAll(int descriptor, std::string_view bytes, const NativePath& native)
+{
+  while (!bytes.empty()) {
+    const auto written = uninterrupted([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
+    if (written < 0)
+      fail(errno, native);
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+/// A file opened for reading, and what the system knows about it. Only regular files: a device or a pipe may never end.
+struct Source {
+  Descriptor descriptor;
+  struct stat status {};
+
+  explicit Source(const NativePath& native) : descriptor(openFile(native, O_RDONLY))
+  {
+    if (descriptor.get() < 0 || ::fstat(descriptor.get(), &status) != 0)
+      fail(errno, native);
+    if (!S_ISREG(status.st_mode))
+      fail(S_ISDIR(status.st_mode) ? EISDIR : EINVAL, native);
+  }
+};
+
+/// Hands the bytes of a file to `take`, piece by piece.
+template <class Take>
+void readAll(const Source& source, const NativePath& native, Take take)
+{
+  std::array<char, 128 * 1024> buffer;
+  for (;;) {
+    const auto count = uninterrupted([&] { return ::read(source.descriptor.get(), buffer.data(), buffer.size()); });
+    if (count < 0)
+      fail(errno, native);
+    if (count == 0)
+      return;
+    take(std::string_view(buffer.data(), static_cast<std::size_t>(count)));
+  }
+}
+
+std::optional<struct stat> statusOf(const NativePath& native)
+{
+  struct stat status {};
+  if (::stat(native.c_str(), &status) != 0)
+    return std::nullopt;
+  return status;
+}
+
+// --- files that appear at once
+
+/// Where the content of a path lies: a symbolic link stays a link, what it points to is replaced.
+NativePath behindLinks(const NativePath& native)
+{
+  std::error_code error;
+  if (!std::filesystem::is_symlink(native, error))
+    return native;
+  const auto target = std::filesystem::weakly_canonical(native, error);
+  return error ? native : target;
+}
+
+/// A file beside its target, renamed to it when it is complete and gone when it never was.
+class Replacement {
+public:
+  explicit Replacement(NativePath target) : target_(behindLinks(target))
+  {
+    for (int attempt = 0;; ++attempt) {
+      name_ = target_.parent_path() / base::format(".mrd-{}-{}.tmp", ::getpid(), attempt);
+      descriptor_ = openFile(name_, O_WRONLY | O_CREAT | O_EXCL);
+      if (descriptor_ >= 0)
+        return;
+      if (errno != EEXIST)
+        fail(errno, target_);
+    }
+  }
+  ~Replacement()
+  {
+    if (descriptor_ >= 0)
+      ::close(descriptor_);
+    if (!name_.empty())
+      ::unlink(name_.c_str());
+  }
+  Replacement(const Replacement&) = delete;
+  Replacement& operator=(const Replacement&) = delete;
+
+  int descriptor() const { return descriptor_; }
+  const NativePath& target() const { return target_; }
+  void write(std::string_view bytes) { writeAll(descriptor_, bytes, target_); }
+  void check(int result) const
+  {
+    if (result != 0)
+      fail(errno, target_);
+  }
+
+  void takePlace()
+  {
+    check(::close(std::exchange(descriptor_, -1)));
+    check(::rename(name_.c_str(), target_.c_str()));
+    name_.clear();
+  }
+
+private:
+  NativePath target_, name_;
+  int descriptor_ = -1;
+};
+
+/// Makes a rename durable. File systems that cannot sync a directory keep it in their own way.
+void syncDirectoryOf(const NativePath& native)
+{
+  const auto directory = native.parent_path();
+  const Descriptor descriptor(openFile(directory.empty() ? "." : directory, O_RDONLY | O_DIRECTORY));
+  if (descriptor.get() >= 0)
+    ::fsync(descriptor.get());
+}
+
+bool endsWithSeparator(std::string_view path) { return path.ends_with('\\') || path.ends_with('/'); }
+
+} // namespace
+
+bool fileExists(std::string_view path)
+{
+  if (endsWithSeparator(path))
+    return false;
+  const auto status = statusOf(nativePath(path));
+  return status && S_ISREG(status->st_mode);
+}
+
+bool directoryExists(std::string_view path)
+{
+  const auto status = statusOf(nativePath(path));
+  return status && S_ISDIR(status->st_mode);
+}
+
+void makeDirectory(std::string_view path)
+{
+  const auto native = nativePath(path);
+  if (::mkdir(native.c_str(), 0777) == 0)
+    return;
+  const int code = errno;
+  const auto status = statusOf(native);
+  if (code != EEXIST || !status || !S_ISDIR(status->st_mode))
+    // The directory itself is what was to be made, so a missing one is always that above it.
+    fail(code == ENOENT ? ENOTDIR : code, native);
+}
+
+std::vector<std::string> fileNames(std::string_view directory)
+{
+  std::vector<std::string> names;
+  std::error_code error;
+  std::filesystem::directory_iterator entries(nativePath(directory), error);
+  for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
+    std::error_code ignored;
+    std::string name = entries->path().filename().native();
+    // A name with a backslash in it cannot be told from a path in the system's form, and nothing could open it.
+    if (entries->is_regular_file(ignored) && name.find('\\') == std::string::npos)
+      names.push_back(std::move(name));
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+void copyFile(std::string_view source, std::string_view target)
+{
+  const auto native = nativePath(source);
+  const Source from(native);
+  Replacement to(nativePath(target));
+  readAll(from, native, [&](std::string_view piece) { to.write(piece); });
+  const std::array times{from.status.st_atim, from.status.st_mtim};
+  to.check(::futimens(to.descriptor(), times.data()));
+  to.takePlace();
+}
+
+void removeFile(std::string_view path)
+{
+  const auto native = nativePath(path);
+  if (::unlink(native.c_str()) != 0)
+    fail(errno, native);
+}
+
+base::DateTime modificationTime(std::string_view path)
+{
+  const auto native = nativePath(path);
+  const auto status = statusOf(native);
+  if (!status)
+    fail(errno, native);
+  return base::localTime(status->st_mtim.tv_sec);
+}
+
+std::string readFile(std::string_view path)
+{
+  const auto native = nativePath(path);
+  const Source source(native);
+  std::string bytes;
+  bytes.reserve(static_cast<std::size_t>(source.status.st_size));
+  readAll(source, native, [&](std::string_view piece) { bytes.append(piece); });
+  return bytes;
+}
+
+void writeFileAtomically(std::string_view path, std::string_view bytes)
+{
+  Replacement file(nativePath(path));
+  // Who was allowed to read the old content may read the new one, and nobody else.
+  if (const auto old = statusOf(file.target()))
+    file.check(::fchmod(file.descriptor(), old->st_mode & 07777));
+  file.write(bytes);
+  file.check(::fsync(file.descriptor()));
+  file.takePlace();
+  syncDirectoryOf(file.target());
+}
+
+OutputFile::OutputFile(std::string_view path) : descriptor_(-1), path_(nativePath(path).native())
+{
+  descriptor_ = openFile(path_, O_WRONLY | O_CREAT | O_TRUNC);
+  if (descriptor_ < 0)
+    // What is missing cannot be the file, which would have been made.
+    fail(errno == ENOENT ? ENOTDIR : errno, path_);
+}
+
+OutputFile::~OutputFile()
+{
+  if (descriptor_ >= 0)
+    ::close(descriptor_);
+}
+
+void OutputFile::write(std::string_view bytes) { writeAll(descriptor_, bytes, path_); }
+
+void OutputFile::close()
+{
+  if (descriptor_ >= 0 && ::close(std::exchange(descriptor_, -1)) != 0 && errno != EINTR)
+    fail(errno, path_);
+}
+
+} // namespace mrd::files
