@@ -1,6 +1,7 @@
 #pragma once
 // Numbered messages and captions in the user's language, from the language database.
 
+#include "base/errors.h"
 #include "frame/paths/paths.h"
 #include "platform/dao/database.h"
 #include "platform/ui/ui.h"
@@ -30,7 +31,8 @@ public:
   void eng_Click(ui::WindowControls& mainWindow);
   void GER_Click(ui::WindowControls& mainWindow);
 
-  /// Shows a numbered message, with a value at position "L", "R" or "Z", and returns the button.
+  /// Shows a numbered message, with a value at position "L", "R" or "Z" (left, behind the second piece, between the pieces), and
+  /// returns the button; None when not even the language database can be read.
   ui::Button GetMsg(int MsgNo, std::string_view Wert = {}, std::string_view Position = {});
   /// The same in a given language.
   ui::Button GetMsgIn(int MsgNo, std::string_view Sprache, std::string_view Wert, std::string_view Position);
@@ -41,6 +43,10 @@ public:
   ui::Ui& ui() { return ui_; }
 
 private:
+  void openLanguageDatabase();
+  void changeLanguage(ui::WindowControls& mainWindow, std::string_view code, std::string_view other);
+  void showCaptionFailure(const base::Error& error);
+
   const paths::ProgramFiles& program_;
   ui::Ui& ui_;
   std::string Sprache_ = "GER";
