@@ -2,6 +2,7 @@
 
 #include "base/errors.h"
 #include "base/format.h"
+#include "base/text.h"
 #include "platform/files/path.h"
 
 #include <fcntl.h>
@@ -309,7 +310,9 @@ void writeFileAtomically(std::string_view path, std::string_view bytes)
   syncDirectoryOf(file.target());
 }
 
-OutputFile::OutputFile(std::string_view path) : descriptor_(-1), path_(nativePath(path).native())
+OutputFile::OutputFile(std::string_view path) : OutputFile(Native{nativePath(path)}) {}
+
+OutputFile::OutputFile(const Native& native) : descriptor_(-1), path_(native.path.native())
 {
   descriptor_ = openFile(path_, O_WRONLY | O_CREAT | O_TRUNC);
   if (descriptor_ < 0)
@@ -329,6 +332,26 @@ void OutputFile::close()
 {
   if (descriptor_ >= 0 && ::close(std::exchange(descriptor_, -1)) != 0 && errno != EINTR)
     fail(errno, path_);
+}
+
+OutputDirectory::OutputDirectory(std::string_view path) : directory_(nativePath(path))
+{
+  std::error_code error;
+  std::filesystem::directory_iterator entries(directory_, error);
+  for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
+    std::string name = entries->path().filename().native();
+    nameOnDisk_.emplace(base::lower(name), std::move(name));
+  }
+}
+
+OutputFile OutputDirectory::open(std::string_view name)
+{
+  NativePath native = directory_ / name;
+  const auto [known, isNew] = nameOnDisk_.emplace(base::lower(name), name);
+  // Of two names that differ in case alone the one as written is meant.
+  if (!isNew && known->second != name && !statusOf(native))
+    native = directory_ / known->second;
+  return OutputFile(OutputFile::Native{native});
 }
 
 } // namespace mrd::files

@@ -3,8 +3,10 @@
 
 #include "base/clock.h"
 
+#include <filesystem>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace mrd::files {
@@ -44,8 +46,30 @@ public:
   void close();
 
 private:
+  friend class OutputDirectory;
+  struct Native {
+    std::filesystem::path path;
+  };
+  explicit OutputFile(const Native& native);
+
   int descriptor_;
   std::string path_;
+};
+
+/// A directory that many new files are written into. It reads the names in it once, where a single OutputFile reads them all to
+/// find that none is its own in another case: thousands of files take time by their number, not by its square.
+class OutputDirectory {
+public:
+  /// A directory that cannot be read counts as empty; opening a file in it then tells.
+  explicit OutputDirectory(std::string_view path);
+
+  /// Opens a file of the directory for output, whatever the case of its name on disk. `name` holds no separator.
+  /// Throws as OutputFile.
+  OutputFile open(std::string_view name);
+
+private:
+  std::filesystem::path directory_;
+  std::unordered_map<std::string, std::string> nameOnDisk_; // by lower-case name
 };
 
 } // namespace mrd::files

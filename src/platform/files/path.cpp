@@ -3,9 +3,11 @@
 #include "base/text.h"
 #include "base/windows1252.h"
 
+#include <dirent.h>
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <memory>
 #include <optional>
 #include <system_error>
 
@@ -76,13 +78,12 @@ std::filesystem::path asWritten(std::string_view path)
 std::optional<std::string> entryIgnoringCase(const std::filesystem::path& directory, std::string_view name)
 {
   std::optional<std::string> found;
-  std::error_code error;
-  std::filesystem::directory_iterator entries(directory.empty() ? "." : directory, error);
-  for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
-    const std::string& full = entries->path().native();
-    const auto entry = std::string_view(full).substr(full.rfind('/') + 1);
-    if (isSameName(entry, name) && (!found || entry < *found))
-      found = entry;
+  // The C library's reader, because this runs for every file that is not there, and paths for all entries would cost the most.
+  const std::unique_ptr<DIR, int (*)(DIR*)> entries(::opendir(directory.empty() ? "." : directory.c_str()), ::closedir);
+  for (const dirent* entry = nullptr; entries && (entry = ::readdir(entries.get()));) {
+    const std::string_view entryName(entry->d_name);
+    if (isSameName(entryName, name) && (!found || entryName < *found))
+      found = entryName;
   }
   return found;
 }
