@@ -1,0 +1,113 @@
+#include "generator/body_rewriter.h"
+
+#include "base/windows1252.h"
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+namespace mrd::generator {
+namespace {
+
+/// Changes with every change of what a rewritten body looks like, so that old side files are not taken for new ones.
+constexpr std::string_view kCacheFormat = "bodies 1";
+
+std::string documentText(const BodySource& source)
+{
+  std::string text;
+  text.reserve(source.html.size() + source.script.size() + source.addresses.exportpfad.size() + 100);
+  text.append("<html><head><title>generator</title><base href='file://").append(source.addresses.exportpfad).append("'>");
+  text.append(source.script).append("</head><body>").append(source.html).append("</body></html>");
+  return text;
+}
+
+void appendNumber(std::string& out, std::uint64_t number) { out.append(reinterpret_cast<const char*>(&number), sizeof number); }
+
+void appendText(std::string& out, std::string_view text)
+{
+  appendNumber(out, text.size());
+  out.append(text);
+}
+
+/// Reads what appendNumber and appendText wrote; a cut off record reads as zeros and empty texts.
+class RecordReader {
+public:
+  explicit RecordReader(std::string_view record) : rest_(record) {}
+
+  std::uint64_t number()
+  {
+    std::uint64_t value = 0;
+    const std::string_view bytes = take(sizeof value);
+    std::memcpy(&value, bytes.data(), bytes.size());
+    return value;
+  }
+  std::string_view text() { return take(number()); }
+  std::string_view rest() const { return rest_; }
+
+private:
+  std::string_view take(std::uint64_t count)
+  {
+    const std::string_view piece = rest_.substr(0, count);
+    rest_.remove_prefix(piece.size());
+    return piece;
+  }
+  std::string_view rest_;
+};
+
+} // namespace
+
+RewrittenBody rewriteBody(const BodySource& source)
+{
+  auto document = html::Document::fromText(documentText(source));
+  RewrittenBody body;
+  body.found = findebilder(document, source.addresses);
+  body.bytes = base::toWindows1252(document.body().innerHtml());
+  return body;
+}
+
+dao::ContentHash BodyCache::keyOf(const BodySource& source)
+{
+  const auto& addresses = source.addresses;
+  const std::array<std::string_view, 6> pieces{kCacheFormat,       source.html,        source.script, addresses.exportpfad,
+                                               addresses.basislink, addresses.tbbasisurl};
+  return dao::contentHash(pieces);
+}
+
+std::optional<RewrittenBody> BodyCache::get(const dao::ContentHash& key)
+{
+  const auto record = store_.get(key);
+  if (!record)
+    return std::nullopt;
+  RecordReader reader(*record);
+  RewrittenBody body;
+  body.found.slashAppended = reader.number() != 0;
+  body.found.dependsOnMissingSlash = reader.number() != 0;
+  body.found.uses.resize(reader.number());
+  for (auto& use : body.found.uses) {
+    use.verzeichnis = reader.text();
+    use.name = reader.text();
+    use.erweiterung = reader.text();
+    use.enter = reader.number() != 0;
+  }
+  body.bytes = reader.rest();
+  return body;
+}
+
+void BodyCache::put(const dao::ContentHash& key, const RewrittenBody& body)
+{
+  std::string record;
+  record.reserve(body.bytes.size() + 256 * (1 + body.found.uses.size()));
+  appendNumber(record, body.found.slashAppended);
+  appendNumber(record, body.found.dependsOnMissingSlash);
+  appendNumber(record, body.found.uses.size());
+  for (const auto& use : body.found.uses) {
+    appendText(record, use.verzeichnis);
+    appendText(record, use.name);
+    appendText(record, use.erweiterung);
+    appendNumber(record, use.enter);
+  }
+  record += body.bytes;
+  store_.put(key, record);
+}
+
+} // namespace mrd::generator

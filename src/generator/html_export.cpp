@@ -1,0 +1,78 @@
+#include "generator/html_export.h"
+
+#include "base/format.h"
+#include "frame/failures/failures.h"
+#include "generator/built_in_run.h"
+#include "platform/files/files.h"
+#include "platform/html/document.h"
+
+namespace mrd::generator {
+namespace {
+
+constexpr std::string_view kDefaultHead = "<font face='[mrd:Schriftart]'><div align=center>made with Mirandel</div></font>";
+constexpr int kMessageNoProject = 24;
+constexpr int kMessageNoExportDirectory = 37;
+constexpr int kMessageLayoutMissing = 105;
+
+/// The head as its editor holds it.
+std::string inEditor(std::string_view html)
+{
+  auto editor = html::Document::fromText("");
+  editor.body().setInnerHtml(html);
+  return editor.body().innerHtml();
+}
+
+} // namespace
+
+frmHTMLExport::frmHTMLExport(const ExportEnvironment& environment) : environment_(environment) {}
+
+bool frmHTMLExport::Form_Load(std::string_view DbName)
+{
+  if (DbName.empty()) {
+    environment_.language.GetMsg(kMessageNoProject);
+    return false;
+  }
+  DbName_ = DbName;
+  db_ = dao::Database::open(DbName);
+  auto settings = db_->openRecordset("select * from Einstellungen");
+  settings.findFirst("Einstellung = 'KopfHTML'");
+  head_ = inEditor(settings.noMatch() ? std::string(kDefaultHead) : settings.value("Wert").text());
+  return true;
+}
+
+RunOutcome frmHTMLExport::cbHTML_Click()
+{
+  RunOutcome outcome;
+  failures::withStandardHandler(environment_.language, "cbHTML_Click", [&] {
+    if (environment_.fields.ComboGrundlayout.ListIndex != 0) {
+      environment_.language.GetMsg(kMessageLayoutMissing, environment_.fields.ComboGrundlayout.Text, "R");
+      return;
+    }
+    if (enterExportDirectory())
+      outcome = BuiltInRun(*this).run();
+  });
+  return outcome;
+}
+
+bool frmHTMLExport::enterExportDirectory()
+{
+  exportpfad_ = environment_.fields.tbpfadexport;
+  if (!exportpfad_.ends_with('\\'))
+    exportpfad_ += '\\';
+  if (!files::directoryExists(exportpfad_)) {
+    environment_.language.GetMsg(kMessageNoExportDirectory);
+    return false;
+  }
+  files::makeDirectory(exportpfad_ + "pix");
+  return true;
+}
+
+void frmHTMLExport::cbvorschau_Click() { environment_.shell.open(exportpfad_ + startdatei_); }
+
+void frmHTMLExport::showState(std::string_view text)
+{
+  labelSeite = text;
+  environment_.language.ui().status(ui::StatusPlace::Run, text);
+}
+
+} // namespace mrd::generator

@@ -1,0 +1,50 @@
+#pragma once
+// All pages of a site as a run needs them for menus and links, read once per run.
+
+#include "platform/dao/database.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mrd::generator {
+
+/// Values of the column `seitentyp-id`.
+enum class Seitentyp : int { Normal = 1, External = 2, Blind = 3, Auction = 4 };
+
+struct IndexedPage {
+  std::string id;
+  std::string Überschrift;
+  /// File name pattern as stored; empty for Null.
+  std::string dateiname;
+  /// Nothing for Null.
+  std::optional<int> seitentyp;
+};
+
+/// The output file of a pattern: "*.htm" for an empty one, every "*" replaced.
+std::string fileOfPattern(std::string_view pattern, std::string_view id);
+
+inline constexpr std::string_view kHomepageId = "00";
+inline constexpr std::string_view kHomepageName = "Homepage";
+inline constexpr std::size_t kMenuLevels = 4;
+
+/// Menu levels are ordered by id as the database orders text; blind pages and pages without a type are in no menu.
+class PageIndex {
+public:
+  static PageIndex read(dao::Database& db);
+
+  /// First page with the id.
+  const IndexedPage* find(std::string_view id) const;
+  /// Menu pages of a level, from 0 for the top one.
+  const std::vector<IndexedPage>& level(std::size_t level) const { return levels_[level]; }
+
+private:
+  std::array<std::vector<IndexedPage>, kMenuLevels> levels_;
+  std::vector<IndexedPage> outsideMenus_;
+};
+
+} // namespace mrd::generator

@@ -1,0 +1,121 @@
+#include "generator/picture_links.h"
+
+#include "base/text.h"
+#include "frame/paths/paths.h"
+#include "platform/files/files.h"
+#include "platform/files/path.h"
+
+namespace mrd::generator {
+namespace {
+
+constexpr std::string_view kFileScheme = "file:";
+constexpr std::string_view kHttpScheme = "http:";
+/// Characters of a link's path and of what follows its quote that are looked at.
+constexpr std::size_t kLinkWindow = 250;
+
+PictureUse pictureOf(std::string_view path, bool enter)
+{
+  auto parts = paths::teile_dateipfad(path);
+  return {std::move(parts.verzeichnis), std::move(parts.name), std::move(parts.erweiterung), enter};
+}
+
+std::string pathInPix(const PictureUse& use, std::string_view exportpfad)
+{
+  return std::string(exportpfad) + "pix\\" + use.name + "." + use.erweiterung;
+}
+
+void rewriteImage(html::Element& image, const html::Document& document, FoundPictures& found)
+{
+  const std::string written = image.attribute("src").value_or("");
+  if (written.empty() || files::isForeignReference(written))
+    return;
+  const std::string src = document.resolve(written);
+  if (base::contains(src, kHttpScheme))
+    return;
+  auto use = pictureOf(files::pathFromReference(src), true);
+  image.setAttribute("src", "pix/" + use.fileName());
+  found.uses.push_back(std::move(use));
+}
+
+/// A link's value around the path of its picture: `javascript:popup('` + path + `','words')`.
+struct LinkPieces {
+  std::string prefix, reference, suffix;
+};
+
+LinkPieces splitLink(std::string_view href)
+{
+  const auto scheme = href.find(kFileScheme);
+  if (scheme == std::string_view::npos)
+    return {"", std::string(href), ""};
+  std::string_view rest = href.substr(scheme + kFileScheme.size());
+  const std::string_view window = base::left(rest.substr(rest.starts_with("//") ? 2 : 0), kLinkWindow);
+  const auto quote = window.find('\'');
+  return {std::string(href.substr(0, scheme)), std::string(kFileScheme) + "//" + std::string(window.substr(0, quote)),
+          quote == std::string_view::npos ? "" : std::string(window.substr(quote))};
+}
+
+/// Whether a link shows a picture: it names a JPEG, or a script gets a local path in single quotes.
+bool leadsToPicture(std::string_view href)
+{
+  return base::containsIgnoringCase(href, "jpg") || (base::contains(href, kFileScheme) && base::contains(href, "'"));
+}
+
+void rewriteLink(html::Element& link, const html::Document& document, LinkAddresses& addresses, FoundPictures& found)
+{
+  const std::string written = link.attribute("href").value_or("");
+  if (!leadsToPicture(written) || files::isForeignReference(written))
+    return;
+  const std::string href = document.resolve(written);
+  const auto [prefix, reference, suffix] = splitLink(href);
+  const bool enter = !base::contains(href, kHttpScheme);
+  auto use = pictureOf(files::pathFromReference(reference), enter);
+  if (enter && !addresses.tbbasisurl.ends_with('/')) {
+    addresses.tbbasisurl += '/';
+    found.slashAppended = true;
+  }
+  // The picture service reads a picture from outside and needs its full address.
+  const bool fullAddress = base::contains(prefix, "picturetrans");
+  found.dependsOnMissingSlash |= fullAddress && !addresses.tbbasisurl.ends_with('/');
+  link.setAttribute("href", prefix + (fullAddress ? addresses.tbbasisurl : addresses.basislink) + "pix/" + use.fileName() + suffix);
+  found.uses.push_back(std::move(use));
+}
+
+/// Relative paths count from the directory in which a run works.
+std::string sourcePath(const PictureUse& use, std::string_view exportpfad)
+{
+  const std::string path = use.verzeichnis + use.name + "." + use.erweiterung;
+  const bool absolute = path.starts_with('\\') || (path.size() > 1 && path[1] == ':');
+  return absolute ? path : std::string(exportpfad) + "pix\\" + path;
+}
+
+} // namespace
+
+std::string PictureUse::fileName() const { return base::lower(name + "." + erweiterung); }
+
+FoundPictures findebilder(html::Document& document, LinkAddresses addresses)
+{
+  FoundPictures found;
+  for (auto& image : document.images())
+    rewriteImage(image, document, found);
+  for (auto& link : document.links())
+    rewriteLink(link, document, addresses, found);
+  return found;
+}
+
+void Bildkopie(const PictureUse& use, std::string_view exportpfad)
+{
+  const std::string source = sourcePath(use, exportpfad);
+  if (!paths::datei_vorhanden(pathInPix(use, exportpfad)) && paths::datei_vorhanden(source))
+    files::copyFile(source, std::string(exportpfad) + "pix\\" + use.fileName());
+}
+
+void bringPictures(const std::vector<PictureUse>& uses, std::string_view exportpfad, project::FileRegister& fileRegister)
+{
+  for (const auto& use : uses) {
+    Bildkopie(use, exportpfad);
+    if (use.enter)
+      fileRegister.dateiindatenbank(pathInPix(use, exportpfad), project::Dateityp::Picture);
+  }
+}
+
+} // namespace mrd::generator
