@@ -11,6 +11,7 @@
 namespace mrd::html {
 
 struct Node;
+struct Tree;
 
 /// A handle on an element of a document; valid as long as the document and until the element is replaced by a set of inner or
 /// outer HTML above it.
@@ -26,6 +27,8 @@ public:
 
   std::string innerHtml() const;
   std::string outerHtml() const;
+  /// Inner HTML behind what `out` holds already, for a caller that reuses its memory.
+  void appendInnerHtml(std::string& out) const;
   /// Parsed in the context of this element.
   void setInnerHtml(std::string_view html);
   /// Parsed in the context of the parent; the handle is no longer valid afterwards.
@@ -45,12 +48,12 @@ public:
 
 private:
   friend class Document;
-  Element(Node* node, class Document* document) : node_(node), document_(document) {}
+  Element(Node* node, Tree* tree) : node_(node), tree_(tree) {}
   Node* node_;
-  class Document* document_;
+  Tree* tree_;
 };
 
-/// Movable; handles follow the move of the content only when the document object stays where it is.
+/// Movable; handles stay valid. Different documents may be used on different threads at the same time.
 class Document {
 public:
   /// A whole document's text. Never fails: every text is a document. Depth of nesting is bounded; what lies deeper is flattened.
@@ -78,10 +81,9 @@ public:
   std::string outerHtml() const;
 
 private:
-  friend class Element;
   Document();
-  struct State;
-  std::unique_ptr<State> state_;
+  Element partOfDocument(unsigned traits, std::string_view name);
+  std::unique_ptr<Tree> tree_;
 };
 
 /// `text` as it stands inside a text node and inside a double-quoted attribute value.

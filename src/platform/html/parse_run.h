@@ -1,0 +1,69 @@
+#pragma once
+// One run of the parser library, kept within bounds of memory and nesting.
+
+#include "platform/html/arena.h"
+#include "platform/html/tree.h"
+
+#include <csetjmp>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+// The library's own names, so that its header stays out of this one.
+struct GumboInternalNode;
+struct GumboInternalOutput;
+
+namespace mrd::html {
+
+/// What a fragment is parsed as the content of: the parser's number of the element's name, and its namespace.
+struct ParseContext {
+  std::uint16_t tag;
+  Namespace space;
+};
+
+enum class ParseBounds {
+  Watched,
+  /// For a text that cannot make the parser run away.
+  None,
+};
+
+/// The parser takes all its memory from here, and its output lives as long as the run. The library's own way of giving back
+/// a tree recurses, and its working time grows with the square of the nesting, of the attributes of a tag and of formatting
+/// elements that are never closed. The run therefore watches what the parser allocates, and leaves it when a text goes
+/// beyond what any page needs.
+class ParseRun {
+public:
+  /// The text must outlive the run. A whole document without a context.
+  ParseRun(std::string_view html, const std::optional<ParseContext>& context, ParseBounds bounds);
+  ParseRun(const ParseRun&) = delete;
+  ParseRun& operator=(const ParseRun&) = delete;
+
+  /// Null when the text went out of bounds; to be called once.
+  const GumboInternalOutput* parse();
+
+private:
+  struct DepthOfNode;
+
+  static void* allocate(void* run, std::size_t bytes);
+  static void deallocate(void*, void*) {}
+
+  void* allocateNode();
+  void noteLastNode();
+  void countAttribute();
+  [[noreturn]] void giveUp();
+
+  std::string_view html_;
+  std::optional<ParseContext> context_;
+  ParseBounds bounds_;
+  Arena arena_;
+  std::size_t budget_;
+  GumboInternalNode* lastNode_ = nullptr;
+  const GumboInternalNode* root_ = nullptr;
+  const GumboInternalNode* body_ = nullptr;
+  std::size_t attributesSinceNode_ = 0;
+  std::size_t attributes_ = 0;
+  std::jmp_buf outOfBounds_;
+};
+
+} // namespace mrd::html
