@@ -2,6 +2,7 @@
 
 #include "base/format.h"
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <cstdlib>
@@ -16,9 +17,17 @@ DateTime fromBrokenDown(const std::tm& tm)
   return {tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday, tm.tm_hour, tm.tm_min, tm.tm_sec};
 }
 
+/// Within the years that have four digits: a damaged disk shows files of any date.
+std::time_t presentable(long long unixSeconds)
+{
+  constexpr long long kFirst = -59'011'459'200; // 0100-01-01
+  constexpr long long kLast = 253'402'214'400;  // 9999-12-31
+  return static_cast<std::time_t>(std::clamp(unixSeconds, kFirst, kLast));
+}
+
 DateTime utcTime(long long unixSeconds)
 {
-  const auto seconds = static_cast<std::time_t>(unixSeconds);
+  const auto seconds = presentable(unixSeconds);
   std::tm tm{};
   gmtime_r(&seconds, &tm);
   return fromBrokenDown(tm);
@@ -50,16 +59,22 @@ std::vector<int> numbers(std::string_view text, char separator, std::size_t coun
   return {};
 }
 
+/// The year that two digits stand for, as the platform's date conversion has it: 1930 to 2029.
+int fullYear(int year) { return year >= 100 ? year : year < 30 ? 2000 + year : 1900 + year; }
+
 std::optional<DateTime> date(std::string_view text)
 {
   DateTime out;
   if (const auto german = numbers(text, '.', 3); !german.empty()) {
-    out.day = german[0], out.month = german[1], out.year = german[2];
+    out.day = german[0], out.month = german[1], out.year = fullYear(german[2]);
   } else if (const auto iso = numbers(text, '-', 3); !iso.empty()) {
     out.year = iso[0], out.month = iso[1], out.day = iso[2];
   } else {
     return std::nullopt;
   }
+  // The calendar keeps days and months in a byte, where 257 would pass for 1.
+  if (out.month > 12 || out.day > 31)
+    return std::nullopt;
   const std::chrono::year_month_day day{std::chrono::year(out.year), std::chrono::month(static_cast<unsigned>(out.month)),
                                         std::chrono::day(static_cast<unsigned>(out.day))};
   return day.ok() ? std::optional(out) : std::nullopt;
@@ -96,7 +111,7 @@ std::optional<DateTime> parseDateTime(std::string_view text)
 
 DateTime localTime(long long unixSeconds)
 {
-  const auto seconds = static_cast<std::time_t>(unixSeconds);
+  const auto seconds = presentable(unixSeconds);
   std::tm tm{};
   localtime_r(&seconds, &tm);
   return fromBrokenDown(tm);

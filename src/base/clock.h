@@ -20,11 +20,11 @@ struct DateTime {
   std::string german() const;
 };
 
-/// Reads both forms above; the time may be missing (midnight) and leading zeros too ("1.1.1900"). Nothing for another text
-/// or a day that the calendar lacks.
+/// Reads both forms above, and the ISO form with a "T"; the time may be missing (midnight) and leading zeros too ("1.1.1900").
+/// A year of two digits behind points lies between 1930 and 2029. Nothing for another text or a day that the calendar lacks.
 std::optional<DateTime> parseDateTime(std::string_view text);
 
-/// Local date and time of seconds since 1970-01-01 00:00 UTC.
+/// Local date and time, kept within the years 100 to 9999, of seconds since 1970-01-01 00:00 UTC.
 DateTime localTime(long long unixSeconds);
 
 class Clock {

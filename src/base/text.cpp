@@ -72,7 +72,12 @@ bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0
 
 std::string lower(std::string_view text) { return mapCase(text, lowerAscii, utf8proc_tolower); }
 
-std::string upper(std::string_view text) { return mapCase(text, upperAscii, utf8proc_toupper); }
+std::string upper(std::string_view text)
+{
+  // The capital sharp s is young and known to few fonts; nobody who asks for capitals expects it.
+  constexpr utf8proc_int32_t kSharpS = 0xDF;
+  return mapCase(text, upperAscii, [](utf8proc_int32_t c) { return c == kSharpS ? c : utf8proc_toupper(c); });
+}
 
 int compareText(std::string_view a, std::string_view b)
 {
@@ -90,7 +95,11 @@ int compareText(std::string_view a, std::string_view b)
   return static_cast<int>(b.empty()) - static_cast<int>(a.empty());
 }
 
-std::string comparisonKey(std::string_view text) { return lower(withoutTrailingBlanks(text)); }
+std::string comparisonKey(std::string_view text)
+{
+  text = withoutTrailingBlanks(text);
+  return isValidUtf8(text) ? lower(text) : lower(repairUtf8(text));
+}
 
 std::string trim(std::string_view text)
 {
@@ -171,16 +180,18 @@ std::string repairUtf8(std::string_view bytes)
 
 double numericValue(std::string_view text)
 {
-  const std::string digits = replaceAll(text, " ", "");
+  std::string digits(text);
+  std::erase_if(digits, [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; });
   const char* first = digits.data();
   const char* last = first + digits.size();
-  if (first != last && *first == '+')
+  if (digits.starts_with('+') && !digits.starts_with("+-"))
     ++first;
   double value = 0;
   const auto result = std::from_chars(first, last, value);
   // "inf" and "nan" are words here, not numbers.
   const bool isNumber = result.ec == std::errc() && value - value == 0;
-  return isNumber ? value : 0;
+  // The sum turns a negative zero into zero.
+  return isNumber ? value + 0.0 : 0;
 }
 
 std::string toCrLf(std::string_view text)

@@ -37,7 +37,8 @@ bool isValidUtf8(std::string_view bytes);
 /// The bytes as valid UTF-8: what is no UTF-8 is replaced by U+FFFD.
 std::string repairUtf8(std::string_view bytes);
 
-/// The number at the start of a text, blanks skipped, 0 where there is none ("25 px" is 25, "px" is 0).
+/// The number at the start of a text, 0 where there is none ("25 px" is 25, "px" is 0). The decimal sign is the point; blanks,
+/// tabs and line ends are passed over everywhere ("1 000" is 1000).
 double numericValue(std::string_view text);
 
 /// Every line end (CR LF, CR, LF) as CR LF.

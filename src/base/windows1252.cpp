@@ -34,6 +34,10 @@ Decoded decode(std::string_view text)
       return {0, 0};
     codepoint = codepoint << 6 | (byte & 0x3FU);
   }
+  // Longer than need be, half of a pair or beyond the last character: no UTF-8, whatever the bits say.
+  constexpr std::array<std::uint32_t, 5> kSmallest{0, 0, 0x80, 0x800, 0x10000};
+  if (codepoint < kSmallest[bytes] || (codepoint >= 0xD800 && codepoint <= 0xDFFF) || codepoint > 0x10FFFF)
+    return {0, 0};
   return {codepoint, bytes};
 }
 
