@@ -39,6 +39,8 @@ struct Fields {
   ComboBox ComboMenüspalte, ComboInhalt, ComboGrundlayout, ComboBlättern;
   OpImodeKopf Opimmodekopf = OpImodeKopf::None;
   std::string tbimodekopftext, Lblimodegif = "max. 120 Pixel Breite";
+  /// The picture that shows the i-mode head, empty for none.
+  std::string picImodeKopf;
   std::string tbBildpartnerID;
   std::string tbVorschauBreite = "120", tbVorschauAnzahl = "4";
   bool OptionVorschauMitTitel = false, CheckVorschauMeldung = false, CheckVorschauBilderNeu = false;
