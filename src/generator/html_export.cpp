@@ -1,6 +1,6 @@
 #include "generator/html_export.h"
 
-#include "base/format.h"
+#include "base/product.h"
 #include "frame/failures/failures.h"
 #include "generator/built_in_run.h"
 #include "platform/files/files.h"
@@ -12,7 +12,6 @@ namespace {
 constexpr std::string_view kDefaultHead = "<font face='[mrd:Schriftart]'><div align=center>made with Mirandel</div></font>";
 constexpr int kMessageNoProject = 24;
 constexpr int kMessageNoExportDirectory = 37;
-constexpr int kMessageLayoutMissing = 105;
 
 /// The head as its editor holds it.
 std::string inEditor(std::string_view html)
@@ -45,7 +44,7 @@ RunOutcome frmHTMLExport::cbHTML_Click()
   RunOutcome outcome;
   failures::withStandardHandler(environment_.language, "cbHTML_Click", [&] {
     if (environment_.fields.ComboGrundlayout.ListIndex != 0) {
-      environment_.language.GetMsg(kMessageLayoutMissing, environment_.fields.ComboGrundlayout.Text, "R");
+      environment_.language.ui().messageBox({"Layout nicht definiert", std::string(base::kProductName)});
       return;
     }
     if (enterExportDirectory())

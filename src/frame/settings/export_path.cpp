@@ -30,7 +30,8 @@ bool namesDirectory(std::string_view text)
 
 std::string withClosingSeparator(std::string_view directory)
 {
-  auto path = base::trim(directory);
+  // A native path that was typed or written by a script means the same directory.
+  auto path = base::replaceAll(base::trim(directory), "/", "\\");
   if (!path.ends_with('\\'))
     path += '\\';
   return path;

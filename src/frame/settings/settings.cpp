@@ -32,12 +32,14 @@ void saveFields(StoredSettings stored, const Fields& fields)
 
 } // namespace
 
-void einstellungenladen(dao::Database& db, Fields& fields, const paths::ProgramFiles& program, ui::Ui& ui)
+void einstellungenladen(dao::Database& db, Fields& fields, const paths::ProgramFiles& program, ui::Ui& ui,
+                        std::string_view exceptKey)
 {
   const StoredSettings stored(db);
   Loading loading{fields, program, ui};
   for (const auto& setting : settingTable())
-    loadSetting(setting, stored, loading);
+    if (setting.key != exceptKey)
+      loadSetting(setting, stored, loading);
 }
 
 void cbeinstellungen_Click(dao::Database& db, const Fields& fields)

@@ -13,9 +13,10 @@
 namespace mrd::settings {
 
 /// Fills the fields from an open project. A key that the project lacks leaves its field as it was, so that fields outlive a
-/// change of the project. A layout that is not among the entries is told to the user. Throws base::Error; the fields of the keys
-/// behind the failure are left as they were.
-void einstellungenladen(dao::Database& db, Fields& fields, const paths::ProgramFiles& program, ui::Ui& ui);
+/// change of the project. A layout that is not among the entries is told to the user. The field of `exceptKey` is left as it is.
+/// Throws base::Error; the fields of the keys behind the failure are left as they were.
+void einstellungenladen(dao::Database& db, Fields& fields, const paths::ProgramFiles& program, ui::Ui& ui,
+                        std::string_view exceptKey = {});
 
 /// Writes all fields back. Throws base::Error where one of the rows that every project has is missing; what was written before
 /// stays written.

@@ -1,0 +1,21 @@
+#pragma once
+// The commands of `mrd`, each in a file of its own. Each function adds its command with its options to the parser.
+
+namespace CLI {
+class App;
+}
+
+namespace mrd::cli {
+
+class Session;
+
+void addNew(CLI::App& app, Session& session);
+void addPages(CLI::App& app, Session& session);
+void addPage(CLI::App& app, Session& session);
+void addSettings(CLI::App& app, Session& session);
+void addLayouts(CLI::App& app, Session& session);
+void addGenerate(CLI::App& app, Session& session);
+void addPath(CLI::App& app, Session& session);
+void addIni(CLI::App& app, Session& session);
+
+} // namespace mrd::cli

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/ui/ui.h"
+
+namespace mrd::cli {
+
+/// The user of a command line: messages and questions go to standard error, questions are answered by an option or refused.
+class ConsoleUi : public ui::Ui {
+public:
+  /// Answers questions with Yes or OK.
+  bool yes = false;
+  /// No progress bar.
+  bool quiet = false;
+
+  ui::Button messageBox(const ui::MessageBox& message) override;
+  std::optional<std::string> inputBox(std::string_view, std::string_view, std::string_view) override { return std::nullopt; }
+  std::optional<std::string> openFileDialog(const ui::FileDialog&) override { return std::nullopt; }
+  std::optional<std::string> saveFileDialog(const ui::FileDialog&) override { return std::nullopt; }
+  std::optional<std::string> folderDialog(std::string_view) override { return std::nullopt; }
+  std::optional<int> colourDialog(int) override { return std::nullopt; }
+  void status(ui::StatusPlace, std::string_view) override {}
+  void progress(std::size_t value, std::size_t maximum) override;
+  void hideProgress() override;
+  void pointer(ui::Pointer) override {}
+  bool pumpEvents() override { return false; }
+  void hideSplash() override {}
+
+private:
+  bool barShown_ = false;
+  int barPercent_ = -1;
+};
+
+} // namespace mrd::cli

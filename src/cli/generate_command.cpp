@@ -1,0 +1,60 @@
+#include "cli/commands.h"
+#include "cli/session.h"
+#include "generator/html_export.h"
+#include "mainform/mainform.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <optional>
+
+namespace mrd::cli {
+namespace {
+
+/// The command line opens no browser.
+class NoShell : public ui::Shell {
+public:
+  void open(std::string_view) override {}
+};
+
+struct GenerateArguments {
+  std::string file, page = "#";
+  bool newOnly = false;
+  std::optional<std::string> exportDirectory;
+};
+
+ExitStatus generate(Session& session, const GenerateArguments& arguments)
+{
+  mainform::Mainform mainform(session.program());
+  mainform::ExportPath exportPath;
+  if (arguments.exportDirectory)
+    exportPath.given = Session::path(*arguments.exportDirectory);
+  if (!mainform.openProject(Session::path(arguments.file)) || !mainform.loadSettings(exportPath))
+    return ExitStatus::Failed;
+
+  auto& program = mainform.program();
+  NoShell shell;
+  generator::frmHTMLExport dialog({program.files, program.language, mainform.fields(), program.clock, shell});
+  dialog.selection = {arguments.page, arguments.newOnly};
+  if (!dialog.Form_Load(mainform.DbName()))
+    return ExitStatus::Failed;
+  const auto outcome = dialog.cbHTML_Click();
+  if (outcome.finished)
+    printLine(dialog.labelSeite);
+  return outcome.finished && outcome.refused == 0 ? ExitStatus::Done : ExitStatus::Failed;
+}
+
+} // namespace
+
+void addGenerate(CLI::App& app, Session& session)
+{
+  auto* const command = app.add_subcommand("generate", "Writes the site of a project");
+  const auto arguments = std::make_shared<GenerateArguments>();
+  command->add_option("FILE", arguments->file)->required();
+  auto* const newOnly = command->add_flag("--new-only", arguments->newOnly, "Only the homepage and what changed since the last run");
+  command->add_option("--page", arguments->page, "One page only")->type_name("ID")->excludes(newOnly);
+  command->add_option("--export", arguments->exportDirectory, "Directory in place of the project's own")->type_name("DIR");
+  command->callback([&session, arguments] { session.run([&] { return generate(session, *arguments); }); });
+}
+
+} // namespace mrd::cli

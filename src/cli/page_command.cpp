@@ -1,0 +1,176 @@
+#include "cli/commands.h"
+#include "cli/json.h"
+#include "cli/session.h"
+#include "editor/document_surface.h"
+#include "mainform/mainform.h"
+#include "pagetree/page_id.h"
+#include "pagetree/page_store.h"
+#include "pagetree/plain_tree.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <optional>
+
+namespace mrd::cli {
+namespace {
+
+constexpr int kMessagePageMissing = 102;
+
+struct PageArguments {
+  std::string file, id, under;
+  std::optional<std::string> heading, html, fileName, script;
+  std::optional<int> type;
+};
+
+void addContentOptions(CLI::App& command, PageArguments& arguments)
+{
+  command.add_option("--html", arguments.html, "File with the page's body");
+  command.add_option("--file-name", arguments.fileName, "Output file; * stands for the page's number")->type_name("PATTERN");
+  command.add_option("--type", arguments.type, "1 normal, 2 external, 3 blind, 4 auction")->check(CLI::Range(1, 4));
+  command.add_option("--script", arguments.script, "File with text for the page's head")->type_name("FILE");
+}
+
+/// A project's pages as the main window works on them, over a surface and a tree that nobody sees.
+class PageDesk {
+public:
+  PageDesk(mainform::Program& program, dao::Database& db)
+      : language_(program.language), active_(db, tree_, program.ui),
+        store_({db, program.language, program.clock, surface_, tree_, active_}, fields_, {})
+  {
+    pagetree::fillTree(tree_, db);
+  }
+
+  /// Shows message 102 for a page that the project lacks.
+  bool hasPage(const std::string& id)
+  {
+    if (tree_.hasNode(pagetree::keyOf(id)))
+      return true;
+    language_.GetMsg(kMessagePageMissing, id, "R");
+    return false;
+  }
+
+  /// Opens a new child of the page; nothing when it is refused.
+  std::optional<std::string> addChild(const std::string& parentId)
+  {
+    active_.LastActivePage = pagetree::keyOf(parentId);
+    return store_.AddNewPage() ? std::optional(pagetree::idOf(active_.LastActivePage)) : std::nullopt;
+  }
+
+  void load(const std::string& id) { store_.LoadPage(pagetree::keyOf(id)); }
+
+  void fill(const PageArguments& arguments)
+  {
+    if (arguments.heading)
+      setBody(pagetree::withHeading("", *arguments.heading));
+    if (arguments.html)
+      setBody(bodyFrom(arguments));
+    fields_.tbdateiname = arguments.fileName.value_or(fields_.tbdateiname);
+    fields_.opseitentyp = arguments.type.value_or(fields_.opseitentyp);
+    if (arguments.script)
+      fields_.tbScript = Session::textOfFile(*arguments.script);
+  }
+
+  bool save(const std::string& id)
+  {
+    active_.PageDirty = true;
+    return store_.SavePage(id) && !active_.PageDirty;
+  }
+
+private:
+  static std::string bodyFrom(const PageArguments& arguments)
+  {
+    const std::string html = Session::textOfFile(*arguments.html);
+    return arguments.heading ? pagetree::withHeading(html, *arguments.heading) : html;
+  }
+
+  void setBody(const std::string& html)
+  {
+    surface_.setBodyInnerHtml(html);
+    fields_.tbhtml = html;
+  }
+
+  messages::Language& language_;
+  editor::DocumentSurface surface_;
+  pagetree::PlainTree tree_;
+  pagetree::ActivePage active_;
+  pagetree::PageFields fields_;
+  pagetree::PageStore store_;
+};
+
+ExitStatus showPage(mainform::Mainform& mainform, const PageArguments& arguments)
+{
+  auto row = mainform.db().openRecordset("SELECT * FROM Seite Where Seite.ID = ? ORDER BY ID;", {dao::Value(arguments.id)});
+  if (row.eof()) {
+    mainform.program().language.GetMsg(kMessagePageMissing, arguments.id, "R");
+    return ExitStatus::Failed;
+  }
+  std::vector<std::pair<std::string, dao::Value>> fields;
+  for (const auto& column : row.columns())
+    fields.emplace_back(column, row.value(column));
+  printLine(jsonObject(fields));
+  return ExitStatus::Done;
+}
+
+ExitStatus addPageUnder(mainform::Mainform& mainform, const PageArguments& arguments)
+{
+  PageDesk desk(mainform.program(), mainform.db());
+  if (!desk.hasPage(arguments.under))
+    return ExitStatus::Failed;
+  const auto id = desk.addChild(arguments.under);
+  if (!id)
+    return ExitStatus::Failed;
+  desk.fill(arguments);
+  if (!desk.save(*id))
+    return ExitStatus::Failed;
+  printLine(*id);
+  return ExitStatus::Done;
+}
+
+ExitStatus setPage(mainform::Mainform& mainform, const PageArguments& arguments)
+{
+  PageDesk desk(mainform.program(), mainform.db());
+  if (!desk.hasPage(arguments.id))
+    return ExitStatus::Failed;
+  desk.load(arguments.id);
+  desk.fill(arguments);
+  return desk.save(arguments.id) ? ExitStatus::Done : ExitStatus::Failed;
+}
+
+using Work = ExitStatus (*)(mainform::Mainform&, const PageArguments&);
+
+/// A subcommand on an open project.
+CLI::App* addWork(CLI::App& page, Session& session, const std::string& name, const std::string& description, Work work,
+                  const std::shared_ptr<PageArguments>& arguments)
+{
+  auto* const command = page.add_subcommand(name, description);
+  command->add_option("FILE", arguments->file)->required();
+  command->callback([&session, arguments, work] {
+    session.run([&] {
+      mainform::Mainform mainform(session.program());
+      return mainform.openProject(Session::path(arguments->file)) ? work(mainform, *arguments) : ExitStatus::Failed;
+    });
+  });
+  return command;
+}
+
+} // namespace
+
+void addPage(CLI::App& app, Session& session)
+{
+  auto* const page = app.add_subcommand("page", "Works on one page")->require_subcommand(1);
+  const auto arguments = std::make_shared<PageArguments>();
+
+  addWork(*page, session, "show", "One page as JSON", showPage, arguments)->add_option("ID", arguments->id)->required();
+
+  auto* const add = addWork(*page, session, "add", "A new child of a page; prints its id", addPageUnder, arguments);
+  add->add_option("--under", arguments->under, "Id of the parent")->required()->type_name("ID");
+  add->add_option("--heading", arguments->heading, "Heading, where the body brings none")->type_name("TEXT");
+  addContentOptions(*add, *arguments);
+
+  auto* const set = addWork(*page, session, "set", "Changes a page", setPage, arguments);
+  set->add_option("ID", arguments->id)->required();
+  addContentOptions(*set, *arguments);
+}
+
+} // namespace mrd::cli

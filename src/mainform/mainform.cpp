@@ -1,0 +1,196 @@
+#include "mainform/mainform.h"
+
+#include "base/errors.h"
+#include "base/text.h"
+#include "frame/failures/failures.h"
+#include "frame/paths/paths.h"
+#include "frame/project/migration.h"
+#include "frame/project/project.h"
+#include "frame/settings/export_path.h"
+#include "frame/settings/settings.h"
+#include "platform/files/files.h"
+
+namespace mrd::mainform {
+namespace {
+
+constexpr std::string_view kEmptyProject = "\\mrdleer.mdb";
+constexpr std::string_view kOpening = "DialogOpenChangeNewDB";
+constexpr int kMessageExists = 5, kMessageNoTemplate = 6, kMessageNoEmptyFile = 13, kMessageRetry = 14, kMessageNoProject = 15,
+              kMessageAccessDenied = 16, kMessageNoExportDirectory = 37;
+/// Ways of asking for a project. Only the first is ever set; the other two are kept for callers to come.
+constexpr int kOpenExisting = 111, kOpenNew = 222, kOpenOther = 333;
+
+} // namespace
+
+Mainform::Mainform(Program& program, ProjectHooks hooks) : program_(program), hooks_(std::move(hooks)) {}
+
+void Mainform::open(std::string_view path)
+{
+  db_.reset();
+  db_ = project::openProject(path);
+  DbName_ = path;
+}
+
+bool Mainform::openProject(std::string_view path)
+{
+  return failures::withStandardHandler(program_.language, kOpening, [&] {
+    if (!paths::datei_vorhanden(path) && !files::directoryExists(path))
+      throw base::Error(base::ErrorNumber::FileNotFound, "Datei nicht gefunden: " + std::string(path));
+    open(path);
+    project::Migration(*db_, program_.ui).UpdDatabase();
+  });
+}
+
+bool Mainform::loadSettings(const ExportPath& exportPath)
+{
+  if (!exportPath.given) {
+    settings::einstellungenladen(*db_, fields_, program_.files, program_.ui);
+    return true;
+  }
+  const auto directory = settings::existingExportPath(*exportPath.given, program_.files);
+  if (!directory) {
+    program_.language.GetMsg(kMessageNoExportDirectory);
+    return false;
+  }
+  fields_.tbpfadexport = *directory;
+  settings::einstellungenladen(*db_, fields_, program_.files, program_.ui, "Exportpfad");
+  return true;
+}
+
+bool Mainform::createProject(std::string_view path)
+{
+  if (paths::datei_vorhanden(path)) {
+    program_.language.GetMsg(kMessageExists);
+    return false;
+  }
+  const std::string emptyProject = program_.files.file(kEmptyProject);
+  if (!paths::datei_vorhanden(emptyProject)) {
+    program_.language.GetMsg(kMessageNoTemplate);
+    return false;
+  }
+  project::copyTemplate(emptyProject, path);
+  return true;
+}
+
+void Mainform::DialogOpenChangeNewDB(std::string_view Pfad, bool& Abgebrochen)
+{
+  Abgebrochen = false;
+  hooks_.opseitentyp_Click();
+  std::string path;
+  if (!Pfad.empty() && paths::datei_vorhanden(Pfad))
+    path = Pfad;
+  else if (!Pfad.empty())
+    OpenMode_ = kOpenExisting;
+  for (bool again = true; again;) {
+    try {
+      if (path.empty() && !chooseProject())
+        return;
+      if (!path.empty())
+        DbName_ = path;
+      openWithWindow();
+      return;
+    } catch (const base::Error& error) {
+      program_.ui.hideSplash();
+      again = tellFailure(error, Abgebrochen);
+    }
+  }
+}
+
+bool Mainform::tellFailure(const base::Error& error, bool& Abgebrochen)
+{
+  switch (error.kind()) {
+  case base::ErrorNumber::Cancelled:
+    if (program_.language.GetMsg(kMessageRetry) == ui::Button::Retry)
+      return true;
+    program_.language.GetMsg(kMessageNoProject);
+    return false;
+  case base::ErrorNumber::AccessDenied:
+    program_.language.GetMsg(kMessageAccessDenied);
+    Abgebrochen = true;
+    return false;
+  default:
+    failures::showStandardFailure(program_.language, error, kOpening);
+    return false;
+  }
+}
+
+bool Mainform::chooseProject()
+{
+  ui::Ui& ui = program_.ui;
+  const std::string& directory = program_.files.directory();
+  std::optional<std::string> chosen;
+  switch (OpenMode_) {
+  case kOpenExisting:
+    ui.hideSplash();
+    chosen = ui.openFileDialog({"Datenbank öffnen", "Mirandel-Datenbanken|*.mdb", directory});
+    break;
+  case kOpenNew: {
+    const std::string emptyFile = base::trim(paths::LeseIni("EmptyFile", "File", program_.files.iniFile()));
+    if (!paths::datei_vorhanden(emptyFile)) {
+      ui.hideSplash();
+      program_.language.GetMsg(kMessageNoEmptyFile);
+      return false;
+    }
+    chosen = ui.saveFileDialog({"Neue Datenbank anlegen", "Access-Db's|*.mdb"});
+    if (chosen)
+      project::copyTemplate(emptyFile, *chosen);
+    ui.hideSplash();
+    break;
+  }
+  case kOpenOther:
+    chosen = ui.openFileDialog({"Datenbank wechseln", "Mirandel Datenbanken|*.mdb", directory});
+    break;
+  default:
+    return false;
+  }
+  if (!chosen)
+    throw base::Error(base::ErrorNumber::Cancelled, "Abbrechen wurde gewählt.");
+  DbName_ = *chosen;
+  return true;
+}
+
+void Mainform::openWithWindow()
+{
+  rememberProject();
+  open(std::string(DbName_));
+  loadSettings();
+  project::Migration(*db_, program_.ui).UpdDatabase();
+  hooks_.ZeigeStruktur();
+  hooks_.loadLastActivePage();
+}
+
+void Mainform::rememberProject() { paths::SchreibeIni("LastFile", "File1", DbName_, program_.files.iniFile()); }
+
+bool Mainform::NewProject_Click()
+{
+  const auto chosen = program_.ui.openFileDialog(
+      {"Datenbank anlegen", "Mirandel-Datenbanken|*.mdb", program_.files.directory(), "mrdneu.mdb"});
+  if (!chosen || paths::teile_dateipfad(*chosen).name.empty() || !createProject(*chosen))
+    return false;
+  bool denied = false;
+  DialogOpenChangeNewDB(*chosen, denied);
+  return !denied && isOpen();
+}
+
+void Mainform::OpenProject_Click()
+{
+  OpenMode_ = kOpenExisting;
+  bool denied = false;
+  DialogOpenChangeNewDB("", denied);
+}
+
+void Mainform::CheckDatabase()
+{
+  const ui::WaitPointer wait(program_.ui);
+  const std::string path = base::trim(DbName_);
+  db_.reset();
+  db_ = project::openProject(path);
+}
+
+void Mainform::close()
+{
+  db_.reset();
+  program_.language.close();
+}
+
+} // namespace mrd::mainform
