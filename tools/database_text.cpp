@@ -73,8 +73,8 @@ void insertRows(dao::Database& db, std::string_view table, std::string_view text
   for (std::size_t line = 1; line < lines.size(); ++line) {
     const auto cells = split(lines[line], '\t');
     if (cells.size() != columns.size())
-      throw base::Error(base::ErrorNumber::SyntaxError, base::format("{}: {} cells instead of {} in \"{}\"", table, cells.size(),
-                                                                     columns.size(), lines[line]));
+      throw base::Error(base::ErrorNumber::SyntaxError,
+                        base::format("{}: {} cells instead of {} in \"{}\"", table, cells.size(), columns.size(), lines[line]));
     rows.addNew();
     for (std::size_t column = 0; column < columns.size(); ++column)
       rows.set(columns[column], cellValue(cells[column]));
