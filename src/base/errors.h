@@ -18,6 +18,7 @@ enum class ErrorNumber : int {
   PathNotFound = 76,
   ObjectNotSet = 91,
   InvalidUseOfNull = 94,
+  InvalidPicture = 481,
   ControlNotFound = 730,
   NoCurrentRecord = 3021,
   NotADatabase = 3343,

@@ -3,6 +3,7 @@
 
 #include "base/clock.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -26,6 +27,9 @@ void copyFile(std::string_view source, std::string_view target);
 void removeFile(std::string_view path);
 /// Local time of the last change of the content. Throws FileNotFound.
 base::DateTime modificationTime(std::string_view path);
+
+/// Length in bytes. Throws FileNotFound or PathFileAccess (also for a directory, and where the file is closed to the user).
+std::uintmax_t fileSize(std::string_view path);
 
 /// All bytes of a file. Throws FileNotFound or PathFileAccess (also for a directory).
 std::string readFile(std::string_view path);

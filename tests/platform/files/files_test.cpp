@@ -152,6 +152,16 @@ TEST(ModificationTime, of_a_missing_file_is_a_failure)
   EXPECT_EQ(failureOf([] { modificationTime("\\mrd fehlt.jpg"); }).kind(), ErrorNumber::FileNotFound);
 }
 
+TEST(FileSize, counts_bytes_and_fails_as_reading_does)
+{
+  const Scratch scratch;
+  scratch.write("a.txt", "ä\r\n");
+
+  EXPECT_EQ(fileSize(scratch.path("A.txt")), 4u);
+  EXPECT_EQ(failureOf([&] { fileSize(scratch.path("b.txt")); }).kind(), ErrorNumber::FileNotFound);
+  EXPECT_EQ(failureOf([&] { fileSize(scratch.path()); }).kind(), ErrorNumber::PathFileAccess);
+}
+
 TEST(ReadFile, gives_all_bytes)
 {
   const Scratch scratch;
