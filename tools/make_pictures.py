@@ -109,7 +109,8 @@ PICTURES = {
     "nav_links.gif": button(arrow(3)),
     "nav_rechts.gif": button(arrow(1)),
     "nav_oben.gif": button(arrow(0)),
-    "nav_top.gif": button(box(6, 5.4, 18, 7.6), polygon((12, 8.6), (18.2, 15), (14.2, 15), (14.2, 19), (9.8, 19), (9.8, 15), (5.8, 15))),
+    "nav_top.gif": button(box(6, 5.4, 18, 7.6), polygon((12, 8.6), (18.2, 15), (14.2, 15), (14.2, 19), (9.8, 19), (9.8, 15),
+        (5.8, 15))),
     "nav_home.gif": (24, 24, button(polygon((12, 4.6), (20, 12), (4, 12)), box(6.4, 12, 17.6, 18.4))[2]
                      + [(BLUE, box(10.6, 13.6, 13.4, 18.4))]),
     "lupe.gif": (20, 20, [(INK, stroke(11.6, 11.6, 18.6, 18.6, 3.4)), (INK, disc(8, 8, 7.2)), (PALE, disc(8, 8, 5.4)),

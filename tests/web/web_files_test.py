@@ -61,7 +61,8 @@ class PageTurnStrip(Site):
         return (doctype + "<HTML><HEAD><TITLE>x</TITLE></HEAD><BODY>" + before
                 + "<TABLE " + table + " cellSpacing=0 cellPadding=0 width=90% border=0 align=center>"
                 "<TR><TD colspan=2>Kopf</TD></TR>"
-                "<TR><TD width=140>Men\u00fc</TD><TD><div id=hoch style='height:" + str(content_height) + "px'>Text</div></TD></TR>"
+                "<TR><TD width=140>Men\u00fc</TD><TD><div id=hoch style='height:" + str(content_height)
+                    + "px'>Text</div></TD></TR>"
                 "<tr><TD>&nbsp;</TD><td " + cell + ">&nbsp;\r\n<div ID='mrdnav' STYLE='position:" + position + ";'>"
                 "<table border=0 cellpadding=0 cellspacing=0><tr><td><layer ID='nsmrdnav' STYLE='position:absolute;'>"
                 "<a href='#oben'>oben</a></layer></td></tr></table></div></td></TR></TABLE><P></P></BODY>"
@@ -216,7 +217,8 @@ class PicturePopup(Site):
             self.assertEqual((seen["caption"], seen["title"], seen["elements"]), (text, text, usual))
 
     def test_shows_only_pictures_of_sites(self):
-        for text in ("javascript:document.title='offen'", "JavaScript:alert(1)", "java%09script:alert(1)", "%01javascript:alert(1)",
+        for text in ("javascript:document.title='offen'", "JavaScript:alert(1)", "java%09script:alert(1)",
+            "%01javascript:alert(1)",
                      "data:image/gif;base64,R0lGODlhAQABAAAAACw=", "vbscript:x", "file:///etc/passwd", "blob:x", "//host/x.gif",
                      "%5C%5Chost%5Cx.gif", "/%09/host/x.gif", "http:x.gif", "  ", ""):
             seen = self.show("?src=" + text + "&bu=x")
@@ -229,9 +231,9 @@ class PicturePopup(Site):
         text = ("<html><body><script language=JavaScript>\r\nfunction popupfenster(src, bu)\r\n     {\r\n"
                 "    if (bu == null) { bu = \"\";};\r\n        bu = bu.replace(/ /g,\"%20\");\r\n"
                 "        srcu = src.replace(/ /g,\"%20\");\r\n"
-                "        f1 = open('popupbild.htm?src=' + src + '&bu=' + bu,'fenster1','width=320,height=350,screenx=-0,screeny=-100,"
-                "scrollbars=Yes,resizable=Yes,left=10,top=10');\r\n        f1.focus();\r\n     }\r\n</script>"
-                "<a id=verweis href=\"javascript:popupfenster('pix/d\u00fcne.gif','D\u00fcne \u201eNord\u201c')\">Bild</a></body></html>")
+                "        f1 = open('popupbild.htm?src=' + src + '&bu=' + bu,'fenster1',"
+                "'width=320,height=350,screenx=-0,screeny=-100,scrollbars=Yes,resizable=Yes,left=10,top=10');\r\n        f1.focus();\r\n     }\r\n</script>"
+                "<a id=verweis href=\"javascript:popupfenster('pix/d\u00fcne.gif','D\u00fcne \u201eNord\u201c')\">Bild</a>")
         page = self.page("seite.htm", text.replace("<html>", "<html><head><meta charset=windows-1252></head>"))
         page.ask("document.getElementById('verweis').click()")
         self.assertTrue(self.until(lambda: self.popups() and not self.popups()[0]["url"].endswith("blank")))
@@ -265,7 +267,8 @@ class PicturePopup(Site):
 
 class PictureTransfer(Site):
     def orders(self, *calls):
-        page = self.page("bild.htm", "<html><head><script src='picturetransfer.js' TYPE='text/javascript'></script></head></html>")
+        page = self.page("bild.htm",
+            "<html><head><script src='picturetransfer.js' TYPE='text/javascript'></script></head></html>")
         page.ask("var told = []; window.open = a => told.push(a); window.alert = t => told.push('!' + t);")
         told = page.ask("".join("picturetransfer(%s);" % call for call in calls) + "told")
         self.assertEqual(page.errors(), [])
@@ -281,7 +284,8 @@ class PictureTransfer(Site):
              service + "http%3A%2F%2Fwww.moewe.example%3A8080%2Fa.jpg"])
 
     def test_refuses_what_the_service_cannot_fetch(self):
-        told = self.orders("'file:///C:/fotos/x.jpg','4711'", "'pix/x.jpg'", "'javascript:alert(1)'", "''", "null", "'/pix/x.jpg'")
+        told = self.orders("'file:///C:/fotos/x.jpg','4711'", "'pix/x.jpg'", "'javascript:alert(1)'", "''", "null",
+            "'/pix/x.jpg'")
         self.assertEqual(len(told), 6)
         self.assertEqual({text[:16] for text in told}, {"!Dieses Bild kan"})
 
