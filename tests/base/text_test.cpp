@@ -94,11 +94,14 @@ TEST(Utf8, is_told_from_other_bytes)
 {
   EXPECT_TRUE(isValidUtf8("Größe €😀"));
   EXPECT_TRUE(isValidUtf8(""));
-  EXPECT_FALSE(isValidUtf8("Gr\xF6\xDF" "e"));
+  EXPECT_FALSE(isValidUtf8("Gr\xF6\xDF"
+                           "e"));
   EXPECT_FALSE(isValidUtf8("\xC3"));
   EXPECT_FALSE(isValidUtf8("\xC0\xAF"));
   EXPECT_FALSE(isValidUtf8("\xED\xA0\x80"));
-  EXPECT_EQ(repairUtf8("a\xF6" "b"), "a\uFFFDb");
+  EXPECT_EQ(repairUtf8("a\xF6"
+                       "b"),
+            "a\uFFFDb");
   EXPECT_EQ(repairUtf8("ö"), "ö");
 }
 

@@ -23,7 +23,8 @@ TEST(Windows1252, knows_the_euro_and_typographic_characters)
 
 TEST(Windows1252, has_latin_letters_at_their_code_points)
 {
-  EXPECT_EQ(toWindows1252("Größe ÿ\u00A0"), "Gr\xF6\xDF" "e \xFF\xA0");
+  EXPECT_EQ(toWindows1252("Größe ÿ\u00A0"), "Gr\xF6\xDF"
+                                            "e \xFF\xA0");
 }
 
 TEST(Windows1252, writes_other_characters_as_decimal_references)
@@ -37,8 +38,8 @@ TEST(Windows1252, every_character_below_256_is_one_byte_or_a_reference)
 {
   for (unsigned codepoint = 0x80; codepoint < 0x100; ++codepoint) {
     const std::string utf8{static_cast<char>(0xC0 | codepoint >> 6), static_cast<char>(0x80 | (codepoint & 0x3F))};
-    const bool isUnknown = codepoint < 0xA0 && codepoint != 0x81 && codepoint != 0x8D && codepoint != 0x8F && codepoint != 0x90 &&
-                           codepoint != 0x9D;
+    const bool isUnknown =
+        codepoint < 0xA0 && codepoint != 0x81 && codepoint != 0x8D && codepoint != 0x8F && codepoint != 0x90 && codepoint != 0x9D;
     const std::string expected =
         isUnknown ? "&#" + std::to_string(codepoint) + ";" : std::string(1, static_cast<char>(codepoint));
     EXPECT_EQ(toWindows1252(utf8), expected) << codepoint;
@@ -47,7 +48,10 @@ TEST(Windows1252, every_character_below_256_is_one_byte_or_a_reference)
 
 TEST(Windows1252, leaves_bytes_that_are_no_utf8_as_they_are)
 {
-  EXPECT_EQ(toWindows1252("Gr\xF6\xDF" "e"), "Gr\xF6\xDF" "e");
+  EXPECT_EQ(toWindows1252("Gr\xF6\xDF"
+                          "e"),
+            "Gr\xF6\xDF"
+            "e");
   EXPECT_EQ(toWindows1252("\xC3"), "\xC3");
   EXPECT_EQ(toWindows1252("\xE2\x82"), "\xE2\x82");
 }
@@ -72,11 +76,18 @@ TEST(Windows1252, is_appended_to_what_is_there)
 TEST(DecodeText, tells_utf8_from_windows_1252)
 {
   EXPECT_EQ(decodeText("Größe"), "Größe");
-  EXPECT_EQ(decodeText("Gr\xF6\xDF" "e \x80"), "Größe €");
+  EXPECT_EQ(decodeText("Gr\xF6\xDF"
+                       "e \x80"),
+            "Größe €");
   EXPECT_EQ(decodeText(""), "");
 }
 
-TEST(DecodeText, drops_a_byte_order_mark) { EXPECT_EQ(decodeText("\xEF\xBB\xBF" "ä"), "ä"); }
+TEST(DecodeText, drops_a_byte_order_mark)
+{
+  EXPECT_EQ(decodeText("\xEF\xBB\xBF"
+                       "ä"),
+            "ä");
+}
 
 } // namespace
 } // namespace mrd::base

@@ -288,10 +288,7 @@ base::DateTime modificationTime(std::string_view path)
   return base::localTime(status->st_mtim.tv_sec);
 }
 
-std::uintmax_t fileSize(std::string_view path)
-{
-  return static_cast<std::uintmax_t>(Source(nativePath(path)).status.st_size);
-}
+std::uintmax_t fileSize(std::string_view path) { return static_cast<std::uintmax_t>(Source(nativePath(path)).status.st_size); }
 
 std::string readFile(std::string_view path)
 {

@@ -92,7 +92,8 @@ std::string_view withoutQuotes(std::string_view value) { return isQuoted(value) 
 std::string written(std::string_view value)
 {
   std::string line(value);
-  std::replace_if(line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
   return trimmed(line) != line || isQuoted(line) ? "\"" + line + "\"" : line;
 }
 

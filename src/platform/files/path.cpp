@@ -231,8 +231,8 @@ std::string pathFromReference(std::string_view reference)
   const std::string decoded = withoutPercentEscapes(reference);
   const auto text = withoutBlanksInFront(decoded);
   constexpr std::string_view kScheme = "file:";
-  std::string path = startsWithIgnoringCase(text, kScheme) ? pathBehindScheme(text.substr(kScheme.size()))
-                                                          : withSingleRoot(decoded);
+  std::string path =
+      startsWithIgnoringCase(text, kScheme) ? pathBehindScheme(text.substr(kScheme.size())) : withSingleRoot(decoded);
   std::replace(path.begin(), path.end(), '/', '\\');
   return path;
 }

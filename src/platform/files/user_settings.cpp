@@ -36,7 +36,9 @@ std::filesystem::path baseDirectory(const char* variable, std::string_view below
 
 } // namespace
 
-UserSettings::UserSettings() : UserSettings((baseDirectory("XDG_CONFIG_HOME", ".config") / "mirandel" / "settings.ini").native()) {}
+UserSettings::UserSettings() : UserSettings((baseDirectory("XDG_CONFIG_HOME", ".config") / "mirandel" / "settings.ini").native())
+{
+}
 
 UserSettings::UserSettings(std::string file) : file_(std::move(file)) {}
 

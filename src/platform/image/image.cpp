@@ -43,8 +43,9 @@ public:
     // A cached operation would show a file as it was before it was replaced under the same name.
     vips_cache_set_max(0);
     // What the library thinks of a damaged picture is no output of this program.
-    g_log_set_handler("VIPS", static_cast<GLogLevelFlags>(G_LOG_LEVEL_WARNING | G_LOG_LEVEL_INFO | G_LOG_LEVEL_DEBUG),
-                      [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr);
+    g_log_set_handler(
+        "VIPS", static_cast<GLogLevelFlags>(G_LOG_LEVEL_WARNING | G_LOG_LEVEL_INFO | G_LOG_LEVEL_DEBUG),
+        [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr);
   }
   ~Library() { vips_shutdown(); }
   Library(const Library&) = delete;
@@ -83,7 +84,10 @@ struct Free {
 };
 using Pixels = std::unique_ptr<std::uint8_t, Free>;
 
-std::size_t byteCount(int width, int height) { return static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kBands; }
+std::size_t byteCount(int width, int height)
+{
+  return static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * kBands;
+}
 
 void checkSize(int width, int height)
 {
@@ -146,10 +150,8 @@ VImage openFile(const std::string& native)
   if (!loader)
     throw vips::VError();
   VImage picture;
-  VImage::call(loader, VImage::option()
-                           ->set("filename", native.c_str())
-                           ->set("access", VIPS_ACCESS_SEQUENTIAL)
-                           ->set("out", &picture));
+  VImage::call(loader,
+               VImage::option()->set("filename", native.c_str())->set("access", VIPS_ACCESS_SEQUENTIAL)->set("out", &picture));
   return picture;
 }
 

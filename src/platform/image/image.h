@@ -22,8 +22,9 @@ class Image {
 public:
   /// An empty picture, black. Throws InvalidPicture for a side below 1 or more pixels than a picture can have.
   static Image create(int width, int height);
-  /// First page of a picture file, upright as its camera held it, transparency on white; `path` in the system's form. What is missing
-  /// at the end of a damaged file stays as the library fills it. Throws FileNotFound, PathNotFound, PathFileAccess or InvalidPicture.
+  /// First page of a picture file, upright as its camera held it, transparency on white; `path` in the system's form. What is
+  /// missing at the end of a damaged file stays as the library fills it. Throws FileNotFound, PathNotFound, PathFileAccess or
+  /// InvalidPicture.
   static Image load(std::string_view path);
 
   int width() const;
@@ -47,7 +48,8 @@ private:
 
 /// Quality 1 to 100 of today's encoders for a quality factor 2 to 255, which grows with the compression: a straight line from
 /// 100 to 1, `100 - (factor - 2) * 99 / 253`. It gives the dialogs' default of 35 a quality of 87, without visible loss in a
-/// photograph, and the slider's far end of 100 a quality of 62, small and visibly so. A factor out of its range counts as its end.
+/// photograph, and the slider's far end of 100 a quality of 62, small and visibly so. A factor out of its range counts as its
+/// end.
 int jpegQuality(int qualityFactor);
 
 } // namespace mrd::image

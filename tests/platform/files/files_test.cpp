@@ -3,8 +3,8 @@
 #include "base/errors.h"
 #include "platform/files/scratch.h"
 
-#include <sys/stat.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <gmock/gmock.h>

@@ -73,7 +73,8 @@ TEST_F(Reading, a_heading_without_closing_bracket_is_one)
 
 TEST_F(Reading, bytes_that_are_no_utf8_are_windows_1252)
 {
-  write("[a]\r\nx=C:\\B\xFC" "cher\\\x80\r\n");
+  write("[a]\r\nx=C:\\B\xFC"
+        "cher\\\x80\r\n");
 
   EXPECT_EQ(file().value("a", "x"), "C:\\Bücher\\€");
 }
@@ -124,7 +125,8 @@ TEST_F(Writing, turns_windows_1252_into_utf8)
 
 TEST_F(Writing, values_read_back_as_they_were)
 {
-  for (const char* value : {"", "GER", " vorn", "hinten ", "\ttab", "\"ganz\"", "'halb", "\"", "a=b;c", "[x]", "\\home\\Ü\\x.mdb"}) {
+  for (const char* value :
+       {"", "GER", " vorn", "hinten ", "\ttab", "\"ganz\"", "'halb", "\"", "a=b;c", "[x]", "\\home\\Ü\\x.mdb"}) {
     file().setValue("a", "x", value);
     EXPECT_EQ(file().value("a", "x"), value);
   }

@@ -9,10 +9,7 @@
 namespace mrd::files {
 namespace {
 
-TEST(NativePath, turns_backslashes_into_slashes)
-{
-  EXPECT_EQ(nativePath("\\mrd\\gibt es\\nicht.jpg"), "/mrd/gibt es/nicht.jpg");
-}
+TEST(NativePath, turns_backslashes_into_slashes) { EXPECT_EQ(nativePath("\\mrd\\gibt es\\nicht.jpg"), "/mrd/gibt es/nicht.jpg"); }
 
 TEST(NativePath, takes_slashes_and_doubled_separators_too)
 {
@@ -196,8 +193,8 @@ TEST(ForeignReference, has_another_scheme_than_file_and_http)
 
 TEST(ForeignReference, is_neither_a_local_one_nor_one_of_the_web)
 {
-  for (const char* reference : {"file:///x.jpg", "FILE:x", "http://a.example/x.jpg", "HTTP://A", "pix/x.jpg", "", "#oben", "C:\\x.jpg",
-                                "c:/x.jpg", "\\home\\x:y", "pix/a:b.jpg", "?a:b", ":x", "2a:x"})
+  for (const char* reference : {"file:///x.jpg", "FILE:x", "http://a.example/x.jpg", "HTTP://A", "pix/x.jpg", "", "#oben",
+                                "C:\\x.jpg", "c:/x.jpg", "\\home\\x:y", "pix/a:b.jpg", "?a:b", ":x", "2a:x"})
     EXPECT_FALSE(isForeignReference(reference)) << reference;
 }
 

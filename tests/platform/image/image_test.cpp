@@ -36,7 +36,10 @@ protected:
   std::filesystem::path root_;
 };
 
-std::string sample(const std::string& name) { return files::systemPath(std::filesystem::path(MRD_TEST_DATA) / "pictures" / name); }
+std::string sample(const std::string& name)
+{
+  return files::systemPath(std::filesystem::path(MRD_TEST_DATA) / "pictures" / name);
+}
 
 base::Error failureOfLoading(const std::string& path)
 {
@@ -49,7 +52,10 @@ base::Error failureOfLoading(const std::string& path)
   return {ErrorNumber::ObjectNotSet, {}};
 }
 
-int distance(Colour a, Colour b) { return std::max({std::abs(a.red - b.red), std::abs(a.green - b.green), std::abs(a.blue - b.blue)}); }
+int distance(Colour a, Colour b)
+{
+  return std::max({std::abs(a.red - b.red), std::abs(a.green - b.green), std::abs(a.blue - b.blue)});
+}
 
 /// A corner of a rounded box: a square of the outer colour with a quarter of a circle in the inner one.
 Image corner(int radius, int left, int top)
@@ -262,10 +268,7 @@ TEST_F(Loading, reads_pictures_of_all_kinds)
   }
 }
 
-TEST_F(Loading, takes_the_first_frame_of_an_animation)
-{
-  EXPECT_EQ(Image::load(sample("rotating-squares.gif")).height(), 80);
-}
+TEST_F(Loading, takes_the_first_frame_of_an_animation) { EXPECT_EQ(Image::load(sample("rotating-squares.gif")).height(), 80); }
 
 TEST_F(Loading, shows_the_same_colours_whatever_the_format)
 {
