@@ -58,6 +58,17 @@ TEST_F(MessageTableTest, has_the_same_buttons_in_both_languages_and_Yes_and_No_f
   }
 }
 
+TEST_F(MessageTableTest, has_every_caption_in_both_languages)
+{
+  std::map<std::string, int> languages;
+  for (auto row = db.openRecordset("SELECT * FROM tbl_Language"); !row.eof(); row.moveNext())
+    ++languages[row.value("FormName").text() + "." + row.value("controlname").text() + "(" + row.value("Index").text() + ")"];
+
+  EXPECT_FALSE(languages.empty());
+  for (const auto& [control, count] : languages)
+    EXPECT_EQ(count, 2) << control;
+}
+
 TEST_F(MessageTableTest, reads_well_with_its_values)
 {
   EXPECT_EQ(shown(1, "Datenträger voll (61) in Modul SavePage", "R"),
