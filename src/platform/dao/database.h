@@ -65,19 +65,25 @@ public:
 
   /// Number of rows; right after opening nonzero exactly when there are rows.
   std::size_t recordCount() const;
+  /// Behind the last row, or nowhere after a search without a match.
   bool eof() const;
+  /// Without rows both leave the cursor at the end.
   void moveFirst();
   void moveLast();
+  /// Throws NoCurrentRecord at the end.
   void moveNext();
 
-  /// Puts the cursor on the first row that meets a criteria text such as "Einstellung = 'Titel'"; see noMatch. The text must be
-  /// one boolean expression: anything else throws SyntaxError. Parameters stand for bare `?`.
+  /// Puts the cursor on the first row that meets a criteria text such as "Einstellung = 'Titel'"; see noMatch. Without a match the
+  /// cursor stands on no row. The text must be one boolean expression: anything else throws SyntaxError, and so does what only an
+  /// apostrophe in a spliced value brings in (a condition between constants, an OR whose sides do not stand in parentheses).
+  /// Parameters stand for bare `?`.
   void findFirst(std::string_view criteria, const Parameters& parameters = {});
   bool noMatch() const;
 
   void addNew();
   void edit();
-  /// Writes what set() gathered since addNew() or edit(). After an added row the cursor stays where it was.
+  /// Writes what set() gathered since addNew() or edit(); a move of the cursor forgets it. After an added row the cursor stays where
+  /// it was; the row is the recordset's last.
   void update();
   /// Removes the row under the cursor; the cursor then stands before the next one, which moveNext() reaches.
   void remove();
@@ -85,6 +91,14 @@ public:
   /// Field of the row under the cursor, or what set() gave it in an open edit. Throws ItemNotFound, NoCurrentRecord.
   Value value(std::string_view column) const;
   void set(std::string_view column, Value value);
+
+  /// Place of a column, for readers of many rows. Throws ItemNotFound.
+  std::size_t column(std::string_view column) const;
+  /// The same fields by place. Throws NoCurrentRecord.
+  Value value(std::size_t column) const;
+  /// Text form without a copy, an open edit left out of account; valid until the cursor moves or the row is written.
+  std::string_view text(std::size_t column) const;
+  bool isNull(std::size_t column) const;
 
   /// Column names of the rows, in their order.
   std::vector<std::string> columns() const;
@@ -109,7 +123,8 @@ public:
   void rollback();
 
 private:
-  Database* database_;
+  Database::State* database_;
+  bool open_ = true;
 };
 
 } // namespace mrd::dao

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 namespace mrd::dao {
@@ -33,7 +34,7 @@ public:
   std::int64_t integer() const;
   double number() const;
   /// Any number but 0 is true.
-  bool yes() const { return integer() != 0; }
+  bool yes() const { return number() != 0; }
 
   const std::variant<Null, std::int64_t, double, std::string>& content() const { return content_; }
   bool operator==(const Value&) const = default;
@@ -41,5 +42,10 @@ public:
 private:
   std::variant<Null, std::int64_t, double, std::string> content_;
 };
+
+/// The text that bytes of a file stand for: the bytes themselves where they are UTF-8, else repaired.
+std::string storedText(std::string_view bytes);
+/// The same, into a buffer that is used again and again.
+void assignStoredText(std::string& out, std::string_view bytes);
 
 } // namespace mrd::dao
