@@ -5,7 +5,6 @@
 #include "base/product.h"
 #include "base/text.h"
 #include "pictures/corners.h"
-#include "platform/files/files.h"
 
 #include <utility>
 
@@ -70,7 +69,8 @@ struct ProgressBar {
 BuiltInRun::BuiltInRun(frmHTMLExport& dialog)
     : dialog_(dialog), environment_(dialog.environment_), fields_(environment_.fields), db_(*dialog.db_),
       now_(environment_.clock.now()), index_(PageIndex::read(db_)), register_(db_, environment_.language),
-      siteFiles_(environment_.program, dialog.exportpfad_, register_), cache_(dialog.DbName_ + std::string(kCacheSuffix))
+      siteFiles_(environment_.program, dialog.exportpfad_, register_), exportDirectory_(dialog.exportpfad_),
+      cache_(dialog.DbName_ + std::string(kCacheSuffix))
 {
 }
 
@@ -196,7 +196,7 @@ void BuiltInRun::generatePage(PendingPage& pending, PageAssembly& assembly, Ance
   dialog_.showState(base::format("ID:{} - {}: {}", page.id, file, page.Überschrift));
 
   const std::string path = dialog_.exportpfad_ + file;
-  files::OutputFile output{std::string_view(path)};
+  files::OutputFile output = exportDirectory_.open(file);
   register_.dateiindatenbank(path, project::Dateityp::Page);
   const RewrittenBody* const body = finish(pending);
   if (body == nullptr)

@@ -6,6 +6,7 @@
 #include "generator/page_assembly.h"
 #include "generator/page_index.h"
 #include "generator/work_ahead.h"
+#include "platform/files/files.h"
 
 #include <deque>
 #include <future>
@@ -54,6 +55,7 @@ private:
   PageIndex index_;
   project::FileRegister register_;
   SiteFiles siteFiles_;
+  files::OutputDirectory exportDirectory_;
   BodyCache cache_;
   RunOutcome outcome_;
   std::string scriptList_;

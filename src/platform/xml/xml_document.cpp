@@ -1,0 +1,68 @@
+#include "platform/xml/xml_document.h"
+
+#include "base/errors.h"
+#include "base/text.h"
+#include "base/windows1252.h"
+#include "platform/files/files.h"
+
+#include <pugixml.hpp>
+
+namespace mrd::xml {
+namespace {
+
+constexpr unsigned kParseFlags = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_ws_pcdata | pugi::parse_wconv_attribute;
+
+bool isTooDeep(const pugi::xml_document& document)
+{
+  struct DepthCheck : pugi::xml_tree_walker {
+    bool for_each(pugi::xml_node&) override { return depth() <= kMaxDepth; }
+  } check;
+  return !const_cast<pugi::xml_document&>(document).traverse(check);
+}
+
+bool isText(const pugi::xml_node& node) { return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata; }
+
+bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == std::string_view::npos; }
+
+Element convert(const pugi::xml_node& node)
+{
+  Element element;
+  element.name = node.name();
+  for (const auto& attribute : node.attributes())
+    element.attributes.emplace(attribute.name(), attribute.value());
+  for (const auto& child : node.children()) {
+    if (isText(child)) {
+      element.text += base::toCrLf(child.value());
+      element.hasChildNodes |= !isBlank(child.value());
+    } else if (child.type() == pugi::node_element) {
+      element.children.push_back(convert(child));
+      element.text += element.children.back().text;
+      element.hasChildNodes = true;
+    }
+  }
+  return element;
+}
+
+} // namespace
+
+std::string_view Element::attribute(std::string_view attributeName) const
+{
+  const auto found = attributes.find(attributeName);
+  return found == attributes.end() ? std::string_view() : found->second;
+}
+
+std::optional<Element> loadXml(std::string_view path)
+{
+  std::string bytes;
+  try {
+    bytes = files::readFile(path);
+  } catch (const base::Error&) {
+    return std::nullopt;
+  }
+  pugi::xml_document document;
+  if (!document.load_buffer(bytes.data(), bytes.size(), kParseFlags) || isTooDeep(document) || !document.document_element())
+    return std::nullopt;
+  return convert(document.document_element());
+}
+
+} // namespace mrd::xml

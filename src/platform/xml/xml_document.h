@@ -1,0 +1,32 @@
+#pragma once
+// An XML file as a tree of elements.
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mrd::xml {
+
+struct Element {
+  std::string name;
+  std::map<std::string, std::string, std::less<>> attributes;
+  /// Child elements in their order.
+  std::vector<Element> children;
+  /// All text of the element and of those in it, as it stands, with CR LF line ends.
+  std::string text;
+  /// An element or text that is not blank stands in it.
+  bool hasChildNodes = false;
+
+  std::string_view attribute(std::string_view attributeName) const;
+};
+
+/// The document element of a file (UTF-8, UTF-16 or what its declaration names); nothing for a file that is missing, not well-formed, or
+/// nested more than kMaxDepth deep. Entities of its own are not expanded. `path` in the system's form.
+std::optional<Element> loadXml(std::string_view path);
+
+/// Elements may stand this deep in each other.
+inline constexpr int kMaxDepth = 500;
+
+} // namespace mrd::xml
