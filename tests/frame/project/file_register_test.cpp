@@ -96,7 +96,9 @@ TEST_F(FileRegisterTest, tells_of_a_file_that_is_not_there_and_enters_nothing)
 
 TEST_F(FileRegisterTest, takes_an_apostrophe_in_names_as_it_is)
 {
-  reg().dateiindatenbank(file("Oma's Garten/oma's bild.jpg"), Dateityp::Picture);
+  site.write("Oma's Garten/oma's bild.jpg", "x");
+
+  reg().dateiindatenbank(site.file("Oma's Garten\\oma's bild.jpg"), Dateityp::Picture);
 
   ASSERT_THAT(rows(), SizeIs(1));
   EXPECT_EQ(rows().front().dateiname, "oma's bild");
