@@ -87,15 +87,9 @@ std::optional<std::string> ScriptedUi::openFileDialog(const ui::FileDialog& dial
   return nextAnswer(openAnswers_, dialog.title);
 }
 
-std::optional<std::string> ScriptedUi::saveFileDialog(const ui::FileDialog& dialog)
-{
-  return openFileDialog(dialog);
-}
+std::optional<std::string> ScriptedUi::saveFileDialog(const ui::FileDialog& dialog) { return openFileDialog(dialog); }
 
-std::optional<std::string> ScriptedUi::folderDialog(std::string_view title)
-{
-  return nextAnswer(folderAnswers_, title);
-}
+std::optional<std::string> ScriptedUi::folderDialog(std::string_view title) { return nextAnswer(folderAnswers_, title); }
 
 std::optional<int> ScriptedUi::colourDialog(int)
 {
@@ -108,25 +102,13 @@ std::optional<int> ScriptedUi::colourDialog(int)
   return answer;
 }
 
-void ScriptedUi::status(ui::StatusPlace, std::string_view text)
-{
-  statusTexts.emplace_back(text);
-}
+void ScriptedUi::status(ui::StatusPlace, std::string_view text) { statusTexts.emplace_back(text); }
 
-void ScriptedUi::progress(std::size_t value, std::size_t maximum)
-{
-  progressSteps.push_back({value, maximum});
-}
+void ScriptedUi::progress(std::size_t value, std::size_t maximum) { progressSteps.push_back({value, maximum}); }
 
-void ScriptedUi::hideProgress()
-{
-  ++progressHidden;
-}
+void ScriptedUi::hideProgress() { ++progressHidden; }
 
-void ScriptedUi::pointer(ui::Pointer shape)
-{
-  pointerShape = shape;
-}
+void ScriptedUi::pointer(ui::Pointer shape) { pointerShape = shape; }
 
 bool ScriptedUi::pumpEvents()
 {
@@ -134,9 +116,6 @@ bool ScriptedUi::pumpEvents()
   return stopAtPump > 0 && eventPumps >= stopAtPump;
 }
 
-void ScriptedUi::hideSplash()
-{
-  ++splashHidden;
-}
+void ScriptedUi::hideSplash() { ++splashHidden; }
 
 } // namespace mrd::support

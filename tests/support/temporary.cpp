@@ -47,10 +47,7 @@ TemporaryDirectory::~TemporaryDirectory()
   std::filesystem::remove_all(path_, ignored);
 }
 
-std::string TemporaryDirectory::path() const
-{
-  return files::systemPath(path_);
-}
+std::string TemporaryDirectory::path() const { return files::systemPath(path_); }
 
 std::string TemporaryDirectory::file(std::string_view name) const
 {
@@ -70,9 +67,6 @@ void TemporaryDirectory::write(const std::string& relative, std::string_view byt
     throw std::runtime_error("cannot write " + target.string());
 }
 
-std::string TemporaryDirectory::read(const std::string& relative) const
-{
-  return readNative(path_ / nativeRelative(relative));
-}
+std::string TemporaryDirectory::read(const std::string& relative) const { return readNative(path_ / nativeRelative(relative)); }
 
 } // namespace mrd::support

@@ -5,10 +5,7 @@
 namespace mrd::support {
 namespace {
 
-dao::Value orNull(const std::optional<std::string>& text)
-{
-  return text ? dao::Value(*text) : dao::Value(dao::Null{});
-}
+dao::Value orNull(const std::optional<std::string>& text) { return text ? dao::Value(*text) : dao::Value(dao::Null{}); }
 
 } // namespace
 

@@ -72,10 +72,7 @@ void applyForm(const CaptionRow& row, ui::WindowControls& Fenster)
     Fenster.setWindow(texts);
 }
 
-void applyFrame(const CaptionRow& row, ui::WindowControls& Fenster)
-{
-  Fenster.setControl(row.control, {}, row.texts());
-}
+void applyFrame(const CaptionRow& row, ui::WindowControls& Fenster) { Fenster.setControl(row.control, {}, row.texts()); }
 
 /// Writes captions of tab pages. A page is written by making it current, so that the page that was current before is kept and put
 /// back when the walk leaves the control.
@@ -127,7 +124,7 @@ const TypeRule* ruleOf(std::string_view type)
   return nullptr;
 }
 
-template<class Apply>
+template <class Apply>
 void forEachRow(dao::Recordset rows, const std::function<void(const base::Error&)>& onMissingControl, Apply&& apply)
 {
   for (; !rows.eof(); rows.moveNext()) {

@@ -21,10 +21,7 @@ struct StoredMessage {
   int style = 0;
 };
 
-std::string field(const dao::Recordset& row, std::string_view column)
-{
-  return base::trim(row.value(column).text());
-}
+std::string field(const dao::Recordset& row, std::string_view column) { return base::trim(row.value(column).text()); }
 
 std::optional<StoredMessage> findMessage(dao::Database& db, int MsgNo, std::string_view Sprache)
 {
@@ -129,15 +126,9 @@ void Language::showCaptionFailure(const Error& error)
                   "", ui::box::kOk});
 }
 
-void Language::eng_Click(ui::WindowControls& mainWindow)
-{
-  changeLanguage(mainWindow, "ENG", "GER");
-}
+void Language::eng_Click(ui::WindowControls& mainWindow) { changeLanguage(mainWindow, "ENG", "GER"); }
 
-void Language::GER_Click(ui::WindowControls& mainWindow)
-{
-  changeLanguage(mainWindow, "GER", "ENG");
-}
+void Language::GER_Click(ui::WindowControls& mainWindow) { changeLanguage(mainWindow, "GER", "ENG"); }
 
 void Language::changeLanguage(ui::WindowControls& mainWindow, std::string_view code, std::string_view other)
 {
@@ -176,9 +167,6 @@ ui::Button Language::GetMsgIn(int MsgNo, std::string_view Sprache, std::string_v
   }
 }
 
-void Language::close()
-{
-  dbLanguage_.reset();
-}
+void Language::close() { dbLanguage_.reset(); }
 
 } // namespace mrd::messages

@@ -51,9 +51,6 @@ dao::Database openProject(std::string_view DbName)
   return db;
 }
 
-void copyTemplate(std::string_view templateFile, std::string_view target)
-{
-  files::copyFile(templateFile, target);
-}
+void copyTemplate(std::string_view templateFile, std::string_view target) { files::copyFile(templateFile, target); }
 
 } // namespace mrd::project

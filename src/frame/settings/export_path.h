@@ -9,8 +9,8 @@
 
 namespace mrd::settings {
 
-/// A directory's path with the separator at its end, without blanks around it. A path that a user wrote with slashes is taken into
-/// the system's form.
+/// A directory's path with the separator at its end, without blanks around it. A path that a user wrote with slashes is taken
+/// into the system's form.
 std::string withClosingSeparator(std::string_view directory);
 
 /// Makes the directory `pix` below an export directory, and copies the standing files that are missing there and that the program

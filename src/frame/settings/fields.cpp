@@ -38,10 +38,7 @@ std::string sixDigits(std::string_view text)
 }
 
 /// Colour numbers hold blue, green, red where texts hold red, green, blue.
-std::string exchangeOuterPairs(const std::string& digits)
-{
-  return digits.substr(4) + digits.substr(2, 2) + digits.substr(0, 2);
-}
+std::string exchangeOuterPairs(const std::string& digits) { return digits.substr(4) + digits.substr(2, 2) + digits.substr(0, 2); }
 
 } // namespace
 

@@ -12,37 +12,37 @@ namespace {
 
 // Forms. Each names the field that it reads and writes.
 
-template<std::string Fields::*field>
+template <std::string Fields::*field>
 constexpr Form text{
     [](Loading& loading, const std::string& value) { loading.fields.*field = base::trim(value); },
     [](const Fields& fields) { return fields.*field; },
 };
 
-template<std::string Fields::*field>
+template <std::string Fields::*field>
 constexpr Form trimmedText{
     text<field>.load,
     [](const Fields& fields) { return base::trim(fields.*field); },
 };
 
-template<std::size_t index>
+template <std::size_t index>
 constexpr Form meta{
     [](Loading& loading, const std::string& value) { loading.fields.tbmeta[index] = base::trim(value); },
     [](const Fields& fields) { return base::trim(fields.tbmeta[index]); },
 };
 
-template<bool Fields::*field>
+template <bool Fields::*field>
 constexpr Form checkBox{
     [](Loading& loading, const std::string& value) { loading.fields.*field = yesNo(value); },
     [](const Fields& fields) { return std::string(fields.*field ? "True" : "False"); },
 };
 
-template<ComboBox Fields::*field>
+template <ComboBox Fields::*field>
 constexpr Form entryText{
     [](Loading& loading, const std::string& value) { (loading.fields.*field).selectText(base::trim(value)); },
     [](const Fields& fields) { return (fields.*field).Text; },
 };
 
-template<ComboBox Fields::*field>
+template <ComboBox Fields::*field>
 constexpr Form entryNumber{
     [](Loading& loading, const std::string& value) {
       (loading.fields.*field).selectIndex(static_cast<int>(base::numericValue(value)));
@@ -98,16 +98,13 @@ constexpr Form imodeGif{
     trimmedText<&Fields::Lblimodegif>.stored,
 };
 
-template<std::size_t index>
+template <std::size_t index>
 void clearMeta(Fields& fields)
 {
   fields.tbmeta[index].clear();
 }
 
-void takeMenuColour(Fields& fields)
-{
-  fields.tbHyperlink = fields.tbmenü;
-}
+void takeMenuColour(Fields& fields) { fields.tbHyperlink = fields.tbmenü; }
 
 // Page turning and layout came with the same version: a project without the one knows nothing of the other.
 void resetLayout(Fields& fields)
@@ -201,10 +198,7 @@ static_assert(kSavingOrder.size() == kSettings.size());
 
 } // namespace
 
-std::span<const Setting> settingTable()
-{
-  return kSettings;
-}
+std::span<const Setting> settingTable() { return kSettings; }
 
 const Setting* findSetting(std::string_view key)
 {
@@ -213,10 +207,7 @@ const Setting* findSetting(std::string_view key)
   return found == kSettings.end() ? nullptr : found;
 }
 
-std::span<const SavedKey> savingOrder()
-{
-  return kSavingOrder;
-}
+std::span<const SavedKey> savingOrder() { return kSavingOrder; }
 
 bool yesNo(std::string_view text)
 {

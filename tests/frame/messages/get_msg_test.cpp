@@ -39,45 +39,24 @@ struct GetMsgTest : testing::Test {
   }
 };
 
-TEST_F(GetMsgTest, joins_the_three_pieces_without_a_value)
-{
-  EXPECT_EQ(shown(1), "eins zwei drei");
-}
+TEST_F(GetMsgTest, joins_the_three_pieces_without_a_value) { EXPECT_EQ(shown(1), "eins zwei drei"); }
 
-TEST_F(GetMsgTest, puts_a_value_in_front_at_L)
-{
-  EXPECT_EQ(shown(1, " Wert ", "L"), "Wert eins zwei drei");
-}
+TEST_F(GetMsgTest, puts_a_value_in_front_at_L) { EXPECT_EQ(shown(1, " Wert ", "L"), "Wert eins zwei drei"); }
 
 TEST_F(GetMsgTest, puts_a_value_behind_the_second_piece_without_a_blank_at_R)
 {
   EXPECT_EQ(shown(1, "Wert", "R"), "eins zweiWert drei");
 }
 
-TEST_F(GetMsgTest, puts_a_value_behind_the_first_piece_at_Z)
-{
-  EXPECT_EQ(shown(1, "Wert", "Z"), "eins Wert zwei drei");
-}
+TEST_F(GetMsgTest, puts_a_value_behind_the_first_piece_at_Z) { EXPECT_EQ(shown(1, "Wert", "Z"), "eins Wert zwei drei"); }
 
-TEST_F(GetMsgTest, takes_the_position_in_any_case)
-{
-  EXPECT_EQ(shown(1, "Wert", "z"), "eins Wert zwei drei");
-}
+TEST_F(GetMsgTest, takes_the_position_in_any_case) { EXPECT_EQ(shown(1, "Wert", "z"), "eins Wert zwei drei"); }
 
-TEST_F(GetMsgTest, shows_the_first_piece_alone_for_a_value_without_position)
-{
-  EXPECT_EQ(shown(1, "Wert"), "eins");
-}
+TEST_F(GetMsgTest, shows_the_first_piece_alone_for_a_value_without_position) { EXPECT_EQ(shown(1, "Wert"), "eins"); }
 
-TEST_F(GetMsgTest, reads_like_a_call_without_value_for_an_empty_value)
-{
-  EXPECT_EQ(shown(1, "", "R"), "eins zwei drei");
-}
+TEST_F(GetMsgTest, reads_like_a_call_without_value_for_an_empty_value) { EXPECT_EQ(shown(1, "", "R"), "eins zwei drei"); }
 
-TEST_F(GetMsgTest, reads_missing_pieces_as_empty)
-{
-  EXPECT_EQ(shown(2, "Wert", "R"), "Hallo Wert");
-}
+TEST_F(GetMsgTest, reads_missing_pieces_as_empty) { EXPECT_EQ(shown(2, "Wert", "R"), "Hallo Wert"); }
 
 TEST_F(GetMsgTest, hands_title_style_number_and_help_to_the_box)
 {

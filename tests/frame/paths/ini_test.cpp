@@ -13,10 +13,7 @@ struct IniTest : testing::Test {
   std::string read(std::string_view key) { return LeseIni("Language", key, datei); }
 };
 
-TEST_F(IniTest, a_missing_file_reads_nio)
-{
-  EXPECT_EQ(read("Lang"), "nio");
-}
+TEST_F(IniTest, a_missing_file_reads_nio) { EXPECT_EQ(read("Lang"), "nio"); }
 
 TEST_F(IniTest, a_missing_key_and_a_missing_section_read_nio)
 {

@@ -23,15 +23,9 @@ TEST(PathParts, are_directory_with_separator_name_and_extension_without_dot)
   EXPECT_EQ(teile_dateipfad("c:\\fotos\\x.jpg"), (PathParts{"c:\\fotos\\", "x", "jpg"}));
 }
 
-TEST(PathParts, of_a_bare_file_name_have_no_directory)
-{
-  EXPECT_EQ(teile_dateipfad("x.jpg"), (PathParts{"", "x", "jpg"}));
-}
+TEST(PathParts, of_a_bare_file_name_have_no_directory) { EXPECT_EQ(teile_dateipfad("x.jpg"), (PathParts{"", "x", "jpg"})); }
 
-TEST(PathParts, take_the_last_dot_only)
-{
-  EXPECT_EQ(teile_dateipfad("a\\b.c.d"), (PathParts{"a\\", "b.c", "d"}));
-}
+TEST(PathParts, take_the_last_dot_only) { EXPECT_EQ(teile_dateipfad("a\\b.c.d"), (PathParts{"a\\", "b.c", "d"})); }
 
 TEST(PathParts, look_for_no_extension_in_front_of_the_last_separator)
 {
@@ -80,10 +74,7 @@ TEST(PathParts, of_a_closing_dot_have_an_empty_extension)
   EXPECT_EQ(teile_dateipfad("a\\bild."), (PathParts{"a\\", "bild", ""}));
 }
 
-TEST(PathParts, of_an_empty_text_are_empty)
-{
-  EXPECT_EQ(teile_dateipfad(""), (PathParts{"", "", ""}));
-}
+TEST(PathParts, of_an_empty_text_are_empty) { EXPECT_EQ(teile_dateipfad(""), (PathParts{"", "", ""})); }
 
 TEST(FilePresence, is_true_for_a_file_and_false_for_a_directory_and_a_missing_name)
 {
