@@ -20,6 +20,10 @@ constexpr std::array<std::string_view, 8> kTextOnly{"iframe", "noembed", "nofram
                                                     "style",  "textarea", "title",    "xmp"};
 constexpr std::array<std::string_view, 3> kOncePerDocument{"body", "head", "html"};
 
+// The parser mixes these up with their HTML namesakes when they are foreign elements.
+constexpr std::array<std::string_view, 14> kNotInForeign{"button", "caption",  "colgroup", "form", "frameset", "select", "table",
+                                                         "tbody",  "template", "tfoot",    "td",   "th",       "thead",  "tr"};
+
 /// A start tag ends such an open element without an end tag.
 struct ImpliedEnd {
   std::string_view start;
@@ -198,7 +202,7 @@ void Flattener::element(const Tag& tag)
 bool Flattener::goesTooFar(const std::string& name) const
 {
   const auto isFormatting = [](const std::string& open) { return isOneOf(kFormatting, open); };
-  return open_.size() >= kMaxDepth ||
+  return open_.size() >= kMaxDepth || (isOneOf(kNotInForeign, name) && isForeign()) ||
          (isFormatting(name) && std::ranges::count_if(open_, isFormatting) >= static_cast<long>(kMaxFormatting));
 }
 

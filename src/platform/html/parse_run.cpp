@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace mrd::html {
@@ -12,8 +14,8 @@ namespace {
 constexpr std::size_t kMaxDepth = 512;
 constexpr std::size_t kMaxAttributes = 256;
 
-// An ordinary page takes some 20 to 60 bytes for each of its own; the shortest tags in a row about 300.
-constexpr std::size_t kBytesPerByte = 512;
+// An ordinary page takes some 30 bytes for each of its own, a row of the shortest tags up to 125.
+constexpr std::size_t kBytesPerByte = 256;
 constexpr std::size_t kBytesForAnyText = std::size_t{4} << 20;
 constexpr std::size_t kBytesAtMost = std::size_t{2} << 30;
 
@@ -32,6 +34,9 @@ GumboNamespaceEnum gumboNamespace(Namespace space)
   }
 }
 
+// In a fragment the parser reads some fields of its own state before it sets them.
+constexpr std::size_t kClearedAllocations = 16;
+
 constexpr int kNoNodeType = 0x7F;
 
 /// A list or a text of a node's size is taken for a node until it is looked at: the pointers or characters at its start make
@@ -43,6 +48,8 @@ bool isNodeWithParent(const void* memory)
   return type > GUMBO_NODE_DOCUMENT && type <= GUMBO_NODE_TEMPLATE;
 }
 
+thread_local ParseRun* currentRun = nullptr;
+
 } // namespace
 
 /// Stands before each node in memory.
@@ -53,10 +60,19 @@ struct ParseRun::DepthOfNode {
 };
 
 ParseRun::ParseRun(std::string_view html, const std::optional<ParseContext>& context, ParseBounds bounds)
-    : html_(html), context_(context), bounds_(bounds),
-      arena_(std::min(html.size() * kUsualBytesPerByte, kLargestFirstChunk)),
-      budget_(std::min(kBytesForAnyText + html.size() * kBytesPerByte, kBytesAtMost))
+    : context_(context), bounds_(bounds), budget_(std::min(kBytesForAnyText + html.size() * kBytesPerByte, kBytesAtMost)),
+      arena_(std::min(html.size() * kUsualBytesPerByte, kLargestFirstChunk)), html_(withReadableEnd(html))
 {
+}
+
+/// The parser looks some characters beyond the end of its text.
+std::string_view ParseRun::withReadableEnd(std::string_view html)
+{
+  constexpr std::size_t kReadableBytes = 64;
+  auto* const copy = static_cast<char*>(arena_.allocate(html.size() + kReadableBytes));
+  std::copy(html.begin(), html.end(), copy);
+  std::fill_n(copy + html.size(), kReadableBytes, '\0');
+  return {copy, html.size()};
 }
 
 const GumboInternalOutput* ParseRun::parse()
@@ -68,30 +84,46 @@ const GumboInternalOutput* ParseRun::parse()
   options.max_errors = 0;
   options.fragment_context = context_ ? static_cast<GumboTag>(context_->tag) : GUMBO_TAG_LAST;
   options.fragment_namespace = gumboNamespace(context_ ? context_->space : Namespace::Html);
+  currentRun = this;
   // The library has no way of its own to be stopped. What it holds when it is left lies in the arena.
-  if (setjmp(outOfBounds_) != 0)
+  if (setjmp(outOfBounds_) != 0) {
+    currentRun = nullptr;
     return nullptr;
-  return gumbo_parse_with_options(&options, html_.empty() ? "" : html_.data(), html_.size());
+  }
+  const GumboOutput* const output = gumbo_parse_with_options(&options, html_.data(), html_.size());
+  currentRun = nullptr;
+  return output;
+}
+
+void ParseRun::giveUpCurrent()
+{
+  if (currentRun != nullptr)
+    currentRun->giveUp();
 }
 
 void* ParseRun::allocate(void* run, std::size_t bytes)
 {
   auto& self = *static_cast<ParseRun*>(run);
-  if (self.bounds_ == ParseBounds::None)
-    return self.arena_.allocate(bytes);
-  if (self.arena_.used() + bytes > self.budget_)
-    self.giveUp();
+  if (self.bounds_ == ParseBounds::Watched)
+    self.watch(bytes);
+  void* const memory = bytes == sizeof(GumboNode) ? self.allocateNode() : self.arena_.allocate(bytes);
+  if (self.allocations_++ < kClearedAllocations)
+    std::memset(memory, 0, bytes);
+  return memory;
+}
+
+void ParseRun::watch(std::size_t bytes)
+{
+  if (arena_.used() + bytes > budget_)
+    giveUp();
   if (bytes == sizeof(GumboNode))
-    return self.allocateNode();
-  if (bytes == sizeof(GumboAttribute))
-    self.countAttribute();
-  return self.arena_.allocate(bytes);
+    noteLastNode();
+  else if (bytes == sizeof(GumboAttribute))
+    countAttribute();
 }
 
 void* ParseRun::allocateNode()
 {
-  noteLastNode();
-  attributesSinceNode_ = 0;
   auto* const depth = static_cast<DepthOfNode*>(arena_.allocate(sizeof(DepthOfNode) + sizeof(GumboNode)));
   depth->depth = 0;
   lastNode_ = reinterpret_cast<GumboNode*>(depth + 1);
@@ -102,6 +134,7 @@ void* ParseRun::allocateNode()
 /// A node knows its parent only some time after its allocation: by the time that the next one is made.
 void ParseRun::noteLastNode()
 {
+  attributesSinceNode_ = 0;
   if (lastNode_ == nullptr || !isNodeWithParent(lastNode_))
     return;
   if (lastNode_->parent != nullptr)
@@ -130,3 +163,15 @@ void ParseRun::countAttribute()
 void ParseRun::giveUp() { std::longjmp(outOfBounds_, 1); }
 
 } // namespace mrd::html
+
+#ifdef __GLIBC__
+// The parser library is built with its assertions, and some broken pages (a select in foreign content in a table) fail one.
+// No page may end the program: a failure inside a run leaves the run. Any other one ends as it always does.
+// NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): this name is the C library's.
+extern "C" [[noreturn]] void __assert_fail(const char* assertion, const char* file, unsigned line, const char* function) noexcept
+{
+  mrd::html::ParseRun::giveUpCurrent();
+  std::fprintf(stderr, "%s:%u: %s: Assertion `%s' failed.\n", file, line, function, assertion);
+  std::abort();
+}
+#endif

@@ -31,16 +31,19 @@ enum class ParseBounds {
 /// The parser takes all its memory from here, and its output lives as long as the run. The library's own way of giving back
 /// a tree recurses, and its working time grows with the square of the nesting, of the attributes of a tag and of formatting
 /// elements that are never closed. The run therefore watches what the parser allocates, and leaves it when a text goes
-/// beyond what any page needs.
+/// beyond what any page needs. It also outlives the library's assertions, some of which fail on broken pages.
 class ParseRun {
 public:
-  /// The text must outlive the run. A whole document without a context.
+  /// A whole document without a context.
   ParseRun(std::string_view html, const std::optional<ParseContext>& context, ParseBounds bounds);
   ParseRun(const ParseRun&) = delete;
   ParseRun& operator=(const ParseRun&) = delete;
 
-  /// Null when the text went out of bounds; to be called once.
+  /// Null when the text went out of bounds or made the parser fail; to be called once.
   const GumboInternalOutput* parse();
+
+  /// Leaves the run that is under way on this thread; returns when there is none.
+  static void giveUpCurrent();
 
 private:
   struct DepthOfNode;
@@ -48,19 +51,23 @@ private:
   static void* allocate(void* run, std::size_t bytes);
   static void deallocate(void*, void*) {}
 
+  void watch(std::size_t bytes);
   void* allocateNode();
   void noteLastNode();
   void countAttribute();
   [[noreturn]] void giveUp();
 
-  std::string_view html_;
+  std::string_view withReadableEnd(std::string_view html);
+
   std::optional<ParseContext> context_;
   ParseBounds bounds_;
-  Arena arena_;
   std::size_t budget_;
+  Arena arena_;
+  std::string_view html_;
   GumboInternalNode* lastNode_ = nullptr;
   const GumboInternalNode* root_ = nullptr;
   const GumboInternalNode* body_ = nullptr;
+  std::size_t allocations_ = 0;
   std::size_t attributesSinceNode_ = 0;
   std::size_t attributes_ = 0;
   std::jmp_buf outOfBounds_;

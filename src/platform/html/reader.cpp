@@ -6,6 +6,7 @@
 
 #include <gumbo.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <string>
@@ -225,6 +226,25 @@ void readDoctype(Tree& tree, const GumboDocument& document)
   append(*tree.document, *doctype);
 }
 
+/// A foreign element whose name means something to the parser, because HTML may stand in it.
+bool isIntegrationPoint(const Node& element)
+{
+  constexpr std::array kPoints{GUMBO_TAG_FOREIGNOBJECT, GUMBO_TAG_DESC, GUMBO_TAG_TITLE, GUMBO_TAG_MI,            GUMBO_TAG_MO,
+                               GUMBO_TAG_MN,            GUMBO_TAG_MS,   GUMBO_TAG_MTEXT, GUMBO_TAG_ANNOTATION_XML};
+  return std::ranges::find(kPoints, static_cast<GumboTag>(element.tag)) != kPoints.end();
+}
+
+/// The parser fails on some texts when it is told that they are a fragment in an element called "html". The content of the
+/// root is a document's, and a foreign element of that name is like any other.
+std::optional<ParseContext> contextOf(const Node& element)
+{
+  if (element.has(kHtml))
+    return std::nullopt;
+  if (element.space != Namespace::Html && !isIntegrationPoint(element))
+    return ParseContext{GUMBO_TAG_UNKNOWN, element.space};
+  return ParseContext{element.tag, element.space};
+}
+
 } // namespace
 
 void readDocument(Tree& tree, std::string_view html)
@@ -240,7 +260,7 @@ void readDocument(Tree& tree, std::string_view html)
 Node* readFragment(Tree& tree, const Node& context, std::string_view html)
 {
   auto* const holder = tree.arena.make<Node>();
-  parse(html, ParseContext{context.tag, context.space}, [&](const GumboOutput& output) {
+  parse(html, contextOf(context), [&](const GumboOutput& output) {
     readChildren(tree.arena, output.root->v.element.children, *holder);
   });
   return holder;
