@@ -232,7 +232,8 @@ class PicturePopup(Site):
                 "    if (bu == null) { bu = \"\";};\r\n        bu = bu.replace(/ /g,\"%20\");\r\n"
                 "        srcu = src.replace(/ /g,\"%20\");\r\n"
                 "        f1 = open('popupbild.htm?src=' + src + '&bu=' + bu,'fenster1',"
-                "'width=320,height=350,screenx=-0,screeny=-100,scrollbars=Yes,resizable=Yes,left=10,top=10');\r\n        f1.focus();\r\n     }\r\n</script>"
+                "'width=320,height=350,screenx=-0,screeny=-100,scrollbars=Yes,resizable=Yes,left=10,top=10');\r\n"
+                "        f1.focus();\r\n     }\r\n</script>"
                 "<a id=verweis href=\"javascript:popupfenster('pix/d\u00fcne.gif','D\u00fcne \u201eNord\u201c')\">Bild</a>")
         page = self.page("seite.htm", text.replace("<html>", "<html><head><meta charset=windows-1252></head>"))
         page.ask("document.getElementById('verweis').click()")
