@@ -2,62 +2,52 @@
 // A generation run in the layout "Navigation linke Seite".
 
 #include "generator/body_rewriter.h"
-#include "generator/html_export.h"
+#include "generator/generation_run.h"
 #include "generator/page_assembly.h"
-#include "generator/page_index.h"
 #include "generator/work_ahead.h"
-#include "platform/files/files.h"
 
-#include <deque>
 #include <future>
-#include <memory>
 #include <optional>
 #include <string>
 
 namespace mrd::generator {
 
-class BuiltInRun {
+class BuiltInRun : public GenerationRun {
 public:
-  explicit BuiltInRun(frmHTMLExport& dialog);
-
-  RunOutcome run();
+  explicit BuiltInRun(const RunJob& job);
 
 private:
   /// A page whose body is being rewritten, or has been.
   struct PendingPage {
     RunPage page;
     std::string basislink;
-    std::size_t bytes;
+    /// The site's address as it was when the body was begun.
+    std::string tbbasisurl;
+    /// None for a page with server-side code, which is not parsed.
     std::optional<dao::ContentHash> cacheKey;
     std::optional<RewrittenBody> body;
     std::future<RewrittenBody> future;
-    /// The site's address as it was when the body was begun.
-    std::string tbbasisurl;
+
+    std::size_t bytes() const { return page.html ? page.html->size() : 0; }
   };
 
-  PageLink findHomepage();
+  void bringSiteFiles() override;
+  void generatePages(dao::Recordset& pages) override;
+  void closeRun() override;
+
+  PageLink findHomepage() const;
   void makeCorners();
-  void generatePages(dao::Recordset& pages, const PageLink& homepage);
   PendingPage begin(RunPage page);
   BodySource bodySource(const PendingPage& pending) const;
   const RewrittenBody* finish(PendingPage& pending);
-  void generatePage(PendingPage& pending, PageAssembly& assembly, Ancestors& ancestors, const PageLink& homepage);
-  std::string fileFor(const RunPage& page, const PageLink& homepage) const;
+  void generatePage(PendingPage& pending, PageAssembly& assembly, Ancestors& ancestors);
+  std::string fileFor(const RunPage& page) const;
   PageEffects effects();
   void tellAboutPopupPage();
-  void close();
 
-  frmHTMLExport& dialog_;
-  ExportEnvironment& environment_;
-  settings::Fields& fields_;
-  dao::Database& db_;
-  const base::DateTime now_;
-  PageIndex index_;
-  project::FileRegister register_;
-  SiteFiles siteFiles_;
-  files::OutputDirectory exportDirectory_;
+  const PageLink homepage_;
   BodyCache cache_;
-  RunOutcome outcome_;
+  /// File names of pages with server-side code, a line each.
   std::string scriptList_;
   WorkerPool workers_;
 };

@@ -1,8 +1,8 @@
 #include "generator/html_export.h"
 
-#include "base/product.h"
 #include "frame/failures/failures.h"
 #include "generator/built_in_run.h"
+#include "generator/template_run.h"
 #include "platform/files/files.h"
 #include "platform/html/document.h"
 
@@ -43,13 +43,19 @@ RunOutcome frmHTMLExport::cbHTML_Click()
 {
   RunOutcome outcome;
   failures::withStandardHandler(environment_.language, "cbHTML_Click", [&] {
-    if (environment_.fields.ComboGrundlayout.ListIndex != 0) {
-      environment_.language.ui().messageBox({"Layout nicht definiert", std::string(base::kProductName)});
-      return;
-    }
     if (enterExportDirectory())
-      outcome = BuiltInRun(*this).run();
+      outcome = generate();
   });
+  return outcome;
+}
+
+RunOutcome frmHTMLExport::generate()
+{
+  const RunJob job{environment_,   *db_,           DbName_, head_, exportpfad_, selection,
+                   tbNamenszusatz, [this](std::string_view text) { showState(text); }};
+  const bool isBuiltIn = environment_.fields.ComboGrundlayout.ListIndex == 0;
+  const RunOutcome outcome = isBuiltIn ? BuiltInRun(job).run() : TemplateRun(job).run();
+  startdatei_ = outcome.startdatei;
   return outcome;
 }
 

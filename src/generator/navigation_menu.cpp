@@ -31,8 +31,8 @@ NavigationMenu::NavigationMenu(const PageIndex& index, const RowTable& rows, con
   for (std::size_t level = 0; level < kMenuLevels; ++level) {
     auto& [bytes, starts] = rendered_[level];
     starts.push_back(0);
-    for (const auto& page : index_.level(level)) {
-      bytes += renderedRow(kMenuRows[level].other, page);
+    for (const IndexedPage* const page : index_.level(level)) {
+      bytes += renderedRow(kMenuRows[level].other, *page);
       starts.push_back(bytes.size());
     }
   }
@@ -47,9 +47,9 @@ std::string NavigationMenu::renderedRow(std::size_t row, const IndexedPage& page
 MenuNeighbours NavigationMenu::print(std::string& out, std::string_view currentId) const
 {
   Walk walk{out, currentId, {}};
-  for (const auto& page : index_.level(0))
-    if (page.id == "01")
-      walk.neighbours.first = &page;
+  for (const IndexedPage* const page : index_.level(0))
+    if (page->id == "01")
+      walk.neighbours.first = page;
   printLevel(walk, 0, {0, index_.level(0).size()});
   return walk.neighbours;
 }
@@ -60,8 +60,8 @@ NavigationMenu::Range NavigationMenu::childRange(std::size_t level, std::string_
   // below "99" are listed nowhere.
   const std::string upper = base::format("{:0{}}", static_cast<long long>(base::numericValue(parentId)) + 1, 2 * level);
   const auto& pages = index_.level(level);
-  const auto above = [](std::string_view bound, const IndexedPage& page) { return base::compareText(bound, page.id) < 0; };
-  const auto below = [](const IndexedPage& page, std::string_view bound) { return base::compareText(page.id, bound) < 0; };
+  const auto above = [](std::string_view bound, const IndexedPage* page) { return base::compareText(bound, page->id) < 0; };
+  const auto below = [](const IndexedPage* page, std::string_view bound) { return base::compareText(page->id, bound) < 0; };
   const auto first = std::upper_bound(pages.begin(), pages.end(), parentId, above);
   const auto last = std::lower_bound(first, pages.end(), std::string_view(upper), below);
   return {static_cast<std::size_t>(first - pages.begin()), static_cast<std::size_t>(last - pages.begin())};
@@ -72,7 +72,7 @@ void NavigationMenu::printLevel(Walk& walk, std::size_t level, Range range) cons
   const auto& pages = index_.level(level);
   std::size_t printed = range.first;
   for (std::size_t at = range.first; at < range.last; ++at) {
-    const auto& page = pages[at];
+    const IndexedPage& page = *pages[at];
     if (!walk.currentId.starts_with(page.id))
       continue;
     if (page.id == walk.currentId) {
@@ -95,7 +95,7 @@ void NavigationMenu::printOthers(Walk& walk, std::size_t level, Range range) con
     return;
   const auto& [bytes, starts] = rendered_[level];
   walk.out.append(bytes, starts[range.first], starts[range.last] - starts[range.first]);
-  walk.pass(index_.level(level)[range.first], index_.level(level)[range.last - 1]);
+  walk.pass(*index_.level(level)[range.first], *index_.level(level)[range.last - 1]);
 }
 
 } // namespace mrd::generator

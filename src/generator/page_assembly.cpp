@@ -1,9 +1,9 @@
 #include "generator/page_assembly.h"
 
 #include "base/format.h"
-#include "base/product.h"
 #include "base/text.h"
 #include "base/windows1252.h"
+#include "generator/head_tags.h"
 #include "generator/placeholders.h"
 
 #include <string_view>
@@ -13,22 +13,6 @@ namespace {
 
 using base::format;
 using base::kCrLf;
-
-/// Names of the meta tags that the fields `tbmeta` feed, in their order.
-constexpr std::array<std::string_view, 3> kMetaNames{"description", "author", "keywords"};
-
-constexpr std::string_view kPopupScript =
-    "<script language=JavaScript>\r\n"
-    "function popupfenster(src, bu)\r\n"
-    "     {\r\n"
-    "    if (bu == null) { bu = \"\";};\r\n"
-    "        bu = bu.replace(/ /g,\"%20\");\r\n"
-    "        srcu = src.replace(/ /g,\"%20\");\r\n"
-    "        f1 = open('popupbild.htm?src=' + src + '&bu=' + bu,'fenster1','width=320,height=350,screenx=-0,screeny=-100,"
-    "scrollbars=Yes,resizable=Yes,left=10,top=10');\r\n"
-    "        f1.focus();\r\n"
-    "     }\r\n"
-    "</script>";
 
 /// Level of a page in the tree, 1 to 4 below the homepage; 0 for the homepage and for an id that is too short to have one.
 std::size_t levelOf(std::string_view id) { return id == kHomepageId ? 0 : base::length(id) / 2; }
@@ -128,16 +112,7 @@ const RewrittenBody& PageAssembly::sharedHeadFor(std::string_view basislink)
 
 std::string PageAssembly::documentHead(std::string_view basislink) const
 {
-  std::string text = rows_[kHead] + std::string(kCrLf);
-  for (std::size_t i = 0; i < kMetaNames.size(); ++i)
-    if (!site_.fields.tbmeta[i].empty())
-      text += format("<meta name='{}' content='{}'>\r\n", kMetaNames[i], site_.fields.tbmeta[i]);
-  text += format("<meta name='date' content='{:04}-{:02}-{:02}'>\r\n", site_.now.year, site_.now.month, site_.now.day);
-  text += "<meta name='revisit' content='After 20 days'>\r\n"
-          "<meta name='expires' content='NEVER'>\r\n"
-          "<meta http-equiv='imagetoolbar' content='no'>\r\n"
-          "<meta name='robots' content='INDEX,FOLLOW'>\r\n\r\n\r\n";
-  text += format("<meta name='generator' content='{} Version {}'>\r\n", base::kHomeAddress, base::kVersion);
+  const std::string text = rows_[kHead] + std::string(kCrLf) + metaTags(kBuiltInHead, site_.fields, site_.now);
   return base::toWindows1252(farbzuweisung(mitbasis(text, basislink), site_.fields).append(kCrLf));
 }
 
@@ -176,7 +151,7 @@ void PageAssembly::printScripts(const RunPage& page, std::string_view basislink,
     printBetweenEmptyLines(*page.script);
   const std::string_view html = page.html ? std::string_view(*page.html) : std::string_view();
   if (base::contains(html, "popup")) {
-    printBetweenEmptyLines(kPopupScript);
+    printBetweenEmptyLines(popupScript(kBuiltInHead));
     effects.popupPage();
   }
   if (base::contains(html, "picturetransfer")) {

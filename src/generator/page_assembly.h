@@ -4,6 +4,7 @@
 #include "base/clock.h"
 #include "frame/settings/fields.h"
 #include "generator/body_rewriter.h"
+#include "generator/generation_run.h"
 #include "generator/navigation_menu.h"
 #include "generator/page_index.h"
 #include "generator/row_table.h"
@@ -13,20 +14,12 @@
 #include <initializer_list>
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 namespace mrd::generator {
-
-/// A row of `Seite` as a run works on it.
-struct RunPage {
-  std::string id, Überschrift, dateiname;
-  std::optional<int> seitentyp;
-  std::optional<std::string> html, script;
-};
 
 /// What the pass needs of its run besides the page.
 struct SiteContext {

@@ -10,7 +10,7 @@ namespace {
 /// Menu level of a page from 0, nothing for one that no menu shows.
 std::optional<std::size_t> menuLevel(const IndexedPage& page)
 {
-  if (!page.seitentyp || *page.seitentyp == static_cast<int>(Seitentyp::Blind))
+  if (!page.isShown())
     return std::nullopt;
   const std::size_t length = base::length(page.id);
   if (length < 3)
@@ -26,29 +26,24 @@ std::string fileOfPattern(std::string_view pattern, std::string_view id)
   return base::replaceAll(pattern.empty() ? "*.htm" : pattern, "*", id);
 }
 
-PageIndex PageIndex::read(dao::Database& db)
+PageIndex::PageIndex(dao::Database& db)
 {
-  PageIndex index;
-  for (auto pages = db.openRecordset("select id, Überschrift, [seitentyp-id], dateiname from Seite Order By ID"); !pages.eof();
-       pages.moveNext()) {
-    const dao::Value type = pages.value("seitentyp-id");
-    IndexedPage page{pages.value("id").text(), pages.value("Überschrift").text(), pages.value("dateiname").text(),
-                     type.isNull() ? std::nullopt : std::optional(static_cast<int>(type.integer()))};
-    const auto level = menuLevel(page);
-    (level ? index.levels_[*level] : index.outsideMenus_).push_back(std::move(page));
+  auto rows = db.openRecordset("select id, Überschrift, [seitentyp-id], dateiname from Seite Order By ID");
+  const std::size_t id = rows.column("id"), heading = rows.column("Überschrift"), type = rows.column("seitentyp-id"),
+                    file = rows.column("dateiname");
+  for (; !rows.eof(); rows.moveNext()) {
+    const auto seitentyp = rows.isNull(type) ? std::nullopt : std::optional(static_cast<int>(rows.value(type).integer()));
+    pages_.push_back({std::string(rows.text(id)), std::string(rows.text(heading)), std::string(rows.text(file)), seitentyp});
   }
-  return index;
+  for (const auto& page : pages_)
+    if (const auto level = menuLevel(page))
+      levels_[*level].push_back(&page);
 }
 
 const IndexedPage* PageIndex::find(std::string_view id) const
 {
-  const auto isPage = [id](const IndexedPage& page) { return page.id == id; };
-  if (const auto found = std::ranges::find_if(outsideMenus_, isPage); found != outsideMenus_.end())
-    return &*found;
-  for (const auto& pages : levels_)
-    if (const auto found = std::ranges::find_if(pages, isPage); found != pages.end())
-      return &*found;
-  return nullptr;
+  const auto found = std::ranges::find_if(pages_, [id](const IndexedPage& page) { return page.id == id; });
+  return found == pages_.end() ? nullptr : &*found;
 }
 
 } // namespace mrd::generator

@@ -6,7 +6,6 @@
 #include <array>
 #include <cstddef>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +22,9 @@ struct IndexedPage {
   std::string dateiname;
   /// Nothing for Null.
   std::optional<int> seitentyp;
+
+  /// Whether menus and page-turn strips may show it: it has a type, and is not blind.
+  bool isShown() const { return seitentyp && *seitentyp != static_cast<int>(Seitentyp::Blind); }
 };
 
 /// The output file of a pattern: "*.htm" for an empty one, every "*" replaced.
@@ -35,16 +37,20 @@ inline constexpr std::size_t kMenuLevels = 4;
 /// Menu levels are ordered by id as the database orders text; blind pages and pages without a type are in no menu.
 class PageIndex {
 public:
-  static PageIndex read(dao::Database& db);
+  explicit PageIndex(dao::Database& db);
+  PageIndex(const PageIndex&) = delete;
+  PageIndex& operator=(const PageIndex&) = delete;
 
   /// First page with the id.
   const IndexedPage* find(std::string_view id) const;
+  /// All pages.
+  const std::vector<IndexedPage>& pages() const { return pages_; }
   /// Menu pages of a level, from 0 for the top one.
-  const std::vector<IndexedPage>& level(std::size_t level) const { return levels_[level]; }
+  const std::vector<const IndexedPage*>& level(std::size_t level) const { return levels_[level]; }
 
 private:
-  std::array<std::vector<IndexedPage>, kMenuLevels> levels_;
-  std::vector<IndexedPage> outsideMenus_;
+  std::vector<IndexedPage> pages_;
+  std::array<std::vector<const IndexedPage*>, kMenuLevels> levels_;
 };
 
 } // namespace mrd::generator

@@ -13,17 +13,6 @@ constexpr std::string_view kHttpScheme = "http:";
 /// Characters of a link's path and of what follows its quote that are looked at.
 constexpr std::size_t kLinkWindow = 250;
 
-PictureUse pictureOf(std::string_view path, bool enter)
-{
-  auto parts = paths::teile_dateipfad(path);
-  return {std::move(parts.verzeichnis), std::move(parts.name), std::move(parts.erweiterung), enter};
-}
-
-std::string pathInPix(const PictureUse& use, std::string_view exportpfad)
-{
-  return std::string(exportpfad) + "pix\\" + use.name + "." + use.erweiterung;
-}
-
 void rewriteImage(html::Element& image, const html::Document& document, FoundPictures& found)
 {
   const std::string written = image.attribute("src").value_or("");
@@ -35,23 +24,6 @@ void rewriteImage(html::Element& image, const html::Document& document, FoundPic
   auto use = pictureOf(files::pathFromReference(src), true);
   image.setAttribute("src", "pix/" + use.fileName());
   found.uses.push_back(std::move(use));
-}
-
-/// A link's value around the path of its picture: `javascript:popup('` + path + `','words')`.
-struct LinkPieces {
-  std::string prefix, reference, suffix;
-};
-
-LinkPieces splitLink(std::string_view href)
-{
-  const auto scheme = href.find(kFileScheme);
-  if (scheme == std::string_view::npos)
-    return {"", std::string(href), ""};
-  std::string_view rest = href.substr(scheme + kFileScheme.size());
-  const std::string_view window = base::left(rest.substr(rest.starts_with("//") ? 2 : 0), kLinkWindow);
-  const auto quote = window.find('\'');
-  return {std::string(href.substr(0, scheme)), std::string(kFileScheme) + "//" + std::string(window.substr(0, quote)),
-          quote == std::string_view::npos ? "" : std::string(window.substr(quote))};
 }
 
 /// Whether a link shows a picture: it names a JPEG, or a script gets a local path in single quotes.
@@ -80,7 +52,26 @@ void rewriteLink(html::Element& link, const html::Document& document, LinkAddres
   found.uses.push_back(std::move(use));
 }
 
-/// Relative paths count from the directory in which a run works.
+} // namespace
+
+PictureUse pictureOf(std::string_view path, bool enter)
+{
+  auto parts = paths::teile_dateipfad(path);
+  return {std::move(parts.verzeichnis), std::move(parts.name), std::move(parts.erweiterung), enter};
+}
+
+LinkPieces splitLink(std::string_view href)
+{
+  const auto scheme = href.find(kFileScheme);
+  if (scheme == std::string_view::npos)
+    return {"", std::string(href), ""};
+  std::string_view rest = href.substr(scheme + kFileScheme.size());
+  const std::string_view window = base::left(rest.substr(rest.starts_with("//") ? 2 : 0), kLinkWindow);
+  const auto quote = window.find('\'');
+  return {std::string(href.substr(0, scheme)), std::string(kFileScheme) + "//" + std::string(window.substr(0, quote)),
+          quote == std::string_view::npos ? "" : std::string(window.substr(quote))};
+}
+
 std::string sourcePath(const PictureUse& use, std::string_view exportpfad)
 {
   const std::string path = use.verzeichnis + use.name + "." + use.erweiterung;
@@ -88,7 +79,10 @@ std::string sourcePath(const PictureUse& use, std::string_view exportpfad)
   return absolute ? path : std::string(exportpfad) + "pix\\" + path;
 }
 
-} // namespace
+std::string pathInPix(const PictureUse& use, std::string_view exportpfad)
+{
+  return std::string(exportpfad) + "pix\\" + use.name + "." + use.erweiterung;
+}
 
 std::string PictureUse::fileName() const { return base::lower(name + "." + erweiterung); }
 

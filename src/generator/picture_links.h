@@ -21,6 +21,16 @@ struct PictureUse {
   std::string fileName() const;
 };
 
+/// The pieces of a picture's path, entered or not.
+PictureUse pictureOf(std::string_view path, bool enter = true);
+
+/// A link's value around the reference to its picture: `javascript:popup('` + reference + `','words')`. At most 250 characters behind
+/// "file://" are looked at.
+struct LinkPieces {
+  std::string prefix, reference, suffix;
+};
+LinkPieces splitLink(std::string_view href);
+
 /// What the new references are made of.
 struct LinkAddresses {
   /// Export directory with a separator at its end; relative paths count from its `pix`.
@@ -44,6 +54,10 @@ struct FoundPictures {
 /// Rewrites the references of a document in place. Touches neither files nor tables: what is to be copied and entered is returned, so
 /// that documents can be worked ahead on other threads.
 FoundPictures findebilder(html::Document& document, LinkAddresses addresses);
+
+/// Where a picture is taken from: relative paths count from the directory in which a run works. And where its copy lies.
+std::string sourcePath(const PictureUse& use, std::string_view exportpfad);
+std::string pathInPix(const PictureUse& use, std::string_view exportpfad);
 
 /// Copies the source into `pix` under its lower-case name unless it is there already. A picture that cannot be read stays out.
 void Bildkopie(const PictureUse& use, std::string_view exportpfad);

@@ -11,7 +11,6 @@ namespace mrd::generator {
 namespace {
 
 constexpr std::array<std::string_view, 3> kScripts{"mrdnav.js", "mrdshop.js", "cookiefunctions.js"};
-constexpr std::string_view kBanner = "pix\\mrdbanner.gif";
 /// Pages of a project that has never been generated are all newer than this.
 constexpr std::string_view kBeforeAllPages = "1.1.1900";
 
@@ -59,10 +58,13 @@ bool SiteFiles::copyFromProgram(std::string_view programFile, std::string_view n
   return true;
 }
 
-void SiteFiles::bringBanner()
+bool SiteFiles::bringPicture(std::string_view name)
 {
-  if (isInExport(kBanner) || copyFromProgram("\\mrdbanner.gif", kBanner) || copyFromProgram("\\hilfe\\pix\\mrdbanner.gif", kBanner))
-    enter(kBanner, project::Dateityp::Picture);
+  const std::string picture(name), target = "pix\\" + picture;
+  const bool brought = isInExport(target) || copyFromProgram("\\" + picture, target) || copyFromProgram("\\hilfe\\pix\\" + picture, target);
+  if (brought)
+    enter(target, project::Dateityp::Picture);
+  return brought;
 }
 
 bool SiteFiles::bringPageFile(std::string_view name)

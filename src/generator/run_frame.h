@@ -47,7 +47,9 @@ public:
   }
 
   /// The banner, from either place of the program directory; none is no failure.
-  void bringBanner();
+  void bringBanner() { bringPicture("mrdbanner.gif"); }
+  /// A picture of a layout, from either place of the program directory, into `pix`; false when it is in neither.
+  bool bringPicture(std::string_view name);
   /// The page-turn and shop scripts that are there.
   void bringScripts();
   /// False when it is in neither directory.

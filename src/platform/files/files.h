@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace mrd::files {
@@ -42,8 +43,8 @@ public:
   /// Throws PathNotFound, PathFileAccess or DiskFull.
   explicit OutputFile(std::string_view path);
   ~OutputFile();
-  OutputFile(const OutputFile&) = delete;
-  OutputFile& operator=(const OutputFile&) = delete;
+  OutputFile(OutputFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)), path_(std::move(other.path_)) {}
+  OutputFile& operator=(OutputFile&&) = delete;
 
   /// Throws DiskFull or PathFileAccess.
   void write(std::string_view bytes);
