@@ -54,6 +54,12 @@ ui::Button ConsoleUi::messageBox(const ui::MessageBox& message)
   return yes ? agreeing(message.style) : refusing(message.style);
 }
 
+void ConsoleUi::warning(std::string_view text)
+{
+  hideProgress();
+  std::cerr << base::format("warning: {}\n", text);
+}
+
 void ConsoleUi::progress(std::size_t value, std::size_t maximum)
 {
   const int percent = maximum == 0 ? 100 : static_cast<int>(100 * value / maximum);

@@ -18,7 +18,7 @@ public:
 };
 
 struct GenerateArguments {
-  std::string file, page = "#";
+  std::string file, page = "#", prefix;
   bool newOnly = false;
   std::optional<std::string> exportDirectory;
 };
@@ -36,6 +36,7 @@ ExitStatus generate(Session& session, const GenerateArguments& arguments)
   NoShell shell;
   generator::frmHTMLExport dialog({program.files, program.language, mainform.fields(), program.clock, shell});
   dialog.selection = {arguments.page, arguments.newOnly};
+  dialog.tbNamenszusatz = arguments.prefix;
   if (!dialog.Form_Load(mainform.DbName()))
     return ExitStatus::Failed;
   const auto outcome = dialog.cbHTML_Click();
@@ -54,6 +55,7 @@ void addGenerate(CLI::App& app, Session& session)
   auto* const newOnly = command->add_flag("--new-only", arguments->newOnly, "Only the homepage and what changed since the last run");
   command->add_option("--page", arguments->page, "One page only")->type_name("ID")->excludes(newOnly);
   command->add_option("--export", arguments->exportDirectory, "Directory in place of the project's own")->type_name("DIR");
+  command->add_option("--prefix", arguments->prefix, "Before every file name of a template layout")->type_name("TEXT");
   command->callback([&session, arguments] { session.run([&] { return generate(session, *arguments); }); });
 }
 

@@ -2,7 +2,7 @@
 #include "cli/commands.h"
 #include "cli/json.h"
 #include "cli/session.h"
-#include "frame/settings/fields.h"
+#include "mainform/mainform.h"
 
 #include <CLI/CLI.hpp>
 
@@ -12,8 +12,8 @@ void addLayouts(CLI::App& app, Session& session)
 {
   app.add_subcommand("layouts", "The entries of the layout box: index TAB text")->callback([&session] {
     session.run([&] {
-      const settings::Fields fields;
-      const auto& entries = fields.ComboGrundlayout.entries;
+      mainform::Mainform mainform(session.program());
+      const auto& entries = mainform.fields().ComboGrundlayout.entries;
       std::vector<std::string> elements;
       for (std::size_t i = 0; i < entries.size(); ++i)
         if (session.json)

@@ -8,6 +8,7 @@
 #include "generator/placeholders.h"
 #include "generator/templates/built_in_trees.h"
 #include "generator/templates/xml_layout.h"
+#include "platform/files/path.h"
 
 #include <array>
 #include <vector>
@@ -111,7 +112,8 @@ void TemplateRun::addUserLayout(Template& root, std::string_view file) const
     ui_.messageBox({base::format("Folgende Layoutdatei wurde nicht gefunden:\r\n{}", path), std::string(base::kProductName)});
     return;
   }
-  templates::LadeAusDatei(root, path);
+  if (!templates::LadeAusDatei(root, path))
+    ui_.warning("not well-formed: " + files::nativePath(path).string());
   root.Children.AddNew(false, "", "", "mrdBanner");
   if (templates::isAfloat(root.Blätterntyp))
     root.Children.AddNew(false, templates::kStartnav, "", templates::kStartnavName);

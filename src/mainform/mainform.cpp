@@ -8,6 +8,7 @@
 #include "frame/project/project.h"
 #include "frame/settings/export_path.h"
 #include "frame/settings/settings.h"
+#include "generator/templates/xml_layout.h"
 #include "platform/files/files.h"
 
 namespace mrd::mainform {
@@ -22,7 +23,17 @@ constexpr int kOpenExisting = 111, kOpenNew = 222, kOpenOther = 333;
 
 } // namespace
 
-Mainform::Mainform(Program& program, ProjectHooks hooks) : program_(program), hooks_(std::move(hooks)) {}
+Mainform::Mainform(Program& program, ProjectHooks hooks) : program_(program), hooks_(std::move(hooks)) { ladebenutzerlayouts(); }
+
+void Mainform::ladebenutzerlayouts()
+{
+  const auto layouts = templates::userLayouts(program_.files.file("\\xml"));
+  auto& entries = fields_.ComboGrundlayout.entries;
+  if (!layouts.empty())
+    entries.emplace_back("-- benutzerdefinierte Layouts --");
+  for (const auto& [name, file] : layouts)
+    entries.push_back(name + " (" + file + ")");
+}
 
 void Mainform::open(std::string_view path)
 {

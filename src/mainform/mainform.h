@@ -60,6 +60,7 @@ public:
 
 private:
   void open(std::string_view path);
+  void ladebenutzerlayouts();
   bool chooseProject();
   void rememberProject();
   void openWithWindow();

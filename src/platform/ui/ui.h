@@ -58,6 +58,8 @@ public:
   /// A colour as 0xBBGGRR, started from `colour`.
   virtual std::optional<int> colourDialog(int colour) = 0;
 
+  /// Something that a user at a window sees for himself, and one who reads a log does not.
+  virtual void warning(std::string_view) {}
   virtual void status(StatusPlace place, std::string_view text) = 0;
   /// Progress of long work: `value` of `maximum` steps done.
   virtual void progress(std::size_t value, std::size_t maximum) = 0;
