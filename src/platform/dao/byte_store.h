@@ -32,7 +32,7 @@ public:
 
   std::optional<std::string> get(const ContentHash& key);
   void put(const ContentHash& key, std::string_view bytes);
-  /// Writes what was put, and forgets entries that were neither read nor put since opening when `forgetUnused` is set.
+  /// Writes what was put (as the destructor does), and forgets entries that were neither read nor put since opening when `forgetUnused` is set.
   void flush(bool forgetUnused);
 
 private:

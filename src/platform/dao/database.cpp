@@ -26,8 +26,8 @@ struct Database::State {
 
 namespace {
 
-/// What a view may cost before it counts as endless: some seconds.
-constexpr int kMostViewSteps = 500'000'000;
+/// What a view may cost before it counts as endless: a few seconds.
+constexpr int kMostViewSteps = 200'000'000;
 
 void bindAll(Statement& statement, const Parameters& parameters, std::size_t expected)
 {

@@ -3,7 +3,7 @@
 //
 // The dialect: LIKE with * ? # and [..], Mid$ and Len, #m/d/yyyy h:mm:ss#, [names in brackets], Table.column, DELETE * FROM,
 // SELECT TOP n, TRUE, FALSE, yes, no, DISTINCT, ALTER TABLE .. ADD COLUMN .. BIT|MEMO|DATE|TEXT|LONG|DOUBLE, CREATE TABLE with
-// TEXT, MEMO, LONG, DOUBLE, BIT, DATE, COUNTER CONSTRAINT name PRIMARY KEY. Text comparison ignores case and trailing blanks; a name of a table or
+// TEXT, MEMO, LONG, DOUBLE, BIT, DATE, COUNTER CONSTRAINT name PRIMARY KEY, CREATE INDEX, DROP TABLE. Text comparison ignores case and trailing blanks; a name of a table or
 // column ignores case, umlauts included. A bare `?` stands for the next of the given parameters.
 //
 // Every failure is a base::Error.

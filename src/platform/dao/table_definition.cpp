@@ -38,6 +38,7 @@ public:
   DefinitionParser(TokenReader& reader, const Schema* schema) : reader_(reader), schema_(schema) {}
 
   std::string createTable();
+  std::string createIndex(bool unique);
   std::string alterTable();
   std::string dropTable();
 
@@ -127,9 +128,10 @@ std::string DefinitionParser::columnList()
   do {
     const std::string name = reader_.expectName();
     const auto at = findName(columns_, name);
-    if (at == columns_.size())
+    const bool isKnown = at != columns_.size();
+    if (!isKnown && !columns_.empty())
       throw base::Error(base::ErrorNumber::ItemNotFound, format("Die Spalte '{}' fehlt in der Tabelle.", name));
-    out.append(out.empty() ? "" : ", ").append(quotedName(columns_[at]));
+    out.append(out.empty() ? "" : ", ").append(quotedName(isKnown ? columns_[at] : name));
   } while (reader_.acceptOperator(","));
   reader_.expectOperator(")");
   return out;
@@ -162,6 +164,17 @@ std::string DefinitionParser::createTable()
   return format("CREATE TABLE {} ({})", quotedName(name), parts);
 }
 
+std::string DefinitionParser::createIndex(bool unique)
+{
+  const std::string name = reader_.expectName();
+  reader_.expectKeyword("on");
+  const std::string table = existingTable();
+  if (const TableDescription* described = known(table))
+    for (const auto& column : described->columns)
+      columns_.push_back(column.name);
+  return format("CREATE {}INDEX {} ON {} ({})", unique ? "UNIQUE " : "", quotedName(name), quotedName(table), columnList());
+}
+
 std::string DefinitionParser::alterTable()
 {
   const std::string table = existingTable();
@@ -178,19 +191,20 @@ std::string DefinitionParser::dropTable() { return format("DROP TABLE {}", quote
 std::string definitionSql(TokenReader& reader, const Schema* schema)
 {
   DefinitionParser parser(reader, schema);
+  const std::string verb = reader.take().keyword;
+  const bool unique = verb == "create" && reader.acceptKeyword("unique");
+  const std::string object = reader.take().keyword;
   std::string sql;
-  if (reader.isKeyword("create") && reader.isKeyword("table", 1)) {
-    reader.take(), reader.take();
+  if (verb == "create" && object == "index")
+    sql = parser.createIndex(unique);
+  else if (verb == "create" && object == "table" && !unique)
     sql = parser.createTable();
-  } else if (reader.isKeyword("alter") && reader.isKeyword("table", 1)) {
-    reader.take(), reader.take();
+  else if (verb == "alter" && object == "table")
     sql = parser.alterTable();
-  } else if (reader.isKeyword("drop") && reader.isKeyword("table", 1)) {
-    reader.take(), reader.take();
+  else if (verb == "drop" && object == "table")
     sql = parser.dropTable();
-  } else {
-    reader.fail();
-  }
+  else
+    failSyntax(verb + " " + object);
   reader.expectEnd();
   return sql;
 }

@@ -1,5 +1,5 @@
 #pragma once
-// CREATE TABLE, ALTER TABLE .. ADD COLUMN and DROP TABLE.
+// CREATE TABLE, CREATE INDEX, ALTER TABLE .. ADD COLUMN and DROP TABLE.
 
 #include "platform/dao/schema.h"
 #include "platform/dao/tokens.h"
