@@ -28,7 +28,7 @@ public:
     return piece;
   }
 
-  template<class T>
+  template <class T>
   T* make()
   {
     static_assert(std::is_trivially_destructible_v<T> && alignof(T) <= kAlignment);

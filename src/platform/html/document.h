@@ -73,8 +73,8 @@ public:
   /// All `a` and `area` elements that have a `href`.
   std::vector<Element> links();
 
-  /// A reference resolved against the first `base` element's `href`: one with a scheme as it is, a rooted path (`/x`, `\x`, `C:\x`)
-  /// with "file://" before it, a relative one behind the base, `.` and `..` worked; without a base as it is.
+  /// A reference resolved against the first `base` element's `href`: one with a scheme as it is, a rooted path (`/x`, `\x`,
+  /// `C:\x`) with "file://" before it, a relative one behind the base, `.` and `..` worked; without a base as it is.
   std::string resolve(std::string_view reference) const;
 
   /// The whole document, doctype included.

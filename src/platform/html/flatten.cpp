@@ -16,7 +16,7 @@ constexpr std::size_t kMaxAttributes = 100;
 
 constexpr std::array<std::string_view, 14> kFormatting{"a",    "b", "big",   "code",   "em",     "font", "i",
                                                        "nobr", "s", "small", "strike", "strong", "tt",   "u"};
-constexpr std::array<std::string_view, 8> kTextOnly{"iframe", "noembed", "noframes", "script",
+constexpr std::array<std::string_view, 8> kTextOnly{"iframe", "noembed",  "noframes", "script",
                                                     "style",  "textarea", "title",    "xmp"};
 constexpr std::array<std::string_view, 3> kOncePerDocument{"body", "head", "html"};
 
@@ -232,9 +232,7 @@ void Flattener::closeTop()
 /// What follows up to the end tag is text for the parser, whatever it looks like.
 void Flattener::textOnly(const std::string& name, bool isDropped)
 {
-  const auto isEnd = [&](std::size_t at) {
-    return rest_[at + 1] == '/' && sameName(rest_.substr(at + 2, name.size()), name);
-  };
+  const auto isEnd = [&](std::size_t at) { return rest_[at + 1] == '/' && sameName(rest_.substr(at + 2, name.size()), name); };
   std::size_t end = 0;
   while ((end = rest_.find('<', end)) < rest_.size() && !(end + 1 < rest_.size() && name != "plaintext" && isEnd(end)))
     ++end;

@@ -117,6 +117,10 @@ std::string resolveReference(std::string_view base, std::string_view reference)
   const auto lastSeparator = page.find_last_of("/\\");
   const std::size_t directory = std::max(root, lastSeparator == std::string_view::npos ? 0 : lastSeparator + 1);
   std::string out(page.substr(0, directory));
+  if (!isSeparator(out.back())) {
+    out += '/';
+    ++root;
+  }
   const std::string_view path = pathPart(trimmed);
   appendPath(out, path, root);
   return out.append(trimmed.substr(path.size()));

@@ -43,6 +43,8 @@ struct Node {
 struct Tree {
   Arena arena;
   Node* document = nullptr;
+  /// Without a modern doctype some rules are those of old pages: a table may stand in a paragraph.
+  bool isQuirks = true;
   /// Reference of the first `base` that has one, looked up once until the tree changes.
   mutable std::optional<std::string_view> baseReference;
 };
@@ -60,7 +62,7 @@ Node* following(Node* node, const Node* top);
 Node* followingSkippingChildren(Node* node, const Node* top);
 
 /// Calls `visit` for each element below `top`, in document order.
-template<class Visit>
+template <class Visit>
 void forEachElement(Node* top, Visit visit)
 {
   for (Node* node = following(top, top); node != nullptr; node = following(node, top))
@@ -69,7 +71,7 @@ void forEachElement(Node* top, Visit visit)
 }
 
 /// The first element below `top` that `matches`; null when there is none.
-template<class Matches>
+template <class Matches>
 Node* firstElement(Node* top, Matches matches)
 {
   for (Node* node = following(top, top); node != nullptr; node = following(node, top))
