@@ -397,9 +397,11 @@ def lageplan(rng):
 
 def logo(rng):
     """The shared head: 560 x 84 on the colour of the site's frame."""
-    return (gradient("l", (0, "#2c6f98"), (1, "#1f5a80")) + rect(0, 0, 560, 84, "#23648c")
+    return (rect(0, 0, 560, 84, "#23648c")
             + path("M0 66C60 54 110 76 170 64C230 52 290 76 350 64C410 54 470 74 560 60V84H0Z", "#3f86ac")
             + path("M0 74C70 64 130 82 200 72C280 62 360 82 430 72C480 66 520 76 560 70V84H0Z", "#e9dcae")
+            + gradient("rand", (0, "#23648c"), (.16, "#23648c", 0), (.84, "#23648c", 0), (1, "#23648c"), across=True)
+            + rect(0, 50, 560, 34, "url(#rand)")
             + group(path("M-30 6C-18 -12 -4 -16 0 0C4 -16 18 -12 30 6C18 -2 8 0 0 8C-8 0 -18 -2 -30 6Z", "#ffffff"),
                 "translate(58 30) scale(1.15)")
             + label(240, 44, "Ferienhaus M\u00f6we", 31, "#ffffff", "font-weight='bold'")

@@ -3,6 +3,7 @@
 // Ids in the page:  mrdnav   the strip, floating where its style says position:absolute
 //                   tabelle  the page's table, which the strip never leaves
 //                   zelle    the table's cell that is the strip's home
+//                   nsmrdnav the strip's content in an element that only Netscape 4 gave a meaning
 //
 // As long as the home is below the visible window the strip lies at the window's bottom edge, over the page; from then on it
 // lies in its cell. A strip that is part of the text (position:relative), and a page without one of the three, stay as they are.
@@ -13,7 +14,9 @@ function navposition() {
   strip = document.getElementById('mrdnav');
   table = document.getElementById('tabelle');
   cell = document.getElementById('zelle');
-  if (!strip || !table || !cell || navstyle(strip).position !== 'absolute') { return; }
+  if (!strip || !table || !cell) { return; }
+  navfill(document.getElementById('nsmrdnav'));
+  if (navstyle(strip).position !== 'absolute') { return; }
 
   stripBox = strip.getBoundingClientRect();
   tableBox = table.getBoundingClientRect();
@@ -24,6 +27,11 @@ function navposition() {
   top = Math.max(top, tableBox.top);
   navshift(strip, 'top', top - stripBox.top);
   navshift(strip, 'left', cellBox.left - stripBox.left);
+}
+
+// The content's own position:absolute was for Netscape. Elsewhere it would leave the strip empty, without width and height.
+function navfill(content) {
+  if (content && navstyle(content).position === 'absolute') { content.style.position = 'static'; }
 }
 
 // Moves by a distance, so that it does not matter which element the page's styles count the strip's position from.

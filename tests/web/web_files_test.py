@@ -65,16 +65,17 @@ class PageTurnStrip(Site):
                     + "px'>Text</div></TD></TR>"
                 "<tr><TD>&nbsp;</TD><td " + cell + ">&nbsp;\r\n<div ID='mrdnav' STYLE='position:" + position + ";'>"
                 "<table border=0 cellpadding=0 cellspacing=0><tr><td><layer ID='nsmrdnav' STYLE='position:absolute;'>"
-                "<a href='#oben'>oben</a></layer></td></tr></table></div></td></TR></TABLE><P></P></BODY>"
+                "<a href='#oben'>&lt; Das Haus am Meer</a> | <a href='#oben'>oben</a></layer></td></tr></table></div></td></TR></TABLE><P></P></BODY>"
                 "<SCRIPT language='Javascript1.2' src='mrdnav.js' type='text/javascript'></SCRIPT>"
                 "<SCRIPT language='Javascript1.2'>if ((document.all) || (document.layers)){ setInterval('navposition()', 800); }"
                 "</SCRIPT ></HTML>")
 
     WHERE = """(function () {
-      var strip = document.getElementById('mrdnav').getBoundingClientRect();
+      var strip = document.getElementById('nsmrdnav').getBoundingClientRect();
+      var frame = document.getElementById('mrdnav').getBoundingClientRect();
       var cell = (document.getElementById('zelle') || document.body).getBoundingClientRect();
       return {top: strip.top, bottom: strip.bottom, left: strip.left, cellTop: cell.top, cellBottom: cell.bottom,
-        cellLeft: cell.left, window: innerHeight, full: document.scrollingElement.scrollHeight};
+        cellLeft: cell.left, frameTop: frame.top, frameBottom: frame.bottom, window: innerHeight, full: document.scrollingElement.scrollHeight};
     })()"""
 
     def steps(self, name, text, height=600):
@@ -90,6 +91,12 @@ class PageTurnStrip(Site):
         found.append(page.ask(self.WHERE))
         self.assertEqual(page.errors(), [])
         return found
+
+    def test_shows_its_content_on_one_line_within_the_strip(self):
+        for step in self.steps("lang.htm", self.strip_page(2000)):
+            self.assertLess(step["bottom"] - step["top"], 30)
+            self.assertGreaterEqual(step["top"], step["frameTop"])
+            self.assertLessEqual(step["bottom"], step["frameBottom"])
 
     def assertHome(self, step):
         self.assertAlmostEqual((step["top"] + step["bottom"]) / 2, (step["cellTop"] + step["cellBottom"]) / 2, delta=2)
