@@ -103,7 +103,8 @@ void ByteStore::State::open()
   if (connection->number("PRAGMA user_version") != kForm)
     throw base::Error(base::ErrorNumber::NotADatabase, "Der Speicher hat eine andere Form.");
   select = connection->prepare("SELECT id, checkHigh, checkLow, bytes FROM entry WHERE high = ?1 AND low = ?2", true);
-  replace = connection->prepare("INSERT OR REPLACE INTO entry (high, low, checkHigh, checkLow, bytes) VALUES (?1, ?2, ?3, ?4, ?5)", true);
+  replace = connection->prepare(
+      "INSERT OR REPLACE INTO entry (high, low, checkHigh, checkLow, bytes) VALUES (?1, ?2, ?3, ?4, ?5)", true);
 }
 
 /// Whoever asks goes on without stored entries, only slower.

@@ -25,13 +25,15 @@ bool isDigitsOnly(std::string_view text) { return !text.empty() && text.find_fir
 
 std::string_view mirrored(std::string_view op)
 {
-  constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kMirrored{{{"<", ">"}, {">", "<"}, {"<=", ">="}, {">=", "<="}}};
+  constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kMirrored{
+      {{"<", ">"}, {">", "<"}, {"<=", ">="}, {">=", "<="}}};
   const auto* const known = std::find_if(kMirrored.begin(), kMirrored.end(), [op](const auto& pair) { return pair.first == op; });
   return known == kMirrored.end() ? op : known->second;
 }
 
 /// A condition that the engine can look up in an index and that holds wherever `column op digits` does: digits have no case, so
-/// that a text equal to them differs at most by blanks behind it, and "!" is the sign behind the blank. Empty where there is none.
+/// that a text equal to them differs at most by blanks behind it, and "!" is the sign behind the blank. Empty where there is
+/// none.
 std::string indexableBound(const std::string& column, std::string_view op, const std::string& digits)
 {
   const std::string from = quotedText(digits);
@@ -74,7 +76,8 @@ std::string asNumber(const Expression& expression)
   double number = 0;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
   if (result.ec != std::errc() || result.ptr != text.data() + text.size() || text.find_first_of("in") != std::string::npos)
-    throw base::Error(base::ErrorNumber::TypeMismatch, format("Der Text '{}' wird mit einer Zahl verglichen.", *expression.literal));
+    throw base::Error(base::ErrorNumber::TypeMismatch,
+                      format("Der Text '{}' wird mit einer Zahl verglichen.", *expression.literal));
   return format("mrd_number({})", expression.sql);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
-// Comparisons as the dialect means them: text without regard to case and trailing blanks, text beside a number as a number, TRUE as
-// any number but 0.
+// Comparisons as the dialect means them: text without regard to case and trailing blanks, text beside a number as a number, TRUE
+// as any number but 0.
 
 #include "platform/dao/expression.h"
 

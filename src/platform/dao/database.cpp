@@ -136,6 +136,16 @@ Database Database::create(std::string_view path)
 
 Recordset Database::openRecordset(std::string_view source, const Parameters& parameters)
 {
+  return openRows(source, parameters, false);
+}
+
+Recordset Database::openSnapshot(std::string_view source, const Parameters& parameters)
+{
+  return openRows(source, parameters, true);
+}
+
+Recordset Database::openRows(std::string_view source, const Parameters& parameters, bool atOnce)
+{
   const Connection& connection = *state_->connection;
   state_->schema.refresh();
   const bool isTable = state_->schema.table(source) != nullptr;
@@ -144,7 +154,7 @@ Recordset Database::openRecordset(std::string_view source, const Parameters& par
   if (translation.kind != Translation::Kind::Select)
     failSyntax(source);
   const TableDescription& table = *state_->schema.table(translation.table);
-  if (translation.keyed && !table.rowKey.empty()) {
+  if (!atOnce && translation.keyed && !table.rowKey.empty()) {
     auto names = translation.columns.empty() ? namesOf(table) : translation.columns;
     auto keys = readKeys(connection, translation, table, parameters);
     return Recordset(std::make_unique<Recordset::State>(connection, table, std::move(names), std::move(keys)));

@@ -3,8 +3,9 @@
 //
 // The dialect: LIKE with * ? # and [..], Mid$ and Len, #m/d/yyyy h:mm:ss#, [names in brackets], Table.column, DELETE * FROM,
 // SELECT TOP n, TRUE, FALSE, yes, no, DISTINCT, ALTER TABLE .. ADD COLUMN .. BIT|MEMO|DATE|TEXT|LONG|DOUBLE, CREATE TABLE with
-// TEXT, MEMO, LONG, DOUBLE, BIT, DATE, COUNTER CONSTRAINT name PRIMARY KEY, CREATE INDEX, DROP TABLE. Text comparison ignores case and trailing blanks; a name of a table or
-// column ignores case, umlauts included. A bare `?` stands for the next of the given parameters.
+// TEXT, MEMO, LONG, DOUBLE, BIT, DATE, COUNTER CONSTRAINT name PRIMARY KEY, CREATE INDEX, DROP TABLE. Text comparison ignores
+// case and trailing blanks; a name of a table or column ignores case, umlauts included. A bare `?` stands for the next of the
+// given parameters.
 //
 // Every failure is a base::Error.
 
@@ -39,6 +40,8 @@ public:
 
   /// `source` is a SELECT statement or a table's name.
   Recordset openRecordset(std::string_view source, const Parameters& parameters = {});
+  /// The same for reading only: all rows are read now, in one go. The fast way to a few columns of many rows.
+  Recordset openSnapshot(std::string_view source, const Parameters& parameters = {});
   /// Runs DELETE, UPDATE, INSERT and DDL; the number of rows changed.
   std::size_t execute(std::string_view statement, const Parameters& parameters = {});
 
@@ -51,12 +54,14 @@ private:
   friend class Transaction;
   struct State;
   explicit Database(std::unique_ptr<State> state);
+  Recordset openRows(std::string_view source, const Parameters& parameters, bool atOnce);
   std::unique_ptr<State> state_;
 };
 
 /// Rows of a statement, remembered by their keys when it opens and read when the cursor reaches them, so that an edit of a key
-/// column does not disturb the walk. Rows of a single table can be changed; of DISTINCT, only read. A row that was removed
-/// meanwhile is passed over by the walk. The cursor stands on the first row after opening.
+/// column does not disturb the walk. Rows of a single table can be changed; those of DISTINCT, of calculated or renamed columns,
+/// of a view or of a snapshot are read at once and cannot. A row that was removed meanwhile is passed over by the walk. The
+/// cursor stands on the first row after opening. No lock is held between two calls.
 class Recordset {
 public:
   Recordset(Recordset&&) noexcept;
@@ -73,17 +78,17 @@ public:
   /// Throws NoCurrentRecord at the end.
   void moveNext();
 
-  /// Puts the cursor on the first row that meets a criteria text such as "Einstellung = 'Titel'"; see noMatch. Without a match the
-  /// cursor stands on no row. The text must be one boolean expression: anything else throws SyntaxError, and so does what only an
-  /// apostrophe in a spliced value brings in (a condition between constants, an OR whose sides do not stand in parentheses).
-  /// Parameters stand for bare `?`.
+  /// Puts the cursor on the first row that meets a criteria text such as "Einstellung = 'Titel'"; see noMatch. Without a match
+  /// the cursor stands on no row. The text must be one boolean expression: anything else throws SyntaxError, and so does what
+  /// only an apostrophe in a spliced value brings in (a condition between constants, an OR whose sides do not stand in
+  /// parentheses). Parameters stand for bare `?`.
   void findFirst(std::string_view criteria, const Parameters& parameters = {});
   bool noMatch() const;
 
   void addNew();
   void edit();
-  /// Writes what set() gathered since addNew() or edit(); a move of the cursor forgets it. After an added row the cursor stays where
-  /// it was; the row is the recordset's last.
+  /// Writes what set() gathered since addNew() or edit(); a move of the cursor forgets it. After an added row the cursor stays
+  /// where it was; the row is the recordset's last.
   void update();
   /// Removes the row under the cursor; the cursor then stands before the next one, which moveNext() reaches.
   void remove();

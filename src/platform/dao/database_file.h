@@ -1,6 +1,6 @@
 #pragma once
-// Files before and behind the engine: what can be said of them without it, and what makes one fit for use. For the sources of this
-// folder only.
+// Files before and behind the engine: what can be said of them without it, and what makes one fit for use. For the sources of
+// this folder only.
 
 #include "platform/dao/engine.h"
 

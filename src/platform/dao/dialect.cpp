@@ -173,8 +173,10 @@ Translation RowStatement::select()
   if (distinct && out.order.empty())
     out.order = joined(places);
   out.table = tableName_;
-  out.keyed = !distinct && std::all_of(chosen.begin(), chosen.end(), [](const auto& i) { return i.expression.role == Role::Column; });
-  out.sql = format("SELECT {}{} FROM {}", distinct ? "DISTINCT " : "", all && list.empty() ? "*" : joined(list), quotedName(tableName_));
+  out.keyed =
+      !distinct && std::all_of(chosen.begin(), chosen.end(), [](const auto& i) { return i.expression.role == Role::Column; });
+  out.sql = format("SELECT {}{} FROM {}", distinct ? "DISTINCT " : "", all && list.empty() ? "*" : joined(list),
+                   quotedName(tableName_));
   out.sql += out.where.empty() ? "" : " WHERE " + out.where;
   out.sql += out.order.empty() ? "" : " ORDER BY " + out.order;
   out.sql += out.top ? format(" LIMIT {}", *out.top) : "";

@@ -32,9 +32,9 @@ struct Translation {
   std::size_t parameters = 0;
 };
 
-/// Translation of one complete statement. With a schema, names of tables and columns are those of the schema, whatever their case in
-/// the statement. Throws base::Error: SyntaxError for anything else than a statement of the dialect, ItemNotFound for a name that
-/// the schema lacks, TypeMismatch for a literal text compared with a number that it is not.
+/// Translation of one complete statement. With a schema, names of tables and columns are those of the schema, whatever their case
+/// in the statement. Throws base::Error: SyntaxError for anything else than a statement of the dialect, ItemNotFound for a name
+/// that the schema lacks, TypeMismatch for a literal text compared with a number that it is not.
 Translation translateStatement(std::string_view statement, const Schema* schema = nullptr);
 
 /// A condition in the engine's SQL.

@@ -63,7 +63,7 @@ void Statement::bind(int parameter, std::int64_t number)
 
 void Statement::bindBytes(int parameter, std::string_view bytes)
 {
-  const int code = sqlite3_bind_blob64(statement_.get(), parameter, bytes.data(), bytes.size(), SQLITE_TRANSIENT);
+  const int code = sqlite3_bind_blob64(statement_.get(), parameter, bytes.data(), bytes.size(), SQLITE_STATIC);
   if (code != SQLITE_OK)
     fail(code);
 }
@@ -199,7 +199,8 @@ void Connection::fail(int code) const
   switch (code & 0xFF) {
   case SQLITE_BUSY:
   case SQLITE_LOCKED:
-    throw base::Error(ErrorNumber::DatabaseLocked, format("Die Datei '{}' wird gerade von einem anderen Programm benutzt.", path_));
+    throw base::Error(ErrorNumber::DatabaseLocked,
+                      format("Die Datei '{}' wird gerade von einem anderen Programm benutzt.", path_));
   case SQLITE_NOTADB:
     throw base::Error(ErrorNumber::NotADatabase, format("Die Datei '{}' ist keine Datenbank.", path_));
   case SQLITE_CORRUPT:

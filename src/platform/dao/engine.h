@@ -25,6 +25,7 @@ public:
   /// Parameters count from 1.
   void bind(int parameter, const Value& value);
   void bind(int parameter, std::int64_t number);
+  /// `bytes` have to stay where they are until the statement has run.
   void bindBytes(int parameter, std::string_view bytes);
   /// Runs up to the next row; false behind the last one.
   bool step();

@@ -16,8 +16,9 @@ void FileSchema::refresh()
   version_ = -1;
   entries_.clear();
   described_.clear();
-  Statement list = connection_.prepare("SELECT name, type = 'view' OR sql LIKE 'CREATE VIRTUAL%' FROM sqlite_master "
-                                       "WHERE type IN ('table', 'view') AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY rowid");
+  Statement list =
+      connection_.prepare("SELECT name, type = 'view' OR sql LIKE 'CREATE VIRTUAL%' FROM sqlite_master "
+                          "WHERE type IN ('table', 'view') AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY rowid");
   while (list.step())
     entries_.push_back({list.value(0).text(), list.integer(1) != 0});
   version_ = version;

@@ -125,8 +125,7 @@ std::size_t Recordset::State::firstPlace(Statement& matches)
 
 std::size_t Recordset::State::findByKey(const std::string& criteria, const Parameters& parameters)
 {
-  Statement matches =
-      connection.prepare(format("SELECT {} FROM {} WHERE {}", table.rowKey, quotedName(table.name), criteria));
+  Statement matches = connection.prepare(format("SELECT {} FROM {} WHERE {}", table.rowKey, quotedName(table.name), criteria));
   for (std::size_t i = 0; i < parameters.size(); ++i)
     matches.bind(static_cast<int>(i) + 1, parameters[i]);
   return firstPlace(matches);
@@ -276,8 +275,7 @@ void Recordset::remove()
     failNoRecord();
   state_->discardEdit();
   const TableDescription& table = state_->table;
-  Statement statement =
-      state_->connection.prepare(format("DELETE FROM {} WHERE {} = ?1", quotedName(table.name), table.rowKey));
+  Statement statement = state_->connection.prepare(format("DELETE FROM {} WHERE {} = ?1", quotedName(table.name), table.rowKey));
   statement.bind(1, state_->keys[state_->at]);
   statement.run();
   state_->keys.erase(state_->keys.begin() + static_cast<std::ptrdiff_t>(state_->at));

@@ -53,8 +53,7 @@ void RowReader::prepare()
   std::string list = wanted_.empty() ? "1" : "";
   for (const auto column : wanted_)
     list.append(list.empty() ? "" : ", ").append(quotedName(columns_[column]));
-  statement_ =
-      connection_.prepare(base::format("SELECT {} FROM {} WHERE {} = ?1", list, quotedName(table_), rowKey_), true);
+  statement_ = connection_.prepare(base::format("SELECT {} FROM {} WHERE {} = ?1", list, quotedName(table_), rowKey_), true);
 }
 
 /// What is loaded stays as it is: its text may be in use.

@@ -37,7 +37,8 @@ public:
   virtual const TableDescription* table(std::string_view name) const = 0;
 };
 
-/// What a column declared with this type holds, by the engine's rules: https://www.sqlite.org/datatype3.html#determination_of_column_affinity
+/// What a column declared with this type holds, by the engine's rules:
+/// https://www.sqlite.org/datatype3.html#determination_of_column_affinity
 ContentType contentTypeOf(std::string_view declaredType);
 
 /// Whether two names of tables or columns mean the same.

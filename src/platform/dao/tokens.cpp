@@ -19,12 +19,15 @@ constexpr std::array<std::string_view, 16> kOperators{"<>", "<=", ">=", "=", "<"
 
 /// Words that a bare name of a table or column cannot be; in brackets all are allowed.
 constexpr std::array<std::string_view, 24> kReserved{
-    "select", "distinct", "top",  "from", "where", "order", "by",   "asc",   "desc", "and",    "or",     "not",
-    "like",   "between",  "in",   "is",   "null",  "as",    "true", "false", "set",  "values", "delete", "update"};
+    "select", "distinct", "top", "from", "where", "order", "by",   "asc",   "desc", "and",    "or",     "not",
+    "like",   "between",  "in",  "is",   "null",  "as",    "true", "false", "set",  "values", "delete", "update"};
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-bool beginsName(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || static_cast<unsigned char>(c) >= 0x80; }
+bool beginsName(char c)
+{
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || static_cast<unsigned char>(c) >= 0x80;
+}
 bool continuesName(char c) { return beginsName(c) || isDigit(c) || c == '$'; }
 
 /// Numbers between separators; empty unless there are `count` of them, each of one to four digits.

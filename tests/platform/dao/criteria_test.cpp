@@ -13,7 +13,8 @@ class SearchCriteria : public testing::Test {
 protected:
   SearchCriteria()
   {
-    for (const auto& [key, value] : {std::pair{"Titel", "eins"}, {"titel", "zwei"}, {"ShopID", "drei"}, {"it's", "vier"}, {"Menübreite", "fünf"}})
+    for (const auto& [key, value] :
+         {std::pair{"Titel", "eins"}, {"titel", "zwei"}, {"ShopID", "drei"}, {"it's", "vier"}, {"Menübreite", "fünf"}})
       sample.db().execute("INSERT INTO Einstellungen (Einstellung, Wert) VALUES (?, ?)", {key, value});
   }
 
@@ -73,10 +74,10 @@ TEST_F(SearchCriteria, refuse_a_value_with_an_apostrophe)
 
 TEST_F(SearchCriteria, refuse_values_that_try_to_become_a_condition)
 {
-  for (const char* value :
-       {"x' OR 'a'='a", "x' OR Einstellung = 'Titel", "x' OR TRUE OR 'a'='", "x' OR Einstellung <> 'y", "x' OR 1=1 OR ''='",
-        "x'; DELETE * FROM Einstellungen WHERE 'a'='a", "x' OR NOT Wert='", "a'='b", "T' & 'itel", "T' + 'itel", "x' OR 'b", "x' OR Wert LIKE '*",
-        "x' OR Wert IS NOT NULL OR Wert='", "x' UNION SELECT * FROM Seite WHERE id='", "x' -- ", "x' AND 'a'='a"}) {
+  for (const char* value : {"x' OR 'a'='a", "x' OR Einstellung = 'Titel", "x' OR TRUE OR 'a'='", "x' OR Einstellung <> 'y",
+                            "x' OR 1=1 OR ''='", "x'; DELETE * FROM Einstellungen WHERE 'a'='a", "x' OR NOT Wert='", "a'='b",
+                            "T' & 'itel", "T' + 'itel", "x' OR 'b", "x' OR Wert LIKE '*", "x' OR Wert IS NOT NULL OR Wert='",
+                            "x' UNION SELECT * FROM Seite WHERE id='", "x' -- ", "x' AND 'a'='a"}) {
     EXPECT_EQ(errorFor(std::string("Einstellung = '") + value + "'"), number(ErrorNumber::SyntaxError)) << value;
   }
   EXPECT_EQ(sample.db().openRecordset("Einstellungen").recordCount(), 5U);
@@ -86,10 +87,34 @@ TEST_F(SearchCriteria, take_a_doubled_apostrophe_for_one) { EXPECT_EQ(found("Ein
 
 TEST_F(SearchCriteria, refuse_what_is_not_exactly_one_condition)
 {
-  for (const char* text : {"", "   ", "'a'", "5", "Wert", "Einstellung", "Einstellung =", "= 'a'", "(Wert='a'", "Wert='a')", "Wert='a';",
-                           "Wert='a' Wert='b'", "SELECT * FROM Einstellungen", "Wert='a' ORDER BY Wert", "Wert='a', Wert='b'", "TRUE", "1=1",
-                           "Wert BETWEEN 'a'", "Wert IN", "Wert IN ()", "Wert NOT", "NOT", "Wert = = 'a'", "count(*) = 1", "[Wert = 'a'",
-                           "Wert = #13/45/2003#", "Wert = #", "Wert ! 'a'"})
+  for (const char* text : {"",
+                           "   ",
+                           "'a'",
+                           "5",
+                           "Wert",
+                           "Einstellung",
+                           "Einstellung =",
+                           "= 'a'",
+                           "(Wert='a'",
+                           "Wert='a')",
+                           "Wert='a';",
+                           "Wert='a' Wert='b'",
+                           "SELECT * FROM Einstellungen",
+                           "Wert='a' ORDER BY Wert",
+                           "Wert='a', Wert='b'",
+                           "TRUE",
+                           "1=1",
+                           "Wert BETWEEN 'a'",
+                           "Wert IN",
+                           "Wert IN ()",
+                           "Wert NOT",
+                           "NOT",
+                           "Wert = = 'a'",
+                           "count(*) = 1",
+                           "[Wert = 'a'",
+                           "Wert = #13/45/2003#",
+                           "Wert = #",
+                           "Wert ! 'a'"})
     EXPECT_EQ(errorFor(text), number(ErrorNumber::SyntaxError)) << text;
 }
 

@@ -155,10 +155,12 @@ TEST(OpeningADatabase, plays_back_the_journal_of_a_crash)
   // The journal of a transaction that never ended, and the file in the middle of it.
   sqlite3* crashed = nullptr;
   sqlite3_open((directory.native() / "projekt.mdb").c_str(), &crashed);
-  sqlite3_exec(crashed, "PRAGMA cache_size = 1; PRAGMA cache_spill = 1; BEGIN; UPDATE Seite SET Überschrift = 'halb';", nullptr, nullptr,
-               nullptr);
-  sqlite3_exec(crashed, "INSERT INTO Seite (html) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50) "
-               "SELECT hex(zeroblob(4000)) FROM n;", nullptr, nullptr, nullptr);
+  sqlite3_exec(crashed, "PRAGMA cache_size = 1; PRAGMA cache_spill = 1; BEGIN; UPDATE Seite SET Überschrift = 'halb';", nullptr,
+               nullptr, nullptr);
+  sqlite3_exec(crashed,
+               "INSERT INTO Seite (html) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50) "
+               "SELECT hex(zeroblob(4000)) FROM n;",
+               nullptr, nullptr, nullptr);
   directory.write("absturz.mdb", directory.read("projekt.mdb"));
   directory.write("absturz.mdb-journal", directory.read("projekt.mdb-journal"));
   sqlite3_close(crashed);
@@ -194,8 +196,9 @@ TEST(CreatingADatabase, stores_nothing_that_other_tools_do_not_understand)
 {
   Sample sample;
   sample.page("01", "Ä"), sample.page("00", "b");
-  runPlainSql(sample.directory(), "projekt.mdb", "SELECT * FROM Seite ORDER BY Überschrift; UPDATE Seite SET html = upper(id);"
-                                                 "REINDEX; VACUUM; PRAGMA integrity_check;");
+  runPlainSql(sample.directory(), "projekt.mdb",
+              "SELECT * FROM Seite ORDER BY Überschrift; UPDATE Seite SET html = upper(id);"
+              "REINDEX; VACUUM; PRAGMA integrity_check;");
   EXPECT_EQ(sample.ids("SELECT * FROM Seite WHERE html = '01'").size(), 1U);
 }
 

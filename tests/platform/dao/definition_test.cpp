@@ -22,7 +22,8 @@ TEST(Definitions, make_a_counter_the_key_of_its_table)
 {
   EXPECT_EQ(sqlOf("CREATE TABLE t (a COUNTER CONSTRAINT k PRIMARY KEY);"),
             "CREATE TABLE \"t\" (\"a\" INTEGER CONSTRAINT \"k\" PRIMARY KEY AUTOINCREMENT)");
-  EXPECT_EQ(sqlOf("CREATE TABLE t (a COUNTER, b TEXT)"), "CREATE TABLE \"t\" (\"a\" INTEGER PRIMARY KEY AUTOINCREMENT, \"b\" TEXT)");
+  EXPECT_EQ(sqlOf("CREATE TABLE t (a COUNTER, b TEXT)"),
+            "CREATE TABLE \"t\" (\"a\" INTEGER PRIMARY KEY AUTOINCREMENT, \"b\" TEXT)");
 }
 
 TEST(Definitions, know_keys_of_several_columns)
@@ -46,17 +47,19 @@ TEST(Definitions, refuse_a_name_that_is_taken_in_any_case)
 {
   Sample sample;
   EXPECT_EQ(errorOf([&] { sample.db().execute("CREATE TABLE SEITE (a TEXT)"); }), number(ErrorNumber::EngineError));
-  EXPECT_EQ(errorOf([&] { sample.db().execute("ALTER TABLE Seite ADD COLUMN ÜBERSCHRIFT TEXT"); }), number(ErrorNumber::EngineError));
+  EXPECT_EQ(errorOf([&] { sample.db().execute("ALTER TABLE Seite ADD COLUMN ÜBERSCHRIFT TEXT"); }),
+            number(ErrorNumber::EngineError));
   EXPECT_EQ(errorOf([&] { sample.db().execute("CREATE TABLE t (ä TEXT, Ä TEXT)"); }), number(ErrorNumber::EngineError));
   EXPECT_EQ(errorOf([&] { sample.db().execute("ALTER TABLE Fehlt ADD COLUMN a TEXT"); }), number(ErrorNumber::ItemNotFound));
 }
 
 TEST(Definitions, refuse_what_they_do_not_know)
 {
-  for (const char* text : {"CREATE TABLE t", "CREATE TABLE t ()", "CREATE TABLE t (a)", "CREATE TABLE t (a BLOB)", "CREATE TABLE t (a TEXT",
-                           "CREATE TABLE t (a TEXT) WITHOUT ROWID", "CREATE TABLE t AS SELECT * FROM u", "CREATE VIEW v AS SELECT 1",
-                           "CREATE TRIGGER x", "ALTER TABLE t DROP COLUMN a", "ALTER TABLE t ADD COLUMN a TEXT; DROP TABLE t",
-                           "ALTER TABLE t ADD COLUMN a TEXT DEFAULT 'x'", "CREATE TABLE t (a TEXT CONSTRAINT k)"})
+  for (const char* text :
+       {"CREATE TABLE t", "CREATE TABLE t ()", "CREATE TABLE t (a)", "CREATE TABLE t (a BLOB)", "CREATE TABLE t (a TEXT",
+        "CREATE TABLE t (a TEXT) WITHOUT ROWID", "CREATE TABLE t AS SELECT * FROM u", "CREATE VIEW v AS SELECT 1",
+        "CREATE TRIGGER x", "ALTER TABLE t DROP COLUMN a", "ALTER TABLE t ADD COLUMN a TEXT; DROP TABLE t",
+        "ALTER TABLE t ADD COLUMN a TEXT DEFAULT 'x'", "CREATE TABLE t (a TEXT CONSTRAINT k)"})
     EXPECT_EQ(errorOf([&] { translateStatement(text); }), number(ErrorNumber::SyntaxError)) << text;
 }
 

@@ -33,12 +33,35 @@ TEST(Dialect, doubles_quotes_on_the_way_out)
 TEST(Dialect, takes_exactly_one_statement)
 {
   EXPECT_EQ(errorFor("SELECT * FROM t;"), 0);
-  for (const char* text : {"SELECT * FROM t; DELETE * FROM t", "SELECT * FROM t;;", "", ";", "t", "SELECT", "SELECT * FROM", "SELECT FROM t",
-                           "SELECT * FROM t WHERE", "SELECT * FROM t ORDER", "SELECT * FROM t ORDER BY 1", "SELECT * FROM t, u", "SELECT * t",
-                           "SELECT * FROM t JOIN u", "SELECT * FROM t WHERE a = 'x", "DELETE t", "DROP DATABASE", "ATTACH 'x' AS y",
-                           "PRAGMA writable_schema = 1", "VACUUM", "SELECT * FROM t WHERE a = 'x' -- ", "SELECT * FROM t /* */",
-                           "SELECT TOP x * FROM t", "SELECT TOP 99999999999999999999 * FROM t", "UPDATE t SET", "INSERT INTO t", "SELECT * FROM (SELECT 1)",
-                           "SELECT load_extension('x') FROM t", "SELECT a FROM t WHERE 'abc'"})
+  for (const char* text : {"SELECT * FROM t; DELETE * FROM t",
+                           "SELECT * FROM t;;",
+                           "",
+                           ";",
+                           "t",
+                           "SELECT",
+                           "SELECT * FROM",
+                           "SELECT FROM t",
+                           "SELECT * FROM t WHERE",
+                           "SELECT * FROM t ORDER",
+                           "SELECT * FROM t ORDER BY 1",
+                           "SELECT * FROM t, u",
+                           "SELECT * t",
+                           "SELECT * FROM t JOIN u",
+                           "SELECT * FROM t WHERE a = 'x",
+                           "DELETE t",
+                           "DROP DATABASE",
+                           "ATTACH 'x' AS y",
+                           "PRAGMA writable_schema = 1",
+                           "VACUUM",
+                           "SELECT * FROM t WHERE a = 'x' -- ",
+                           "SELECT * FROM t /* */",
+                           "SELECT TOP x * FROM t",
+                           "SELECT TOP 99999999999999999999 * FROM t",
+                           "UPDATE t SET",
+                           "INSERT INTO t",
+                           "SELECT * FROM (SELECT 1)",
+                           "SELECT load_extension('x') FROM t",
+                           "SELECT a FROM t WHERE 'abc'"})
     EXPECT_EQ(errorFor(text), number(ErrorNumber::SyntaxError)) << text;
 }
 
@@ -51,7 +74,8 @@ TEST(Dialect, writes_dates_as_date_columns_hold_them)
 {
   EXPECT_THAT(translateStatement("SELECT * FROM t WHERE a > #2/9/2003 7:05:01#").sql, HasSubstr("'2003-02-09 07:05:01'"));
   EXPECT_THAT(translateStatement("SELECT * FROM t WHERE a > #12/31/1999#").sql, HasSubstr("'1999-12-31 00:00:00'"));
-  for (const char* date : {"#2/30/2003#", "#31/12/2003#", "#1/1/03#", "#2003#", "#1/1/2003 25:00:00#", "#1/1/2003 1#", "#a/b/c#", "##", "#1/1/2003"})
+  for (const char* date :
+       {"#2/30/2003#", "#31/12/2003#", "#1/1/03#", "#2003#", "#1/1/2003 25:00:00#", "#1/1/2003 1#", "#a/b/c#", "##", "#1/1/2003"})
     EXPECT_EQ(errorFor(std::string("SELECT * FROM t WHERE a > ") + date), number(ErrorNumber::SyntaxError)) << date;
 }
 
@@ -75,14 +99,16 @@ TEST(Dialect, numbers_its_parameters)
 TEST(Dialect, lets_the_engine_use_an_index_for_digits)
 {
   Sample sample;
-  sample.page("01 "), sample.page("01"), sample.page("010"), sample.page("0"), sample.page("01A"), sample.page("M01"), sample.page("02");
+  sample.page("01 "), sample.page("01"), sample.page("010"), sample.page("0"), sample.page("01A"), sample.page("M01"),
+      sample.page("02");
 
   EXPECT_THAT(sample.ids("SELECT * FROM Seite WHERE id = '01'"), ElementsAre("01 ", "01"));
   EXPECT_THAT(sample.ids("SELECT * FROM Seite WHERE '01 ' = id"), ElementsAre("01 ", "01"));
   EXPECT_THAT(sample.ids("SELECT * FROM Seite WHERE id <= '01' ORDER BY id"), ElementsAre("0", "01 ", "01"));
   EXPECT_THAT(sample.ids("SELECT * FROM Seite WHERE id < '01'"), ElementsAre("0"));
   EXPECT_THAT(sample.ids("SELECT * FROM Seite WHERE '01' < id ORDER BY id"), ElementsAre("010", "01A", "02", "M01"));
-  EXPECT_THAT(sample.ids("SELECT * FROM Seite WHERE id >= '01' ORDER BY id"), ElementsAre("01 ", "01", "010", "01A", "02", "M01"));
+  EXPECT_THAT(sample.ids("SELECT * FROM Seite WHERE id >= '01' ORDER BY id"),
+              ElementsAre("01 ", "01", "010", "01A", "02", "M01"));
   EXPECT_THAT(sample.ids("SELECT * FROM Seite WHERE id LIKE '01'"), ElementsAre("01 ", "01"));
   EXPECT_THAT(sample.ids("SELECT * FROM Seite WHERE id LIKE '01*' ORDER BY id"), ElementsAre("01 ", "01", "010", "01A"));
 }
@@ -124,7 +150,8 @@ TEST_F(Expressions, know_the_text_functions)
 
 TEST_F(Expressions, give_null_for_null)
 {
-  for (const char* expression : {"Len(leer)", "Mid(leer, 1)", "UCase(leer)", "Right(leer, 1)", "leer + 'x'", "leer = 'x'", "leer LIKE '*'", "Val(leer)"})
+  for (const char* expression :
+       {"Len(leer)", "Mid(leer, 1)", "UCase(leer)", "Right(leer, 1)", "leer + 'x'", "leer = 'x'", "leer LIKE '*'", "Val(leer)"})
     EXPECT_EQ(value(expression), "NULL") << expression;
   EXPECT_EQ(value("leer & 'x'"), "x");
   EXPECT_EQ(value("IsNull(leer)"), "1");
@@ -181,7 +208,8 @@ TEST(Names, ignore_case_with_umlauts_too)
   sample.page("00", "Start");
   sample.db().execute("INSERT INTO DATEIEN (ÜBERTRAGEN) VALUES (yes)");
 
-  EXPECT_THAT(sample.column("SELECT ÜBERSCHRIFT FROM SEITE WHERE sEITE.überschrift = 'START'", "überSCHRIFT"), ElementsAre("Start"));
+  EXPECT_THAT(sample.column("SELECT ÜBERSCHRIFT FROM SEITE WHERE sEITE.überschrift = 'START'", "überSCHRIFT"),
+              ElementsAre("Start"));
   EXPECT_THAT(sample.column("SELECT * FROM dateien WHERE [ÜBERTRAGEN] = TRUE", "Übertragen"), ElementsAre("1"));
   EXPECT_EQ(sample.db().execute("UPDATE seite SET ÜberSchrift = 'x' WHERE ÜBERSCHRIFT = 'start'"), 1U);
 }
@@ -192,7 +220,8 @@ TEST(Names, that_are_missing_are_told)
   EXPECT_EQ(errorOf([&] { sample.db().openRecordset("SELECT * FROM Gibtesnicht"); }), number(ErrorNumber::ItemNotFound));
   EXPECT_EQ(errorOf([&] { sample.db().openRecordset("SELECT fehlt FROM Seite"); }), number(ErrorNumber::ItemNotFound));
   EXPECT_EQ(errorOf([&] { sample.db().openRecordset("SELECT * FROM Seite ORDER BY fehlt"); }), number(ErrorNumber::ItemNotFound));
-  EXPECT_EQ(errorOf([&] { sample.db().openRecordset("SELECT * FROM Seite WHERE Dateien.id = '1'"); }), number(ErrorNumber::ItemNotFound));
+  EXPECT_EQ(errorOf([&] { sample.db().openRecordset("SELECT * FROM Seite WHERE Dateien.id = '1'"); }),
+            number(ErrorNumber::ItemNotFound));
   EXPECT_EQ(errorOf([&] { sample.db().openRecordset("SELECT * FROM sqlite_master"); }), number(ErrorNumber::ItemNotFound));
   EXPECT_EQ(errorOf([&] { sample.db().execute("SELECT * FROM Seite"); }), number(ErrorNumber::SyntaxError));
   EXPECT_EQ(errorOf([&] { sample.db().openRecordset("DELETE * FROM Seite"); }), number(ErrorNumber::SyntaxError));

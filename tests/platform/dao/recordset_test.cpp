@@ -248,6 +248,19 @@ TEST_F(RecordsetTest, of_a_renamed_or_calculated_column_is_for_reading)
   EXPECT_EQ(errorOf([&] { rows.remove(); }), number(ErrorNumber::EngineError));
 }
 
+TEST_F(RecordsetTest, as_a_snapshot_shows_what_was_there_when_it_opened)
+{
+  auto rows = sample.db().openSnapshot("SELECT id, Überschrift FROM Seite WHERE id > ? ORDER BY ID", {"00"});
+  sample.db().execute("UPDATE Seite SET Überschrift = 'anders'");
+  sample.db().execute("DELETE * FROM Seite");
+
+  EXPECT_EQ(rows.recordCount(), 3U);
+  EXPECT_EQ(rows.value("überschrift").text(), "Haus");
+  rows.findFirst("Überschrift = 'garten'");
+  EXPECT_EQ(rows.text(rows.column("ID")), "03");
+  EXPECT_EQ(errorOf([&] { rows.edit(); }), number(ErrorNumber::EngineError));
+}
+
 TEST_F(RecordsetTest, survives_being_moved)
 {
   auto first = sample.db().openRecordset("SELECT * FROM Seite ORDER BY ID");

@@ -8,7 +8,8 @@ namespace mrd::dao {
 namespace {
 
 constexpr std::string_view kTables[] = {
-    "CREATE TABLE Seite (id TEXT, Überschrift TEXT, html MEMO, dateiname TEXT, [seitentyp-id] LONG, script MEMO, changingdate DATE, "
+    "CREATE TABLE Seite (id TEXT, Überschrift TEXT, html MEMO, dateiname TEXT, [seitentyp-id] LONG, script MEMO, changingdate "
+    "DATE, "
     "expanded BIT)",
     "CREATE TABLE Einstellungen (Einstellung TEXT, Wert MEMO)",
     "CREATE TABLE Dateien (pfad TEXT, dateiname TEXT, erweiterung TEXT, [dateityp-id] LONG, übertragen BIT, dateidatum DATE, "
@@ -27,7 +28,8 @@ Sample::Sample() : database_(Database::create(path()))
 
 void Sample::page(std::string_view id, Value heading, Value type)
 {
-  database_.execute("INSERT INTO Seite (id, Überschrift, [seitentyp-id]) VALUES (?, ?, ?)", {id, std::move(heading), std::move(type)});
+  database_.execute("INSERT INTO Seite (id, Überschrift, [seitentyp-id]) VALUES (?, ?, ?)",
+                    {id, std::move(heading), std::move(type)});
 }
 
 std::vector<std::string> Sample::column(std::string_view statement, std::string_view name, const Parameters& parameters)

@@ -69,8 +69,9 @@ TEST_F(StoredContent, in_another_encoding_is_read_too)
 
 TEST_F(StoredContent, of_views_and_tables_without_row_ids_can_be_read)
 {
-  auto database = make("CREATE TABLE w (a TEXT PRIMARY KEY, b TEXT) WITHOUT ROWID; INSERT INTO w VALUES ('x', 'eins'), ('Y', 'zwei');"
-                       "CREATE VIEW v AS SELECT a, b FROM w;");
+  auto database =
+      make("CREATE TABLE w (a TEXT PRIMARY KEY, b TEXT) WITHOUT ROWID; INSERT INTO w VALUES ('x', 'eins'), ('Y', 'zwei');"
+           "CREATE VIEW v AS SELECT a, b FROM w;");
 
   for (const char* source : {"w", "v"}) {
     auto rows = database.openRecordset(std::string("SELECT * FROM ") + source + " WHERE a <> 'z' ORDER BY a DESC");
@@ -105,8 +106,9 @@ TEST_F(StoredContent, cannot_run_triggers)
 
 TEST_F(StoredContent, cannot_keep_the_program_busy_for_ever)
 {
-  auto database = make("CREATE TABLE t (a TEXT); CREATE VIEW endlos AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) "
-                       "SELECT i FROM n WHERE i < 0;");
+  auto database =
+      make("CREATE TABLE t (a TEXT); CREATE VIEW endlos AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) "
+           "SELECT i FROM n WHERE i < 0;");
 
   EXPECT_EQ(errorOf([&] { database.openRecordset("endlos"); }), number(ErrorNumber::EngineError));
   EXPECT_EQ(database.execute("INSERT INTO t VALUES ('geht')"), 1U);

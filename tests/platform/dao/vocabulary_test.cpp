@@ -117,22 +117,26 @@ TEST_F(Vocabulary, selects_a_page_by_its_heading_with_question_marks_for_apostro
 
 TEST_F(Vocabulary, selects_the_top_menu_without_blind_pages)
 {
-  EXPECT_THAT(sample.ids("select id, Überschrift, [seitentyp-id], dateiname from seite WHERE (((Seite.id)>'00' And (Seite.id)<='99' "
-                         "And (Len([id])<3) and ([seitentyp-id]<>3) )) Order By ID"),
-              ElementsAre("01"));
-  EXPECT_THAT(sample.ids("SELECT * FROM Seite WHERE ([id] LIKE '?\?') and ([seitentyp-id]<>3) ORDER BY ID"), ElementsAre("00", "01"));
+  EXPECT_THAT(
+      sample.ids("select id, Überschrift, [seitentyp-id], dateiname from seite WHERE (((Seite.id)>'00' And (Seite.id)<='99' "
+                 "And (Len([id])<3) and ([seitentyp-id]<>3) )) Order By ID"),
+      ElementsAre("01"));
+  EXPECT_THAT(sample.ids("SELECT * FROM Seite WHERE ([id] LIKE '?\?') and ([seitentyp-id]<>3) ORDER BY ID"),
+              ElementsAre("00", "01"));
   EXPECT_THAT(sample.ids("SELECT * FROM Seite WHERE ([id] LIKE '01?\?') and ([seitentyp-id]<>3) ORDER BY ID"),
               ElementsAre("0101", "0102"));
 }
 
 TEST_F(Vocabulary, selects_the_deeper_menus_in_each_of_their_forms)
 {
-  EXPECT_THAT(sample.ids("select id, dateiname, Überschrift, [seitentyp-id] from seite WHERE (((Seite.id)>'01' And (Seite.id)<'02' And "
-                         "(Len([id])=4)) and ([seitentyp-id]<>3) ) Order By ID"),
-              ElementsAre("0101", "0102"));
-  EXPECT_THAT(sample.ids("select id, dateiname, Überschrift, [seitentyp-id] from seite WHERE (((Seite.id)>'0102' And (Seite.id)<'0103' "
-                         "And (Len([id])=6) and ([seitentyp-id]<>3) )) Order By ID"),
-              ElementsAre("010201"));
+  EXPECT_THAT(
+      sample.ids("select id, dateiname, Überschrift, [seitentyp-id] from seite WHERE (((Seite.id)>'01' And (Seite.id)<'02' And "
+                 "(Len([id])=4)) and ([seitentyp-id]<>3) ) Order By ID"),
+      ElementsAre("0101", "0102"));
+  EXPECT_THAT(
+      sample.ids("select id, dateiname, Überschrift, [seitentyp-id] from seite WHERE (((Seite.id)>'0102' And (Seite.id)<'0103' "
+                 "And (Len([id])=6) and ([seitentyp-id]<>3) )) Order By ID"),
+      ElementsAre("010201"));
   EXPECT_THAT(sample.ids("select id, dateiname, Überschrift, [seitentyp-id] from seite WHERE (((Seite.id)>'010201' And "
                          "(Seite.id)<'010202' And (Len([id])=8) and ([seitentyp-id]<>3))) Order By ID"),
               IsEmpty());
@@ -142,15 +146,17 @@ TEST_F(Vocabulary, never_lists_pages_below_99_whose_bound_is_100)
 {
   sample.page("9901");
 
-  EXPECT_THAT(sample.ids("select id, dateiname, Überschrift, [seitentyp-id] from seite WHERE (((Seite.id)>'99' And (Seite.id)<'100' And "
-                         "(Len([id])=4)) and ([seitentyp-id]<>3) ) Order By ID"),
-              IsEmpty());
+  EXPECT_THAT(
+      sample.ids("select id, dateiname, Überschrift, [seitentyp-id] from seite WHERE (((Seite.id)>'99' And (Seite.id)<'100' And "
+                 "(Len([id])=4)) and ([seitentyp-id]<>3) ) Order By ID"),
+      IsEmpty());
 }
 
 TEST_F(Vocabulary, finds_the_next_the_previous_and_the_parent_page)
 {
   EXPECT_THAT(sample.ids("SELECT TOP 1 * FROM Seite WHERE ID>'0102' and ([seitentyp-id]<>3) ORDER BY ID"), ElementsAre("010201"));
-  EXPECT_THAT(sample.ids("SELECT TOP 1 * FROM Seite WHERE ID<'0102' and ([seitentyp-id]<>3) ORDER BY ID DESC"), ElementsAre("0101"));
+  EXPECT_THAT(sample.ids("SELECT TOP 1 * FROM Seite WHERE ID<'0102' and ([seitentyp-id]<>3) ORDER BY ID DESC"),
+              ElementsAre("0101"));
   EXPECT_THAT(sample.ids("SELECT TOP 1 * FROM Seite WHERE ID='01' and ([seitentyp-id]<>3)"), ElementsAre("01"));
   EXPECT_THAT(sample.ids("SELECT TOP 1 * FROM Seite WHERE ID<'00' and ([seitentyp-id]<>3) ORDER BY ID DESC"), IsEmpty());
 }
@@ -169,8 +175,10 @@ TEST_F(Vocabulary, selects_the_pages_that_changed_since_the_last_run)
 
   EXPECT_THAT(sample.ids("select * from seite  WHERE (id = '00') OR (changingdate > #7/9/2003 10:05:00#)  Order By ID"),
               ElementsAre("00", "0101", "02"));
-  EXPECT_THAT(sample.ids("select * from seite  WHERE (id = '00') OR (changingdate > #7/9/2003 10:05:00#)  Order By changingdate DESC, ID"),
-              ElementsAre("02", "0101", "00"));
+  EXPECT_THAT(
+      sample.ids(
+          "select * from seite  WHERE (id = '00') OR (changingdate > #7/9/2003 10:05:00#)  Order By changingdate DESC, ID"),
+      ElementsAre("02", "0101", "00"));
   EXPECT_THAT(sample.ids("select * from seite  WHERE (id = '00') OR (changingdate > #1/1/1900 00:00:00#)  Order By ID"),
               ElementsAre("00", "01", "0101", "02"));
 }
@@ -186,7 +194,8 @@ TEST_F(Vocabulary, clears_the_file_register_and_tells_its_kinds_apart)
   for (const int type : {1, 2, 4, 5})
     sample.db().execute("INSERT INTO Dateien (dateiname, [dateityp-id], übertragen) VALUES (?, ?, ?)", {"d", type, type == 2});
 
-  EXPECT_THAT(sample.column("SELECT * FROM Dateien WHERE ([dateityp-id]=2) and (übertragen=TRUE)", "dateityp-id"), ElementsAre("2"));
+  EXPECT_THAT(sample.column("SELECT * FROM Dateien WHERE ([dateityp-id]=2) and (übertragen=TRUE)", "dateityp-id"),
+              ElementsAre("2"));
   EXPECT_THAT(sample.column("SELECT * FROM Dateien WHERE [dateityp-id]=1 ", "dateityp-id"), ElementsAre("1"));
   EXPECT_EQ(sample.db().execute("DELETE * FROM Dateien WHERE ([Dateityp-id] = 1) OR ([Dateityp-id] = 2)"), 2U);
   EXPECT_EQ(sample.db().execute("DELETE * FROM Dateien WHERE [Dateityp-ID]=4"), 1U);
@@ -207,19 +216,22 @@ TEST_F(Vocabulary, reads_the_control_types_of_a_window_once_each)
   for (const char* type : {"Toolbar", "Label", "label", "Menu", "Label "})
     sample.db().execute("INSERT INTO tbl_Language (FormName, ControlType) VALUES ('frmMain', ?)", {type});
 
-  EXPECT_EQ(sample.column("SELECT distinct tbl_Language.ControlType FROM tbl_Language WHERE FormName = 'FrmMain';", "ControlType").size(),
+  EXPECT_EQ(sample.column("SELECT distinct tbl_Language.ControlType FROM tbl_Language WHERE FormName = 'FrmMain';", "ControlType")
+                .size(),
             3U);
 }
 
 TEST_F(Vocabulary, reads_the_pages_of_a_tab_backwards_by_a_column_named_like_a_keyword)
 {
   for (const char* index : {"0", "2", "1"})
-    sample.db().execute("INSERT INTO tbl_Language (FormName, ControlType, Index, Language) VALUES ('frmMain', 'Tab', ?, 'GER')", {index});
+    sample.db().execute("INSERT INTO tbl_Language (FormName, ControlType, Index, Language) VALUES ('frmMain', 'Tab', ?, 'GER')",
+                        {index});
 
-  EXPECT_THAT(sample.column("Select * from tbl_Language Where (FormName = 'frmMain') And (ControlType = 'Tab') And (Language = 'GER')"
-                            "order by Index desc;",
-                            "Index"),
-              ElementsAre("2", "1", "0"));
+  EXPECT_THAT(
+      sample.column("Select * from tbl_Language Where (FormName = 'frmMain') And (ControlType = 'Tab') And (Language = 'GER')"
+                    "order by Index desc;",
+                    "Index"),
+      ElementsAre("2", "1", "0"));
 }
 
 TEST_F(Vocabulary, reads_an_active_message)
@@ -236,8 +248,9 @@ TEST_F(Vocabulary, reads_an_active_message)
 
 TEST_F(Vocabulary, creates_the_article_table_and_reads_it_in_order)
 {
-  sample.db().execute("CREATE TABLE Artikel (Artikel_deutsch TEXT, Artikel_englisch TEXT, Preis_Euro DOUBLE, Preis_Dollar DOUBLE, "
-                      "Artikelnummer COUNTER CONSTRAINT Artikelnummer PRIMARY KEY);");
+  sample.db().execute(
+      "CREATE TABLE Artikel (Artikel_deutsch TEXT, Artikel_englisch TEXT, Preis_Euro DOUBLE, Preis_Dollar DOUBLE, "
+      "Artikelnummer COUNTER CONSTRAINT Artikelnummer PRIMARY KEY);");
   sample.db().execute("INSERT INTO Artikel (Artikel_deutsch, Preis_Euro) VALUES ('Stuhl', 12.5)");
   sample.db().execute("INSERT INTO Artikel (Artikel_deutsch) VALUES ('Tisch')");
 
