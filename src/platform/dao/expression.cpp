@@ -4,6 +4,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "platform/dao/comparison.h"
+#include "platform/dao/functions.h"
 
 #include <algorithm>
 #include <array>
@@ -18,41 +19,6 @@ using Role = Expression::Role;
 constexpr int kMaxNesting = 60;
 constexpr int kMaxOperations = 900;
 constexpr std::size_t kMaxOperationSize = 1'000'000;
-
-struct Function {
-  std::string_view name;
-  std::size_t arguments;
-  ContentType type;
-  Role role;
-  /// The engine's form; {0}, {1}, {2} are the arguments.
-  std::string_view form;
-};
-
-constexpr std::array kFunctions{
-    Function{"len", 1, ContentType::Number, Role::Value, "length({0})"},
-    Function{"mid", 2, ContentType::Text, Role::Value, "substr({0}, max(1, {1}))"},
-    Function{"mid", 3, ContentType::Text, Role::Value, "substr({0}, max(1, {1}), max(0, {2}))"},
-    Function{"left", 2, ContentType::Text, Role::Value, "substr({0}, 1, max(0, {1}))"},
-    Function{"right", 2, ContentType::Text, Role::Value, "mrd_right({0}, {1})"},
-    Function{"ucase", 1, ContentType::Text, Role::Value, "mrd_upper({0})"},
-    Function{"lcase", 1, ContentType::Text, Role::Value, "mrd_lower({0})"},
-    Function{"trim", 1, ContentType::Text, Role::Value, "trim({0})"},
-    Function{"ltrim", 1, ContentType::Text, Role::Value, "ltrim({0})"},
-    Function{"rtrim", 1, ContentType::Text, Role::Value, "rtrim({0})"},
-    Function{"val", 1, ContentType::Number, Role::Value, "mrd_val({0})"},
-    Function{"isnull", 1, ContentType::Number, Role::Condition, "({0} IS NULL)"},
-};
-
-struct Aggregate {
-  std::string_view name;
-  /// What it gives; Unknown: what its argument holds.
-  ContentType type;
-};
-
-constexpr std::array kAggregates{
-    Aggregate{"count", ContentType::Number}, Aggregate{"max", ContentType::Unknown}, Aggregate{"min", ContentType::Unknown},
-    Aggregate{"sum", ContentType::Number},   Aggregate{"avg", ContentType::Number},
-};
 
 constexpr std::array<std::string_view, 6> kComparisons{"=", "<>", "<", ">", "<=", ">="};
 constexpr std::array<std::string_view, 3> kTrue{"true", "yes", "on"};
@@ -374,11 +340,9 @@ Expression ExpressionParser::call()
     out.constant = allConstant(given);
     return out;
   }
-  for (const auto& known : kFunctions) {
-    if (known.name != function || known.arguments != given.size())
-      continue;
+  if (const Function* known = findFunction(function, given.size())) {
     const auto argument = [&given](std::size_t at) { return at < given.size() ? std::string_view(given[at].sql) : ""; };
-    Expression out{format(fmt::runtime(known.form), argument(0), argument(1), argument(2)), known.type, known.role};
+    Expression out{format(fmt::runtime(known->form), argument(0), argument(1), argument(2)), known->type, known->role};
     out.constant = allConstant(given);
     return out;
   }
@@ -387,9 +351,8 @@ Expression ExpressionParser::call()
 
 Expression ExpressionParser::selected()
 {
-  const auto* const known = std::find_if(kAggregates.begin(), kAggregates.end(),
-                                         [this](const auto& aggregate) { return reader_.isKeyword(aggregate.name); });
-  if (known == kAggregates.end() || !reader_.isOperator("(", 1))
+  const Aggregate* known = findAggregate(reader_.peek().keyword);
+  if (known == nullptr || !reader_.isOperator("(", 1))
     return expression();
   reader_.take();
   reader_.expectOperator("(");
