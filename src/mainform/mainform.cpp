@@ -17,7 +17,7 @@ namespace {
 constexpr std::string_view kEmptyProject = "\\mrdleer.mdb";
 constexpr std::string_view kOpening = "DialogOpenChangeNewDB";
 constexpr int kMessageExists = 5, kMessageNoTemplate = 6, kMessageNoEmptyFile = 13, kMessageRetry = 14, kMessageNoProject = 15,
-              kMessageAccessDenied = 16, kMessageNoExportDirectory = 37;
+              kMessageAccessDenied = 16, kMessageNothingOpen = 24, kMessageNoExportDirectory = 37;
 /// Ways of asking for a project. Only the first is ever set; the other two are kept for callers to come.
 constexpr int kOpenExisting = 111, kOpenNew = 222, kOpenOther = 333;
 
@@ -37,7 +37,7 @@ void Mainform::ladebenutzerlayouts()
 
 void Mainform::open(std::string_view path)
 {
-  db_.reset();
+  // The project that is open stays so where the next one cannot be opened.
   db_ = project::openProject(path);
   DbName_ = path;
 }
@@ -152,7 +152,8 @@ bool Mainform::chooseProject()
     chosen = ui.openFileDialog({"Datenbank wechseln", "Mirandel Datenbanken|*.mdb", directory});
     break;
   default:
-    return false;
+    DbName_.clear();
+    return true;
   }
   if (!chosen)
     throw base::Error(base::ErrorNumber::Cancelled, "Abbrechen wurde gewählt.");
@@ -163,6 +164,12 @@ bool Mainform::chooseProject()
 void Mainform::openWithWindow()
 {
   rememberProject();
+  if (DbName_.empty()) {
+    program_.ui.hideSplash();
+    program_.language.GetMsg(kMessageNothingOpen);
+    hooks_.unload();
+    return;
+  }
   open(std::string(DbName_));
   loadSettings();
   project::Migration(*db_, program_.ui).UpdDatabase();

@@ -20,6 +20,8 @@ struct ProjectHooks {
   std::function<void()> loadLastActivePage = [] {};
   /// Marks the open page as changed by its type options.
   std::function<void()> opseitentyp_Click = [] {};
+  /// Closes the window and with it the program.
+  std::function<void()> unload = [] {};
 };
 
 /// Where the files of a project's site go.

@@ -27,6 +27,13 @@ bool canServeAsProgramDirectory(const fs::path& directory)
   return files::fileExists(files::systemPath(directory) + std::string(kEmptyProject)) && ::access(directory.c_str(), W_OK) == 0;
 }
 
+std::string withoutClosingSeparator(std::string directory)
+{
+  while (directory.size() > 1 && directory.ends_with('\\'))
+    directory.pop_back();
+  return directory;
+}
+
 /// What a user changed or added stays; what an update brought newer replaces the old.
 void fillFromInstallation(const fs::path& installed, const fs::path& target)
 {
@@ -48,7 +55,7 @@ void Program::startLanguage()
 std::string findProgramDirectory(std::string_view named)
 {
   if (!named.empty())
-    return files::systemPath(fs::path(named));
+    return withoutClosingSeparator(files::systemPath(fs::path(named)));
   const fs::path beside = executableDirectory();
   if (canServeAsProgramDirectory(beside))
     return files::systemPath(beside);
