@@ -2,6 +2,8 @@
 
 CREATE TABLE Seite (id TEXT, Überschrift TEXT, html MEMO, dateiname TEXT, [seitentyp-id] LONG, script MEMO, changingdate DATE, expanded BIT);
 
+CREATE INDEX SeiteId ON Seite (id);
+
 CREATE TABLE Einstellungen (Einstellung TEXT, Wert MEMO);
 
 CREATE TABLE Dateien (pfad TEXT, dateiname TEXT, erweiterung TEXT, [dateityp-id] LONG, übertragen BIT, dateidatum DATE, pfadLokal TEXT);

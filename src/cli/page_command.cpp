@@ -3,7 +3,9 @@
 #include "cli/session.h"
 #include "editor/document_surface.h"
 #include "mainform/mainform.h"
+#include "pagetree/page_deletion.h"
 #include "pagetree/page_id.h"
+#include "pagetree/page_move.h"
 #include "pagetree/page_store.h"
 #include "pagetree/plain_tree.h"
 
@@ -11,14 +13,18 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace mrd::cli {
 namespace {
 
+constexpr int kMessageHomepageStays = 8;
 constexpr int kMessagePageMissing = 102;
 
 struct PageArguments {
   std::string file, id, under;
+  /// Target of a move, under the option that says where.
+  std::optional<std::string> before, after, below;
   std::optional<std::string> heading, html, fileName, script;
   std::optional<int> type;
 };
@@ -55,6 +61,15 @@ public:
   {
     active_.LastActivePage = pagetree::keyOf(parentId);
     return store_.AddNewPage() ? std::optional(pagetree::idOf(active_.LastActivePage)) : std::nullopt;
+  }
+
+  std::string headingOf(const std::string& id) const { return tree_.label(pagetree::keyOf(id)); }
+
+  /// The page that is open after its tree has changed.
+  void open(const std::string& id)
+  {
+    active_.LastActivePage = pagetree::keyOf(id);
+    active_.WriteLastActivePage();
   }
 
   void load(const std::string& id) { store_.LoadPage(pagetree::keyOf(id)); }
@@ -137,6 +152,45 @@ ExitStatus setPage(mainform::Mainform& mainform, const PageArguments& arguments)
   return desk.save(arguments.id) ? ExitStatus::Done : ExitStatus::Failed;
 }
 
+ExitStatus deletePage(mainform::Mainform& mainform, const PageArguments& arguments)
+{
+  PageDesk desk(mainform.program(), mainform.db());
+  if (!desk.hasPage(arguments.id))
+    return ExitStatus::Failed;
+  pagetree::PageDeletion deletion(mainform.db(), mainform.program().language);
+  if (!deletion.DelPage(pagetree::keyOf(arguments.id)))
+    return ExitStatus::Failed;
+  desk.open(std::string(pagetree::kRootId));
+  return ExitStatus::Done;
+}
+
+ExitStatus movePage(mainform::Mainform& mainform, const PageArguments& arguments)
+{
+  using pagetree::MoveOption;
+  const auto& [target, option] = arguments.before  ? std::pair(*arguments.before, MoveOption::Before)
+                                 : arguments.after ? std::pair(*arguments.after, MoveOption::Behind)
+                                                   : std::pair(*arguments.below, MoveOption::Under);
+  PageDesk desk(mainform.program(), mainform.db());
+  if (!desk.hasPage(arguments.id) || !desk.hasPage(target))
+    return ExitStatus::Failed;
+  auto& language = mainform.program().language;
+  if (pagetree::isRoot(arguments.id)) {
+    language.GetMsg(kMessageHomepageStays);
+    return ExitStatus::Failed;
+  }
+  if (arguments.id == target)
+    return ExitStatus::Done;
+  pagetree::MoveRequest request{arguments.id, target, MoveOption::Behind};
+  pagetree::frmMove1 dialog(mainform.db(), language, request);
+  dialog.Form_Load();
+  dialog.optMove_Click(option);
+  dialog.btnMove_Click();
+  if (!dialog.MoveAusgefuehrt)
+    return ExitStatus::Failed;
+  desk.open(pagetree::findMovedPage(mainform.db(), desk.headingOf(arguments.id)));
+  return ExitStatus::Done;
+}
+
 using Work = ExitStatus (*)(mainform::Mainform&, const PageArguments&);
 
 /// A subcommand on an open project.
@@ -167,6 +221,15 @@ void addPage(CLI::App& app, Session& session)
   add->add_option("--under", arguments->under, "Id of the parent")->required()->type_name("ID");
   add->add_option("--heading", arguments->heading, "Heading, where the body brings none")->type_name("TEXT");
   addContentOptions(*add, *arguments);
+
+  addWork(*page, session, "delete", "Deletes a page and all below it", deletePage, arguments)->add_option("ID", arguments->id)->required();
+
+  auto* const move = addWork(*page, session, "move", "Moves a page and all below it", movePage, arguments);
+  move->add_option("ID", arguments->id)->required();
+  auto* const where = move->add_option_group("where")->require_option(1);
+  where->add_option("--before", arguments->before, "In front of this page")->type_name("TARGET");
+  where->add_option("--after", arguments->after, "Behind this page")->type_name("TARGET");
+  where->add_option("--under", arguments->below, "Below this page")->type_name("TARGET");
 
   auto* const set = addWork(*page, session, "set", "Changes a page", setPage, arguments);
   set->add_option("ID", arguments->id)->required();

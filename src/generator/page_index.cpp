@@ -28,7 +28,7 @@ std::string fileOfPattern(std::string_view pattern, std::string_view id)
 
 PageIndex::PageIndex(dao::Database& db)
 {
-  auto rows = db.openRecordset("select id, Überschrift, [seitentyp-id], dateiname from Seite Order By ID");
+  auto rows = db.openSnapshot("select id, Überschrift, [seitentyp-id], dateiname from Seite Order By ID");
   const std::size_t id = rows.column("id"), heading = rows.column("Überschrift"), type = rows.column("seitentyp-id"),
                     file = rows.column("dateiname");
   for (; !rows.eof(); rows.moveNext()) {

@@ -65,7 +65,7 @@ void fillTree(ui::TreeControl& tree, dao::Database& db)
   tree.clear();
   const std::string rootKey = keyOf(kRootId);
   tree.addNode("", rootKey, "", 1);
-  for (auto pages = db.openRecordset("SELECT id, Überschrift FROM Seite ORDER BY ID"); !pages.eof(); pages.moveNext()) {
+  for (auto pages = db.openSnapshot("SELECT id, Überschrift FROM Seite ORDER BY ID"); !pages.eof(); pages.moveNext()) {
     const std::string id = pages.value("id").text();
     const std::string label = pages.value("Überschrift").text();
     const std::string key = keyOf(id);
