@@ -1,6 +1,8 @@
 #include "generator/html_export.h"
 
+#include "base/text.h"
 #include "frame/failures/failures.h"
+#include "frame/settings/export_path.h"
 #include "generator/built_in_run.h"
 #include "generator/template_run.h"
 #include "platform/files/files.h"
@@ -61,10 +63,10 @@ RunOutcome frmHTMLExport::generate()
 
 bool frmHTMLExport::enterExportDirectory()
 {
-  exportpfad_ = environment_.fields.tbpfadexport;
-  if (!exportpfad_.ends_with('\\'))
-    exportpfad_ += '\\';
-  if (!files::directoryExists(exportpfad_)) {
+  const auto& tbpfadexport = environment_.fields.tbpfadexport;
+  exportpfad_ = settings::withClosingSeparator(tbpfadexport);
+  // A blank text names no directory: with its separator it would be the root of all.
+  if (base::trim(tbpfadexport).empty() || !files::directoryExists(exportpfad_)) {
     environment_.language.GetMsg(kMessageNoExportDirectory);
     return false;
   }
