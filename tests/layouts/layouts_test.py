@@ -130,6 +130,13 @@ class Layouts(unittest.TestCase):
             self.assertLess(page.index('class="skip"'), page.index("<header "))
             self.assertEqual(sorted(re.findall(r'\bid="([\w-]+)"', page)), sorted(set(re.findall(r'\bid="([\w-]+)"', page))))
 
+    def test_pictures_open_without_the_page_that_only_another_layout_brings(self):
+        for _, root in self.layouts():
+            page = "".join(sources.fragments(root))
+            self.assertLess(page.index("[mrd:Scripts]"), page.index("function popupfenster(source, bu)"))
+            self.assertNotIn("popupbild", page)
+            self.assertIn('<dialog class="box" id="mrd-box"', page)
+
     def test_the_end_is_left_open_for_what_the_generator_adds(self):
         for _, root in self.layouts():
             page = "".join(sources.fragments(root))
