@@ -5,6 +5,7 @@
 #include <memory>
 #include <new>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace mrd::html {

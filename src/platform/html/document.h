@@ -31,12 +31,14 @@ public:
   void appendInnerHtml(std::string& out) const;
   /// Parsed in the context of this element.
   void setInnerHtml(std::string_view html);
-  /// Parsed in the context of the parent; the handle is no longer valid afterwards.
+  /// Parsed in the context of the parent; the handle is no longer valid afterwards. Does nothing to the root, nor to an element
+  /// that is no longer part of the document.
   void setOuterHtml(std::string_view html);
 
-  /// Text as it would be read: runs of white space as one blank, `br` and block borders as CR LF, no script or style text.
+  /// Text as it would be read: runs of white space as one blank, `br` and block borders as CR LF, cells of a row a blank apart,
+  /// no script or style text. No-break spaces stay. All text of an element that is itself not shown.
   std::string innerText() const;
-  /// All text, character by character.
+  /// All text, character by character; line ends are LF, as they are in attributes that were read.
   std::string textContent() const;
 
   std::optional<Element> parent() const;
@@ -63,12 +65,13 @@ public:
   Document& operator=(Document&&) noexcept;
   ~Document();
 
+  /// The `frameset` of a document of frames.
   Element body();
   Element head();
   /// First element with the id (compared exactly).
   std::optional<Element> elementById(std::string_view id);
   std::vector<Element> elementsByTag(std::string_view tag);
-  /// All `img` elements.
+  /// All `img` elements, those in a `template` too.
   std::vector<Element> images();
   /// All `a` and `area` elements that have a `href`.
   std::vector<Element> links();

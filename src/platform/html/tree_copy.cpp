@@ -4,6 +4,7 @@
 
 #include <gumbo.h>
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <vector>
@@ -44,13 +45,12 @@ Namespace namespaceOf(const GumboElement& element)
   }
 }
 
+/// The name as it is written in the tag. (The library's own function for it ends names at more characters than its parser.)
 std::string_view originalName(const GumboElement& element)
 {
-  GumboStringPiece piece = element.original_tag;
-  if (piece.data == nullptr || piece.length < 2)
-    return {};
-  gumbo_tag_from_original_text(&piece);
-  return {piece.data, piece.length};
+  std::string_view tag(element.original_tag.data, element.original_tag.length);
+  tag.remove_prefix(std::min(tag.find_first_not_of("</"), tag.size()));
+  return tag.substr(0, tag.find_first_of(" \t\n\r\f/>"));
 }
 
 /// A name that the parser does not know, in lower case; characters that no name may hold become U+FFFD.

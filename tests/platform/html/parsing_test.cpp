@@ -104,6 +104,7 @@ TEST(Parsing, replaces_a_null_character_in_a_value_and_leaves_it_out_of_text)
 {
   EXPECT_EQ(bodyOf({"a\0b<p c=\"d\0\">", 13}), "ab<p c=\"d\uFFFD\"></p>");
   EXPECT_EQ(bodyOf({"<x\0y>z", 6}), "<x\uFFFDy>z</x\uFFFDy>");
+  EXPECT_EQ(bodyOf({"<br\v\0>z", 7}), "<br\v\uFFFD>z</br\v\uFFFD>");
 }
 
 TEST(Parsing, repairs_what_is_no_utf_8)
