@@ -77,7 +77,8 @@ public:
   std::vector<Element> links();
 
   /// A reference resolved against the first `base` element's `href`: one with a scheme as it is, a rooted path (`/x`, `\x`,
-  /// `C:\x`) with "file://" before it, a relative one behind the base, `.` and `..` worked; without a base as it is.
+  /// `C:\x`) with "file://" before it, a relative one behind the base, `.` and `..` worked but never above the root. Both
+  /// separators count, and every part keeps its own. Without a base everything is as it is, and so is an empty reference.
   std::string resolve(std::string_view reference) const;
 
   /// The whole document, doctype included.
