@@ -1,11 +1,41 @@
 """A page's HTML as a document: parsed by html5lib, written again as innerHTML with CR LF line ends."""
+import re
+
 import html5lib
+from html5lib.html5parser import getPhases, impliedTagToken
 
 VOID = frozenset("area base basefont bgsound br col embed frame hr img input keygen link meta param source track wbr".split())
 # The text of these stands as it is. noscript is none of them: pages are parsed and written with scripting off.
 RAW_TEXT = frozenset("style script xmp iframe noembed noframes plaintext".split())
 HTML_NAMESPACE = "http://www.w3.org/1999/xhtml"
 PREFIXES = {"http://www.w3.org/1999/xlink": "xlink", "http://www.w3.org/XML/1998/namespace": "xml"}
+
+
+def _correct_html5lib():
+    """Two of its slips: blanks in a cell open the formatting again, and a table in a table of a fragment is not dropped."""
+    phases = getPhases(False)
+
+    def blanks_as_in_body(self, token):
+        return self.parser.phases["inBody"].processSpaceCharacters(token)
+
+    def table_in_table(self, token):
+        self.parser.phase.processEndTag(impliedTagToken("table"))
+        return token
+
+    for name in ("inCell", "inCaption"):
+        phases[name].processSpaceCharacters = blanks_as_in_body
+    vars(phases["inTable"])["startTagHandler"]["table"] = table_in_table
+
+
+_correct_html5lib()
+
+
+class QuirksParser(html5lib.HTMLParser):
+    """The document around the text has no doctype either."""
+
+    def reset(self):
+        super().reset()
+        self.compatMode = "quirks"
 
 
 class Document:
@@ -27,11 +57,11 @@ class Document:
 
 def body_fragment(text):
     """What a body gives back as innerHTML after this text was set as its innerHTML."""
-    return inner_html(html5lib.parseFragment(text, container="body", treebuilder="dom"))
+    return inner_html(QuirksParser(tree=html5lib.getTreeBuilder("dom")).parseFragment(text, container="body"))
 
 
 def inner_html(node):
-    return _inner(node).replace("\n", "\r\n")
+    return re.sub("\r?\n", "\r\n", _inner(node))
 
 
 def _is_html(node):

@@ -109,7 +109,7 @@ class ProjectMaker:
             for name in rng.sample(("bild.gif", "Foto.JPG", "haus.jpg", "urlaub 1.jpg", "öffnung.jpg", "a b.jpg", "mrdbanner.gif", "ecke-ol.jpg"),
                                    rng.randrange(6)):
                 (self.export / "pix" / name).write_bytes(self.picture(name))
-        for name in ("mrdnav.js", "mrdshop.js", "popupbild.htm", "picturetransfer.js", "index.htm", "01.htm", "haus.jpg", "alt.htm", "01.txt"):
+        for name in ("mrdnav.js", "mrdshop.js", "popupbild.htm", "picturetransfer.js", "index.htm", "01.htm", "haus.jpg", "alt.htm", "01.txt", "02.HTM"):
             if rng.random() < 0.15:
                 (self.export / name).write_bytes(b"from before " + name.encode())
 
@@ -157,6 +157,8 @@ class ProjectMaker:
         rng = self.rng
         if ident == "00":
             pattern = rng.choice(("*.htm", "*.htm", "", None, "start.htm", "*.html", "a*b.htm", "index.php", "*.HTM"))
+            if rng.random() < 0.04:
+                pattern = rng.choice(("../start.htm", "http://www.example.org/"))
         else:
             pattern = rng.choice(PATTERNS) if rng.random() < 0.5 else "*.htm"
         kind = rng.choice((1, 1, 1, 1, 1, 1, 2, 3, 4, None))
@@ -202,7 +204,7 @@ class ProjectMaker:
         own = str(self.export).replace("/", "\\")
         kind = rng.random()
         if kind < 0.8:
-            rows["Exportpfad"] = rng.choice((own, own + "\\", "  %s\\ " % own))
+            rows["Exportpfad"] = rng.choice((own, own + "\\", "  %s\\ " % own, str(self.export), str(self.export) + "/"))
         elif kind < 0.93:
             rows["Exportpfad"] = rng.choice(("c:\\programme\\Mirandel\\exportpfad\\", "\\nirgends\\site\\"))
 

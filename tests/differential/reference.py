@@ -32,6 +32,7 @@ COLOURS_AND_FONT = (
 # Menu rows by length of the identifier: other pages, the current page.
 MENU_ROWS = {2: (12, 18), 4: (19, 20), 6: (21, 22), 8: (23, 24)}
 LINK_WINDOW = 250
+ANY_NUMBER = -1                   # of a message whose number and text are free
 END = "\r\n"
 
 
@@ -49,7 +50,7 @@ class Link:
 
 class Result:
     def __init__(self):
-        self.messages = []         # (number or None, text or None where the text is data)
+        self.messages = []         # (number, None or ANY_NUMBER; text, or None where the text is data)
         self.closing = None
         self.refused = False
 
@@ -172,7 +173,7 @@ class Run:
         for page in selected:
             name = self.home.file if page.id == "00" else output_name(page)
             if leaves_directory(name):
-                self.messages.append((None, None))
+                self.messages.append((ANY_NUMBER, None))
                 self.result.refused = True
                 continue
             if page.id != "00":
@@ -266,7 +267,7 @@ class Run:
 
     def shared_head_row(self):
         document = markup.Document(self.head)
-        self.bring_pictures(document)
+        self.bring_pictures(document, "")
         text = self.with_colours(self.rows[8]).replace("[mrd:Kopf]", document.body_html())
         self.print(self.with_base(text))
 
@@ -279,10 +280,9 @@ class Run:
             text = page.html
             self.script_pages.append(page.pattern)
         else:
-            # The base address that the page gets here is known to bring_pictures as the export directory.
             document = markup.Document("<html><head><title>generator</title><base href='file://'>%s</head><body>%s</body></html>"
                                        % (page.script or "", page.html))
-            self.bring_pictures(document)
+            self.bring_pictures(document, self.export)
             text = document.body_html()
         self.print("<!-- Beginn Inhalt -->" + END + self.with_base(text) + END + "<!-- Ende Inhalt -->" + END + "<br>")
 
@@ -330,22 +330,23 @@ class Run:
 
     # --- pictures and links
 
-    def bring_pictures(self, document):
+    def bring_pictures(self, document, base):
+        """`base` is the directory of relative references; the shared head, a document of its own, has none."""
         for image in document.images():
-            self.bring_image(image)
+            self.bring_image(image, base)
         for link in document.links():
-            self.bring_link(link)
+            self.bring_link(link, base)
 
-    def bring_image(self, image):
+    def bring_image(self, image, base):
         reference = image.getAttribute("src")
         if not reference or scheme_of(reference) not in ("", "file"):
             return
-        directory, name, extension = files.split_path(files.reference_path(reference, self.export))
+        directory, name, extension = files.split_path(files.reference_path(reference, base))
         self.copy_picture(directory, name, extension)
         self.enter("pix\\%s.%s" % (name, extension), 2)
         image.setAttribute("src", "pix/" + ("%s.%s" % (name, extension)).lower())
 
-    def bring_link(self, link):
+    def bring_link(self, link, base):
         value = link.getAttribute("href").replace("///", "//")
         scheme = scheme_of(value)
         if scheme not in ("", "file", "http") and not (scheme == "javascript" and "file:" in value):
@@ -362,15 +363,15 @@ class Run:
         elif scheme == "http":
             path = files.decoded(value).replace("/", "\\")
         else:
-            path = files.reference_path(value, self.export)
+            path = files.reference_path(value, base)
         directory, name, extension = files.split_path(path)
         if "http:" not in value:
             self.copy_picture(directory, name, extension)
             self.enter("pix\\%s.%s" % (name, extension), 2)
         if not self.basis_url.endswith("/"):
             self.basis_url += "/"
-        base = self.basis_url if "picturetrans" in prefix else self.basislink
-        link.setAttribute("href", prefix + base + "pix/" + ("%s.%s" % (name, extension)).lower() + suffix)
+        base_address = self.basis_url if "picturetrans" in prefix else self.basislink
+        link.setAttribute("href", prefix + base_address + "pix/" + ("%s.%s" % (name, extension)).lower() + suffix)
 
     def copy_picture(self, directory, name, extension):
         source, target = "%s%s.%s" % (directory, name, extension), "%spix\\%s.%s" % (self.export, name, extension)
