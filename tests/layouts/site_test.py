@@ -3,17 +3,19 @@
 
   site_test.py MRD PROGRAM_DIRECTORY [unittest arguments]
 """
+import re
 import shutil
-import subprocess
 import sys
 import tempfile
 import unittest
 from html.parser import HTMLParser
 from pathlib import Path
 
-MRD, PROGRAM_DIR = sys.argv[1], sys.argv[2]
+import sites
+from sites import GALERIE, MODERN, PROGRAM_DIR, TABS
+from sources import ROOT
+
 STRIPS = range(5)
-# Under which page and with which heading; numbers are given in order.
 PAGES = [("00", "Über „uns“"), ("01", "Team"), ("0101", "Anna & Bo"), ("010101", "Büro"), ("0101", "Söhne"), ("00", "Fotos"), ("02", "Winter")]
 IDS = ["00", "01", "0101", "010101", "01010101", "010102", "02", "0201"]
 
@@ -68,43 +70,25 @@ class Menu(HTMLParser):
             self.faults.append("text directly in a list: " + data.strip())
 
 
-def mrd(*arguments):
-    subprocess.run([MRD, "--program-dir", PROGRAM_DIR, "--quiet", *map(str, arguments)], check=True, stdout=subprocess.DEVNULL)
-
-
 class Sites(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        cls.folder = Path(tempfile.mkdtemp(prefix="mrd-layouts-"))
-        cls.addClassCleanup(shutil.rmtree, cls.folder, True)
-        cls.project = cls.folder / "p.mdb"
-        mrd("new", cls.project)
-        for parent, heading in PAGES:
-            body = cls.folder / "body.html"
-            body.write_text(f'<h3 id="ueberschrift">{heading.replace("&", "&amp;")}</h3><p>♥</p>', encoding="utf-8")
-            mrd("page", "add", cls.project, "--under", parent, "--html", body)
-        mrd("settings", cls.project, "Titel=Prüfung", "KopfHTML=<p>Kopf</p>")
-
-    def site(self, layout, strip=4):
-        export = self.folder / f"{layout.split()[0]}-{strip}"
-        (export / "pix").mkdir(parents=True, exist_ok=True)
-        mrd("settings", self.project, f"blättern={strip}", f"grundlayout={layout}")
-        mrd("generate", self.project, "--export", export)
-        return export
+        cls.project = sites.Project(cls, PAGES)
+        cls.project.settings("Titel=Prüfung", "KopfHTML=<p>Kopf</p>")
 
     def pages(self, layout, strip=4):
-        export = self.site(layout, strip)
+        export = self.project.site(layout, strip)
         for id in IDS:
-            yield id, (export / f"{'index' if id == '00' else id}.htm").read_bytes().decode("cp1252")
+            yield id, sites.page(export, id)
 
     def test_menus_are_valid_lists(self):
-        for layout in ("Modern (modern.xml)", "Galerie (galerie.xml)"):
+        for layout in (MODERN, GALERIE):
             for id, text in self.pages(layout):
                 with self.subTest(layout=layout, page=id):
                     self.assertEqual(Menu(text).faults, [])
 
     def test_modern_marks_the_current_page_and_opens_the_way_to_it(self):
-        for id, text in self.pages("Modern (modern.xml)"):
+        for id, text in self.pages(MODERN):
             menu = Menu(text)
             own = ("index" if id == "00" else id) + ".htm"
             self.assertEqual(menu.marks, [("page", own)])
@@ -113,36 +97,57 @@ class Sites(unittest.TestCase):
             self.assertNotIn("0201.htm" if id.startswith("01") else "0101.htm", menu.links)
 
     def test_modern_nests_as_deep_as_the_pages(self):
-        depth = {id: Menu(text).deepest for id, text in self.pages("Modern (modern.xml)")}
+        depth = {id: Menu(text).deepest for id, text in self.pages(MODERN)}
         self.assertEqual([depth[id] for id in ("00", "01", "0101", "010101", "01010101", "0201")], [1, 2, 3, 4, 4, 2])
 
     def test_galerie_marks_the_whole_open_path(self):
-        for id, text in self.pages("Galerie (galerie.xml)"):
+        for id, text in self.pages(GALERIE):
             path = ["index.htm"] if id == "00" else [id[:length] + ".htm" for length in range(2, len(id) + 1, 2)]
             self.assertEqual(Menu(text).marks, [("true", target) for target in path])
 
     def test_no_placeholder_is_left_with_any_strip(self):
-        for layout in ("Modern (modern.xml)", "Galerie (galerie.xml)"):
+        for layout in (MODERN, GALERIE):
             for strip in STRIPS:
                 for id, text in self.pages(layout, strip):
                     self.assertNotIn("[mrd:", text, (layout, strip, id))
 
     def test_the_document_begins_with_its_type(self):
-        for layout in ("Modern (modern.xml)", "Galerie (galerie.xml)"):
+        for layout in (MODERN, GALERIE):
             for _, text in self.pages(layout):
                 self.assertTrue(text.startswith("<!DOCTYPE html>\r\n"))
                 self.assertLess(text.index('<meta charset="windows-1252">'), 1024)
 
     def test_a_layouts_picture_goes_out_with_the_site(self):
-        export = self.site("Galerie (galerie.xml)")
-        shipped = Path(PROGRAM_DIR) / "xml" / "pix" / "galerie_oben.svg"
+        export = self.project.site(GALERIE)
+        shipped = PROGRAM_DIR / "xml" / "pix" / "galerie_oben.svg"
         self.assertEqual((export / "pix" / "galerie_oben.svg").read_bytes(), shipped.read_bytes())
 
     def test_the_stylesheet_of_the_site_has_its_colours(self):
-        sheet = (self.site("Navigation in Laschen oben") / "mrdstyle.css").read_bytes().decode("cp1252")
+        sheet = (self.project.site(TABS) / "mrdstyle.css").read_bytes().decode("cp1252")
         self.assertNotIn("[mrd:", sheet)
         self.assertIn("td.tab1aktiv", sheet)
         self.assertIn("#0080FF", sheet)
+
+
+class Handbook(unittest.TestCase):
+    """The worked example of docs/LAYOUTS.md."""
+
+    @classmethod
+    def setUpClass(cls):
+        text = (ROOT / "docs" / "LAYOUTS.md").read_text(encoding="utf-8")
+        cls.layout, cls.page = (re.search(rf"<!-- {name} -->\n```\w+\n(.*?)```", text, re.S)[1] for name in ("zettel.xml", "0101.htm"))
+        program_dir = Path(tempfile.mkdtemp(prefix="mrd-layouts-program-"))
+        cls.addClassCleanup(shutil.rmtree, program_dir, True)
+        shutil.copytree(PROGRAM_DIR, program_dir, dirs_exist_ok=True, ignore=shutil.ignore_patterns("mrd", "mirandel", "exportpfad"))
+        (program_dir / "xml" / "zettel.xml").write_text(cls.layout, encoding="utf-8")
+        cls.project = sites.Project(cls, [("00", "Haus"), ("01", "Küche"), ("01", "Garten"), ("00", "Preise")], program_dir)
+        cls.project.set("00", sites.body("Start"))
+        cls.project.set("0101", '<h3 id="ueberschrift">Küche</h3>')
+
+    def test_comes_out_as_printed(self):
+        text = sites.page(self.project.site("Zettel (zettel.xml)"), "0101")
+        self.assertEqual(text.replace("\r\n", "\n").rstrip("\n"), self.page.rstrip("\n"))
+        self.assertEqual(text.count("\n"), text.count("\r\n"))
 
 
 if __name__ == "__main__":
