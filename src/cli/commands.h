@@ -1,6 +1,9 @@
 #pragma once
 // The commands of `mrd`, each in a file of its own. Each function adds its command with its options to the parser.
 
+#include <span>
+#include <vector>
+
 namespace CLI {
 class App;
 }
@@ -16,6 +19,8 @@ void addSettings(CLI::App& app, Session& session);
 void addLayouts(CLI::App& app, Session& session);
 void addGenerate(CLI::App& app, Session& session);
 void addPath(CLI::App& app, Session& session);
+/// The arguments, changed so that the text of a path command is no option even where it looks like one.
+std::vector<const char*> withTextAsItIs(std::span<char* const> arguments);
 void addIni(CLI::App& app, Session& session);
 
 } // namespace mrd::cli

@@ -22,9 +22,10 @@ int main(int argc, char** argv)
   for (const auto add : {addNew, addPages, addPage, addSettings, addLayouts, addGenerate, addPath, addIni})
     add(app, session);
   try {
-    app.parse(argc, argv);
+    const auto arguments = withTextAsItIs({argv, static_cast<std::size_t>(argc)});
+    app.parse(static_cast<int>(arguments.size()), arguments.data());
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : static_cast<int>(ExitStatus::WrongUsage);
   }
-  return static_cast<int>(session.exitStatus);
+  return static_cast<int>(session.finish());
 }

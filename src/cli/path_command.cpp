@@ -5,9 +5,26 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <array>
 #include <memory>
+#include <string_view>
 
 namespace mrd::cli {
+
+std::vector<const char*> withTextAsItIs(std::span<char* const> arguments)
+{
+  constexpr std::array<std::string_view, 2> kHelp{"-h", "--help"};
+  std::vector<const char*> out(arguments.begin(), arguments.end());
+  if (out.size() < 4)
+    return out;
+  const auto text = out.end() - 1;
+  const std::string_view group = *(text - 2), command = *(text - 1);
+  const bool isPathCommand = group == "path" && (command == "split" || command == "clean");
+  if (isPathCommand && **text == '-' && std::ranges::find(kHelp, *text) == kHelp.end())
+    out.insert(text, "--");
+  return out;
+}
 
 void addPath(CLI::App& app, Session& session)
 {

@@ -33,6 +33,15 @@ void Session::run(const std::function<ExitStatus()>& command)
   }
 }
 
+ExitStatus Session::finish()
+{
+  if (!std::cout.flush()) {
+    ui.messageBox({"Die Ausgabe konnte nicht geschrieben werden.", ""});
+    exitStatus = ExitStatus::Failed;
+  }
+  return exitStatus;
+}
+
 std::string Session::path(const std::string& native) { return files::systemPath(native); }
 
 std::string Session::textOfFile(const std::string& native) { return base::decodeText(files::readFile(path(native))); }

@@ -35,6 +35,9 @@ public:
   /// Runs a command; a failure becomes a message on standard error and the status Failed.
   void run(const std::function<ExitStatus()>& command);
 
+  /// Writes out what is printed; output that finds no room makes the run a failure. The status to exit with.
+  ExitStatus finish();
+
   /// The system's path of a native one as the user typed it.
   static std::string path(const std::string& native);
   /// Text of a file that the user names, from UTF-8 or Windows-1252.
