@@ -18,7 +18,10 @@ struct Surroundings {
     std::filesystem::copy_file(std::filesystem::path(MRD_PROGRAM_DIR) / "mrdleer.mdb", directory.native() / "mrdleer.mdb");
   }
 
-  std::string iniValue(std::string_view section, std::string_view key) const { return paths::LeseIni(section, key, files().iniFile()); }
+  std::string iniValue(std::string_view section, std::string_view key) const
+  {
+    return paths::LeseIni(section, key, files().iniFile());
+  }
   paths::ProgramFiles files() const { return paths::ProgramFiles(directory.path()); }
 
   support::TemporaryDirectory directory;

@@ -11,7 +11,9 @@ const std::string kBody = "<h3 id=\"ueberschrift\">Haus</h3>\r\n<p>Text</p>";
 
 TEST(LoadPage, shows_a_stored_page_in_the_surface_and_the_fields)
 {
-  PageDesk desk{{"00", "Start"}, {.id = "01", .heading = " Haus ", .html = kBody, .dateiname = "haus*.html", .type = 3, .script = "<script></script>"}};
+  PageDesk desk{
+      {"00", "Start"},
+      {.id = "01", .heading = " Haus ", .html = kBody, .dateiname = "haus*.html", .type = 3, .script = "<script></script>"}};
   desk.fields.TBEbayArtikelnummer = "4711";
 
   desk.store.LoadPage("@01");
@@ -61,8 +63,9 @@ TEST(LoadPage, gives_a_page_of_nulls_its_defaults)
   EXPECT_EQ(desk.fields.tbdateiname, "*.htm");
   EXPECT_EQ(desk.fields.tbScript, " ");
   EXPECT_EQ(desk.fields.opseitentyp, 1);
-  EXPECT_EQ(desk.surface.bodyInnerHtml(),
-            "<h3 align=\"center\" style=\"font-size:16pt;\" id=\"ueberschrift\">Start</h3>\r\n<div align=\"center\">&nbsp;</div>");
+  EXPECT_EQ(
+      desk.surface.bodyInnerHtml(),
+      "<h3 align=\"center\" style=\"font-size:16pt;\" id=\"ueberschrift\">Start</h3>\r\n<div align=\"center\">&nbsp;</div>");
   EXPECT_EQ(desk.fields.tbhtml, desk.surface.bodyInnerHtml());
   EXPECT_THAT(desk.calls, ElementsAre("farbenaktualisieren", "farbenaktualisieren"));
 }
@@ -108,8 +111,9 @@ TEST(LoadPage, of_a_page_without_a_row_begins_a_new_one)
   EXPECT_EQ(desk.fields.caption, "Mirandel: Neue Seite");
   EXPECT_EQ(desk.fields.tbdateiname, "*.htm");
   EXPECT_EQ(desk.fields.opseitentyp, 2);
-  EXPECT_EQ(desk.surface.bodyInnerHtml(), "<base fontsize=\"2\"><h3 align=\"center\" style=\"font-size:16pt;\" id=\"ueberschrift\">"
-                                          "neue Seite:@01</h3>\r\n<div align=\"center\">&nbsp;</div>");
+  EXPECT_EQ(desk.surface.bodyInnerHtml(),
+            "<base fontsize=\"2\"><h3 align=\"center\" style=\"font-size:16pt;\" id=\"ueberschrift\">"
+            "neue Seite:@01</h3>\r\n<div align=\"center\">&nbsp;</div>");
   EXPECT_EQ(desk.fields.tbhtml, desk.surface.bodyInnerHtml());
   EXPECT_EQ(desk.project.ids(), std::vector<std::string>{"00"});
 }

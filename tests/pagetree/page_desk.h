@@ -1,5 +1,6 @@
 #pragma once
-// A page store at work on a temporary project: every part of the main window that it needs, with what it did to them written down.
+// A page store at work on a temporary project: every part of the main window that it needs, with what it did to them written
+// down.
 
 #include "editor/document_surface.h"
 #include "pagetree/page_id.h"

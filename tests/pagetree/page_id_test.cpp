@@ -69,7 +69,8 @@ TEST(PageId, is_the_root_or_one_to_four_pairs_from_01_to_99)
 {
   for (const auto* const id : {"00", "01", "99", "0101", "01029903", "99999999"})
     EXPECT_TRUE(isPageId(id)) << id;
-  for (const auto* const text : {"", "0", "1", "001", "0100", "0001", "010203040", "0102030405", "M01", "-1", "ab", "0x", " 1", "@01", "index"})
+  for (const auto* const text :
+       {"", "0", "1", "001", "0100", "0001", "010203040", "0102030405", "M01", "-1", "ab", "0x", " 1", "@01", "index"})
     EXPECT_FALSE(isPageId(text)) << text;
 }
 
