@@ -62,13 +62,19 @@ PictureUse pictureOf(std::string_view path, bool enter)
 
 LinkPieces splitLink(std::string_view href)
 {
+  constexpr std::string_view kRooted = "///";
+  // Three slashes count as two wherever they stand, also in the words behind the path; the root that one of them is comes back below.
+  const std::string shortened = base::replaceAll(href, kRooted, "//");
   const auto scheme = href.find(kFileScheme);
   if (scheme == std::string_view::npos)
-    return {"", std::string(href), ""};
-  std::string_view rest = href.substr(scheme + kFileScheme.size());
-  const std::string_view window = base::left(rest.substr(rest.starts_with("//") ? 2 : 0), kLinkWindow);
+    return {"", shortened, ""};
+  const std::string root = href.substr(scheme + kFileScheme.size()).starts_with(kRooted) ? "/" : "";
+  const auto start = shortened.find(kFileScheme);
+  const std::string_view rest = std::string_view(shortened).substr(start + kFileScheme.size());
+  const bool hasAuthority = rest.starts_with("//") || rest.starts_with("\\\\");
+  const std::string_view window = base::left(rest.substr(hasAuthority ? 2 : 0), kLinkWindow);
   const auto quote = window.find('\'');
-  return {std::string(href.substr(0, scheme)), std::string(kFileScheme) + "//" + std::string(window.substr(0, quote)),
+  return {shortened.substr(0, start), std::string(kFileScheme) + "//" + root + std::string(window.substr(0, quote)),
           quote == std::string_view::npos ? "" : std::string(window.substr(quote))};
 }
 
