@@ -25,6 +25,10 @@ class InBrowser(unittest.TestCase):
         cls.project = sites.Project(cls, PAGES)
         cls.project.add("00", '<h3 id="ueberschrift">Bilder</h3><table border=0 align=center><tr>' + 3 * THUMBNAIL.format(picture) + "</tr></table>"
                         '<table bgcolor="#ffffcc"><tr><td id="coloured">hell</td></tr></table>')
+        wide = cls.project.folder / "wide.svg"
+        wide.write_text('<svg xmlns="http://www.w3.org/2000/svg" width="900" height="300"><rect width="900" height="300" fill="navy"/></svg>')
+        cls.project.set("0101", f'<h3 id="ueberschrift">Die Küche</h3><p align="center"><img src="file://{wide}"><br>Herd</p>'
+                        f'<table border=1><tr><td>Tisch</td><td><img src="file://{wide}"></td></tr></table>')
         cls.browser = Browser()
         cls.addClassCleanup(cls.browser.close)
 
