@@ -26,6 +26,7 @@ struct GenerateArguments {
 ExitStatus generate(Session& session, const GenerateArguments& arguments)
 {
   mainform::Mainform mainform(session.program());
+  mainform.ladebenutzerlayouts();
   mainform::ExportPath exportPath;
   if (arguments.exportDirectory)
     exportPath.given = Session::path(*arguments.exportDirectory);

@@ -13,6 +13,7 @@ void addLayouts(CLI::App& app, Session& session)
   app.add_subcommand("layouts", "The entries of the layout box: index TAB text")->callback([&session] {
     session.run([&] {
       mainform::Mainform mainform(session.program());
+      mainform.ladebenutzerlayouts();
       const auto& entries = mainform.fields().ComboGrundlayout.entries;
       std::vector<std::string> elements;
       for (std::size_t i = 0; i < entries.size(); ++i)

@@ -10,6 +10,7 @@
 #include "frame/settings/settings.h"
 #include "generator/templates/xml_layout.h"
 #include "platform/files/files.h"
+#include "platform/files/path.h"
 
 namespace mrd::mainform {
 namespace {
@@ -23,16 +24,19 @@ constexpr int kOpenExisting = 111, kOpenNew = 222, kOpenOther = 333;
 
 } // namespace
 
-Mainform::Mainform(Program& program, ProjectHooks hooks) : program_(program), hooks_(std::move(hooks)) { ladebenutzerlayouts(); }
+Mainform::Mainform(Program& program, ProjectHooks hooks) : program_(program), hooks_(std::move(hooks)) {}
 
 void Mainform::ladebenutzerlayouts()
 {
-  const auto layouts = templates::userLayouts(program_.files.file("\\xml"));
+  const std::string directory = program_.files.file("\\xml");
+  const auto folder = templates::readLayoutFolder(directory);
   auto& entries = fields_.ComboGrundlayout.entries;
-  if (!layouts.empty())
+  if (folder.hasFiles)
     entries.emplace_back("-- benutzerdefinierte Layouts --");
-  for (const auto& [name, file] : layouts)
+  for (const auto& [name, file] : folder.layouts)
     entries.push_back(name + " (" + file + ")");
+  for (const auto& file : folder.malformed)
+    program_.ui.warning("not well-formed: " + files::nativePath(directory + "\\" + file).string());
 }
 
 void Mainform::open(std::string_view path)

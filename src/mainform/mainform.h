@@ -40,6 +40,9 @@ public:
   bool isOpen() const { return db_.has_value(); }
   const std::string& DbName() const { return DbName_; }
 
+  /// Adds the users' layouts to the layout box. Warns of files that are not well-formed.
+  void ladebenutzerlayouts();
+
   /// The one way into a project for a window: opens the file, or asks for one when the path is empty or leads nowhere. `Abgebrochen`
   /// becomes true when access was denied.
   void DialogOpenChangeNewDB(std::string_view Pfad, bool& Abgebrochen);
@@ -62,7 +65,6 @@ public:
 
 private:
   void open(std::string_view path);
-  void ladebenutzerlayouts();
   bool chooseProject();
   void rememberProject();
   void openWithWindow();

@@ -58,17 +58,22 @@ void Nodeoutput(Template& node, const std::vector<xml::Element>& nodes)
   }
 }
 
-std::vector<UserLayout> userLayouts(std::string_view directory)
+LayoutFolder readLayoutFolder(std::string_view directory)
 {
-  std::vector<UserLayout> layouts;
+  LayoutFolder folder;
   for (const auto& file : files::fileNames(directory)) {
-    if (!base::lower(file).ends_with(".xml") || file == kReserved)
+    if (!base::lower(file).ends_with(".xml"))
+      continue;
+    folder.hasFiles = true;
+    if (file == kReserved)
       continue;
     const auto document = xml::loadXml(std::string(directory) + "\\" + file);
-    if (const xml::Element* const root = document ? findRoot(*document) : nullptr)
-      layouts.push_back({std::string(root->attribute("name")), file});
+    if (!document)
+      folder.malformed.push_back(file);
+    else if (const xml::Element* const root = findRoot(*document))
+      folder.layouts.push_back({std::string(root->attribute("name")), file});
   }
-  return layouts;
+  return folder;
 }
 
 } // namespace mrd::templates

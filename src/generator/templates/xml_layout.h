@@ -21,8 +21,15 @@ struct UserLayout {
   std::string name, file;
 };
 
-/// The layouts of a directory (in the system's form, without a separator at its end), sorted by file name; "_layouts.xml" and files without
-/// a `root` element are none.
-std::vector<UserLayout> userLayouts(std::string_view directory);
+/// What a directory (in the system's form, without a separator at its end) holds of layouts, sorted by file name. "_layouts.xml" and files
+/// without a `root` element are none.
+struct LayoutFolder {
+  /// Any XML file lies there, be it a layout or not.
+  bool hasFiles = false;
+  std::vector<UserLayout> layouts;
+  /// Names of files that are not well-formed.
+  std::vector<std::string> malformed;
+};
+LayoutFolder readLayoutFolder(std::string_view directory);
 
 } // namespace mrd::templates
