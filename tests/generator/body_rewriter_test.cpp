@@ -13,7 +13,10 @@ namespace {
 
 using testing::ElementsAre;
 
-BodySource sourceOf(std::string html, std::string script = {}) { return {std::move(html), std::move(script), {"\\site\\", "", "http://x.example/"}}; }
+BodySource sourceOf(std::string html, std::string script = {})
+{
+  return {std::move(html), std::move(script), {"\\site\\", "", "http://x.example/"}};
+}
 
 TEST(BodyRewriting, gives_the_body_in_output_bytes_with_its_pictures)
 {

@@ -27,7 +27,8 @@ TEST(Run, writes_every_page_and_enters_what_it_wrote_in_its_order)
   site.pictures.write("b.jpg", "b");
   site.pictures.write("k.gif", "k");
   site.project.setSetting("KopfHTML", "<img src='" + site.pictures.file("k.gif") + "'>");
-  site.project.db().execute("UPDATE Seite SET html = ? WHERE id = '01'", {"popup picturetransfer<img src='" + site.pictures.file("b.jpg") + "'>"});
+  site.project.db().execute("UPDATE Seite SET html = ? WHERE id = '01'",
+                            {"popup picturetransfer<img src='" + site.pictures.file("b.jpg") + "'>"});
   site.programDirectory.write("mrdbanner.gif", "banner");
   site.programDirectory.write("popupbild.htm", "popup");
   site.programDirectory.write("picturetransfer.js", "transfer");
@@ -39,13 +40,12 @@ TEST(Run, writes_every_page_and_enters_what_it_wrote_in_its_order)
   EXPECT_EQ(outcome.generated, 3u);
   EXPECT_EQ(outcome.refused, 0u);
   EXPECT_EQ(site.labelSeite, "Fertig! Es wurden 3 Seiten generiert.");
-  const std::vector<EnteredFile> expected{{"pix\\mrdbanner.gif", 2}, {"mrdnav.js", 1},     {"mrdshop.js", 1},
-                                          {"index.htm", 1},          {"pix\\k.gif", 2},    {"01.htm", 1},
-                                          {"popupbild.htm", 1},      {"picturetransfer.js", 1}, {"pix\\b.jpg", 2},
-                                          {"02.htm", 1}};
+  const std::vector<EnteredFile> expected{
+      {"pix\\mrdbanner.gif", 2}, {"mrdnav.js", 1},          {"mrdshop.js", 1}, {"index.htm", 1}, {"pix\\k.gif", 2}, {"01.htm", 1},
+      {"popupbild.htm", 1},      {"picturetransfer.js", 1}, {"pix\\b.jpg", 2}, {"02.htm", 1}};
   EXPECT_EQ(site.entered(), expected);
-  EXPECT_THAT(site.files(), ElementsAre("01.htm", "02.htm", "index.htm", "mrdnav.js", "mrdshop.js", "picturetransfer.js", "pix/b.jpg", "pix/k.gif",
-                                        "pix/mrdbanner.gif", "popupbild.htm"));
+  EXPECT_THAT(site.files(), ElementsAre("01.htm", "02.htm", "index.htm", "mrdnav.js", "mrdshop.js", "picturetransfer.js",
+                                        "pix/b.jpg", "pix/k.gif", "pix/mrdbanner.gif", "popupbild.htm"));
 }
 
 TEST(Run, enters_files_in_lower_case_as_due_with_their_date)
@@ -67,7 +67,8 @@ TEST(Run, keeps_the_listings_of_the_server_in_the_register)
 {
   SiteRun site{{"00", "Start", ""}};
   for (const auto type : {1, 2, 4, 5})
-    site.project.db().execute("INSERT INTO Dateien (pfad, dateiname, erweiterung, [dateityp-id]) VALUES ('alt', 'alt', 'htm', ?)", {type});
+    site.project.db().execute("INSERT INTO Dateien (pfad, dateiname, erweiterung, [dateityp-id]) VALUES ('alt', 'alt', 'htm', ?)",
+                              {type});
 
   site.run();
 
@@ -168,7 +169,8 @@ TEST(Run, shows_each_page_and_its_progress_and_hides_it_at_the_end)
 
   site.run();
 
-  EXPECT_THAT(site.ui.statusTexts, testing::IsSupersetOf({"ID:00 - index.htm: Start", "ID:01 - k-01.htm: Küche", "Fertig! Es wurden 2 Seiten generiert."}));
+  EXPECT_THAT(site.ui.statusTexts, testing::IsSupersetOf({"ID:00 - index.htm: Start", "ID:01 - k-01.htm: Küche",
+                                                          "Fertig! Es wurden 2 Seiten generiert."}));
   EXPECT_THAT(site.ui.progressSteps, testing::IsSupersetOf({std::pair<std::size_t, std::size_t>{1, 2}, {2, 2}}));
   EXPECT_GE(site.ui.progressHidden, 1);
   EXPECT_EQ(site.ui.pointerShape, ui::Pointer::Default);
@@ -186,11 +188,15 @@ TEST(Run, takes_the_newest_change_first)
 
 TEST(Run, names_files_by_pattern_and_number)
 {
-  SiteRun site{{"00", "Start", "", "*.html"}, {"0102", "Voll", "", "*.htm"}, {"02", "Fest", "", "fest.htm"}, {"03", "Fremd", "", "http://y.example/a", 2}, {"04", "Stern", "", "*-*.x"}, {"05", "Leer", "", ""}, {"06", "Groß", "", "HTTP.htm"}};
+  SiteRun site{{"00", "Start", "", "*.html"},  {"0102", "Voll", "", "*.htm"},
+               {"02", "Fest", "", "fest.htm"}, {"03", "Fremd", "", "http://y.example/a", 2},
+               {"04", "Stern", "", "*-*.x"},   {"05", "Leer", "", ""},
+               {"06", "Groß", "", "HTTP.htm"}};
 
   site.run();
 
-  EXPECT_THAT(site.files(), ElementsAre("0102.htm", "03.htm", "04-04.x", "05.htm", "HTTP.htm", "fest.htm", "index.html", "mrdnav.js"));
+  EXPECT_THAT(site.files(),
+              ElementsAre("0102.htm", "03.htm", "04-04.x", "05.htm", "HTTP.htm", "fest.htm", "index.html", "mrdnav.js"));
 }
 
 TEST(Run, links_an_external_page_by_its_address_and_generates_it_by_its_number)
@@ -205,7 +211,8 @@ TEST(Run, links_an_external_page_by_its_address_and_generates_it_by_its_number)
 
 TEST(Run, names_the_homepage_index_also_when_its_pattern_is_empty_or_null)
 {
-  for (const std::optional<std::string>& pattern : {std::optional<std::string>{}, std::optional<std::string>{""}, std::optional<std::string>{"*.htm"}}) {
+  for (const std::optional<std::string>& pattern :
+       {std::optional<std::string>{}, std::optional<std::string>{""}, std::optional<std::string>{"*.htm"}}) {
     SiteRun site{{"00", "Start", "", pattern}};
     const auto outcome = site.run();
     EXPECT_TRUE(site.has("index.htm"));
@@ -243,7 +250,8 @@ TEST(NewOnly, of_nothing_changed_writes_the_homepage_alone)
 
 TEST(NewOnly, handles_the_newest_change_first)
 {
-  SiteRun site{pageOf("00", "2024-01-01 00:00:00"), pageOf("01", "2024-06-01 00:00:00"), pageOf("02", "2024-06-02 00:00:00"), pageOf("03", "2024-05-01 00:00:00")};
+  SiteRun site{pageOf("00", "2024-01-01 00:00:00"), pageOf("01", "2024-06-01 00:00:00"), pageOf("02", "2024-06-02 00:00:00"),
+               pageOf("03", "2024-05-01 00:00:00")};
   site.project.setSetting("lastgendate", "17.05.2024 08:30:15");
 
   site.runNewOnly();
@@ -384,7 +392,8 @@ TEST_F(CornerRun, makes_and_enters_the_four_pictures_first_of_all)
 
   site.run();
 
-  EXPECT_THAT(site.entered(2), ElementsAre("pix\\ecke-ur.jpg", "pix\\ecke-ol.jpg", "pix\\ecke-or.jpg", "pix\\ecke-ul.jpg", "pix\\mrdbanner.gif"));
+  EXPECT_THAT(site.entered(2),
+              ElementsAre("pix\\ecke-ur.jpg", "pix\\ecke-ol.jpg", "pix\\ecke-or.jpg", "pix\\ecke-ul.jpg", "pix\\mrdbanner.gif"));
   for (const auto* name : {"ecke-ur.jpg", "ecke-ol.jpg", "ecke-or.jpg", "ecke-ul.jpg"}) {
     const auto picture = image::Image::load(cornerFile(name));
     EXPECT_EQ(picture.width(), 20);
@@ -401,7 +410,8 @@ TEST_F(CornerRun, fills_the_inner_side_of_each_arc)
     const char* name;
     int innerX, innerY;
   };
-  for (const auto& [name, innerX, innerY] : {Side{"ecke-ol.jpg", 17, 17}, Side{"ecke-or.jpg", 2, 17}, Side{"ecke-ul.jpg", 17, 2}, Side{"ecke-ur.jpg", 2, 2}}) {
+  for (const auto& [name, innerX, innerY] :
+       {Side{"ecke-ol.jpg", 17, 17}, Side{"ecke-or.jpg", 2, 17}, Side{"ecke-ul.jpg", 17, 2}, Side{"ecke-ur.jpg", 2, 2}}) {
     const auto picture = image::Image::load(cornerFile(name));
     EXPECT_LT(picture.pixel(innerX, innerY).red, 40) << name;
     EXPECT_GT(picture.pixel(19 - innerX, 19 - innerY).red, 215) << name;
@@ -454,7 +464,8 @@ TEST(Repetition, gives_the_same_bytes_entries_and_messages_from_kept_bodies)
 {
   SiteRun site{{"00", "Start", "<P>a<img src='http://y.example/x.jpg'>"}, {"02", "Skript", "<? x ?>", "x.php"}};
   site.pictures.write("B.jpg", "b");
-  site.project.addPage({"01", "Bild", "<IMG SRC='" + site.pictures.file("B.jpg") + "'><img src='" + site.pictures.file("weg.jpg") + "'>"});
+  site.project.addPage(
+      {"01", "Bild", "<IMG SRC='" + site.pictures.file("B.jpg") + "'><img src='" + site.pictures.file("weg.jpg") + "'>"});
   site.ui.acceptAll();
   site.run();
   const auto firstEntries = site.entered();
@@ -485,7 +496,8 @@ TEST(Repetition, brings_a_picture_again_that_was_removed_from_the_site)
 
 TEST(Repetition, follows_a_change_of_what_a_body_depends_on)
 {
-  SiteRun site{{"00", "Start", ""}, {"01", "Fremd", "<a href=\"javascript:picturetransfer('file:///a/b.jpg')\">x</a><img src='pix/a.gif'>", {}, 2}};
+  SiteRun site{{"00", "Start", ""},
+               {"01", "Fremd", "<a href=\"javascript:picturetransfer('file:///a/b.jpg')\">x</a><img src='pix/a.gif'>", {}, 2}};
   site.programDirectory.write("picturetransfer.js", "");
   site.site.write("pix/a.gif", "");
   site.site.write("pix/b.jpg", "");
@@ -496,12 +508,16 @@ TEST(Repetition, follows_a_change_of_what_a_body_depends_on)
 
   site.run();
 
-  EXPECT_EQ(site.body("01.htm"), "<a href=\"javascript:picturetransfer('http://zwei.example/pix/b.jpg')\">x</a><img src=\"http://zwei.example/pix/a.gif\">");
+  EXPECT_EQ(
+      site.body("01.htm"),
+      "<a href=\"javascript:picturetransfer('http://zwei.example/pix/b.jpg')\">x</a><img src=\"http://zwei.example/pix/a.gif\">");
 }
 
 TEST(SiteAddress, gets_its_slash_from_the_first_link_that_needs_it)
 {
-  SiteRun site{{"00", "Start", "<img src='pix/a.gif'>"}, {"01", "Bild", "<a href='pix/a.jpg'>x</a>"}, {"02", "Fern", "<a href=\"javascript:picturetransfer('file://pix/a.jpg')\">x</a>"}};
+  SiteRun site{{"00", "Start", "<img src='pix/a.gif'>"},
+               {"01", "Bild", "<a href='pix/a.jpg'>x</a>"},
+               {"02", "Fern", "<a href=\"javascript:picturetransfer('file://pix/a.jpg')\">x</a>"}};
   site.programDirectory.write("picturetransfer.js", "");
   site.site.write("pix/a.gif", "");
   site.site.write("pix/a.jpg", "");

@@ -61,7 +61,8 @@ TEST(Hostile, an_id_that_leads_out_is_refused)
 
 TEST(Hostile, null_everywhere_is_a_page_without_anything)
 {
-  SiteRun site{{"00", std::nullopt, {}, {}, std::nullopt}, {"01", std::nullopt, {}, {}, std::nullopt}, {"0101", std::nullopt, {}, {}, 1}};
+  SiteRun site{
+      {"00", std::nullopt, {}, {}, std::nullopt}, {"01", std::nullopt, {}, {}, std::nullopt}, {"0101", std::nullopt, {}, {}, 1}};
 
   const auto outcome = site.run();
 
@@ -82,8 +83,9 @@ TEST(Hostile, a_page_without_an_id_does_no_harm)
 TEST(Hostile, wrong_types_are_read_as_text_and_numbers)
 {
   SiteRun site{{"00", "Start", ""}};
-  site.project.db().execute("INSERT INTO Seite (id, Überschrift, html, dateiname, [seitentyp-id], changingdate) VALUES (?, ?, ?, ?, ?, ?)",
-                            {1, 2.5, 42, 7, "drei", "kein Datum"});
+  site.project.db().execute(
+      "INSERT INTO Seite (id, Überschrift, html, dateiname, [seitentyp-id], changingdate) VALUES (?, ?, ?, ?, ?, ?)",
+      {1, 2.5, 42, 7, "drei", "kein Datum"});
 
   const auto outcome = site.run();
 
@@ -168,8 +170,11 @@ TEST(Hostile, a_picture_that_is_a_directory_or_unreadable_stops_nothing)
   SiteRun site{{"00", "Start", ""}};
   site.pictures.write("ordner.jpg/x", "x");
   site.project.db().execute("UPDATE Seite SET html = ? WHERE id = '00'",
-                            {"<img src='" + site.pictures.file("ordner.jpg") + "'><img src='" + site.pictures.file("weg.jpg") + "'><img src='\\proc\\self\\mem.jpg'>"});
-  site.ui.expect(0, "pix\\ordner.jpg wurde nicht gefunden!").expect(0, "pix\\weg.jpg wurde nicht gefunden!").expect(0, "pix\\mem.jpg wurde nicht gefunden!");
+                            {"<img src='" + site.pictures.file("ordner.jpg") + "'><img src='" + site.pictures.file("weg.jpg") +
+                             "'><img src='\\proc\\self\\mem.jpg'>"});
+  site.ui.expect(0, "pix\\ordner.jpg wurde nicht gefunden!")
+      .expect(0, "pix\\weg.jpg wurde nicht gefunden!")
+      .expect(0, "pix\\mem.jpg wurde nicht gefunden!");
 
   EXPECT_TRUE(site.run().finished);
   EXPECT_EQ(site.body("index.htm"), "<img src=\"pix/ordner.jpg\"><img src=\"pix/weg.jpg\"><img src=\"pix/mem.jpg\">");
@@ -190,8 +195,9 @@ TEST(Hostile, a_copy_that_fails_stops_the_run_with_the_words_of_the_platform)
 
 TEST(Hostile, references_of_endless_length_and_odd_bytes_do_no_harm)
 {
-  SiteRun site{{"00", "Start", "<img src='" + std::string(100000, 'a') + ".jpg'><a href='file://" + std::string(100000, 'b') + ".jpg'>x</a><img src='\x01%00%zz'><img src='" +
-                                   std::string(5000, '/') + "'>"}};
+  SiteRun site{{"00", "Start",
+                "<img src='" + std::string(100000, 'a') + ".jpg'><a href='file://" + std::string(100000, 'b') +
+                    ".jpg'>x</a><img src='\x01%00%zz'><img src='" + std::string(5000, '/') + "'>"}};
   site.ui.acceptAll();
 
   EXPECT_TRUE(site.run().finished);

@@ -63,7 +63,8 @@ TEST_F(MenuTest, lists_only_the_top_level_on_the_homepage)
 
 TEST_F(MenuTest, opens_the_path_to_the_current_page_and_nothing_else)
 {
-  add({"00", "01", "0101", "010101", "0102", "02", "0201", "020101", "02010101", "02010102", "020102", "0202", "020201", "03", "0301"});
+  add({"00", "01", "0101", "010101", "0102", "02", "0201", "020101", "02010101", "02010102", "020102", "0202", "020201", "03",
+       "0301"});
 
   EXPECT_EQ(menu("02010101"), "12 01.htm s01\n"
                               "12 02.htm s02\n"
@@ -140,8 +141,10 @@ TEST_F(MenuTest, lists_pages_below_the_last_page_of_a_deeper_level)
 {
   add({"01", "0199", "019901", "01990101", "019999", "01999901"});
 
-  EXPECT_EQ(menu("019901"), "12 01.htm s01\n19 0199.htm s0199\n22 019901.htm s019901\n23 01990101.htm s01990101\n21 019999.htm s019999\n");
-  EXPECT_EQ(menu("01999901"), "12 01.htm s01\n19 0199.htm s0199\n21 019901.htm s019901\n21 019999.htm s019999\n24 01999901.htm s01999901\n");
+  EXPECT_EQ(menu("019901"),
+            "12 01.htm s01\n19 0199.htm s0199\n22 019901.htm s019901\n23 01990101.htm s01990101\n21 019999.htm s019999\n");
+  EXPECT_EQ(menu("01999901"),
+            "12 01.htm s01\n19 0199.htm s0199\n21 019901.htm s019901\n21 019999.htm s019999\n24 01999901.htm s01999901\n");
 }
 
 TEST_F(MenuTest, links_a_pattern_with_the_number_in_place_of_each_star)
@@ -266,14 +269,16 @@ TEST_F(MenuTest, prints_the_rows_of_the_real_table)
   fields.Tbtabelle = "0080FF";
   fields.tbmenü = "00bb00";
 
-  EXPECT_EQ(menu("0101"),
-            base::replaceAll(
-                lines("   <TR>¶       <TD bgColor=#0080FF width=8><FONT face='Arial' size=2 color=#aa0000>&#149;</font></TD>¶       <TD "
-                      "colSpan=2><A href='01.htm'><FONT face='Arial' size=2 color=#aa0000>s01</FONT></A></TD>¶   </TR>¶"
-                      "<!-- [mrd:aktivID] -->¶<TR>¶  <TD bgColor=#0080FF>&nbsp;</TD>¶  <TD bgColor=#0080FF width=8><FONT "
-                      "color=#00bb00 face='Arial' size=2>&#149;</font></TD>¶  <TD><FONT color=#00bb00 face='Arial' "
-                      "size=2>s0101</FONT></TD>¶</TR>¶"),
-                "\r\n", "\n"));
+  EXPECT_EQ(
+      menu("0101"),
+      base::replaceAll(
+          lines(
+              "   <TR>¶       <TD bgColor=#0080FF width=8><FONT face='Arial' size=2 color=#aa0000>&#149;</font></TD>¶       <TD "
+              "colSpan=2><A href='01.htm'><FONT face='Arial' size=2 color=#aa0000>s01</FONT></A></TD>¶   </TR>¶"
+              "<!-- [mrd:aktivID] -->¶<TR>¶  <TD bgColor=#0080FF>&nbsp;</TD>¶  <TD bgColor=#0080FF width=8><FONT "
+              "color=#00bb00 face='Arial' size=2>&#149;</font></TD>¶  <TD><FONT color=#00bb00 face='Arial' "
+              "size=2>s0101</FONT></TD>¶</TR>¶"),
+          "\r\n", "\n"));
 }
 
 TEST(FileOfPattern, is_the_number_where_the_pattern_is_empty)

@@ -29,70 +29,76 @@ TEST(WholePage, is_written_letter_for_letter)
 
   site.run();
 
-  EXPECT_EQ(site.page("01.htm"),
-            lines("<HTML><HEAD>¶"
-                  "<meta name='description' content='Ein Haus'>¶"
-                  "<meta name='author' content='Anna'>¶"
-                  "<meta name='date' content='2024-05-17'>¶"
-                  "<meta name='revisit' content='After 20 days'>¶"
-                  "<meta name='expires' content='NEVER'>¶"
-                  "<meta http-equiv='imagetoolbar' content='no'>¶"
-                  "<meta name='robots' content='INDEX,FOLLOW'>¶¶"
-                  "¶" + kGenerator + "¶"
-                  "¶"
-                  "<TITLE>Haus Möwe: Küche</TITLE>¶"
-                  "<STYLE type=text/css>¶"
-                  "h3,div,p,td {FONT-FAMILY: Arial; FONT-SIZE:10pt}¶"
-                  "A:link {TEXT-DECORATION: none; color : #ff0000;}¶"
-                  "A:visited {TEXT-DECORATION: none; color : #ff0000;}¶"
-                  "A:active {TEXT-DECORATION: none; color : #ff0000;}¶"
-                  "A:hover {TEXT-DECORATION: underline; color : #ff0000;}¶"
-                  "</STYLE>¶"
-                  "</HEAD>¶¶"
-                  "<BODY bgColor=#ffffff>¶"
-                  "<TABLE id=tabelle bgColor=#ffffff cellSpacing=0 cellPadding=0 width=90% border=0 align=center>¶"
-                  " <TR valign=top> ¶"
-                  "<TD bgcolor=#0080FF>&nbsp;&nbsp;</td><TD align=left bgColor=#0080FF colspan=4><a name='oben'></a><b>Kopf</b></TD>"
-                  "<TD bgColor=#0080FF>&nbsp;&nbsp;&nbsp;</td></TR>¶"
-                  "<TR><td bgcolor=#0080FF></td><TD bgColor=#0080FF vAlign=top>¶"
-                  "<TABLE cellPadding=0 cellSpacing=0 width='140 px'>¶¶"
-                  "<tr><TD colSpan=3><A href='index.htm'><FONT face='Arial' size=2 color=#ff0000>Homepage</FONT></A></TD>¶</tr>¶¶"
-                  "<TR> ¶  <TD bgColor=#0080FF width=8><FONT color=#ff0000 face='Arial' size=2>&#149;</font></TD> ¶"
-                  "  <TD bgColor=#0080FF colSpan=2><FONT color=#ff0000 face='Arial' size=2>Küche</FONT></TD> ¶</TR> ¶"
-                  "<tr valign=bottom><TD valign=bottom colspan=3 bgColor=#0080FF align=center><br><br><br><br>¶</TD></tr>¶"
-                  "</TABLE><!-- Menü Ende --></TD>¶"
-                  "<td bgColor=#ffffff>&nbsp;&nbsp;</td><!-- Inhalt -->¶"
-                  "<TD vAlign=top bgColor=#ffffff><FONT color=#000000 face='Arial' size=2>¶¶"
-                  "<!-- Beginn Inhalt -->¶"
-                  "<h3 id=\"ueberschrift\">Küche</h3>¶"
-                  "<!-- Ende Inhalt -->¶<br>¶"
-                  "</FONT></TD><td bgColor=#ffffff>&nbsp;&nbsp;</td><td width=6 bgColor=#0080FF>&nbsp;</td></TR>¶"
-                  "<tr><TD bgColor=#0080FF valign=bottom>&nbsp;</TD>¶"
-                  "<td id=zelle bgColor=#0080FF colspan=4>&nbsp;¶"
-                  "<div ID='mrdnav' STYLE='position:absolute;'>¶"
-                  "<table bgColor=#0080FF border=0 cellpadding=0 cellspacing=0><tr>¶"
-                  "<td><layer ID='nsmrdnav' bgColor=#0080FF STYLE='position:absolute;'>"
-                  "<font size=2 face='Arial'><a href='index.htm'><FONT color=#ff0000>&lt; Start</font></a> | "
-                  "<a href='#oben'><FONT color=#ff0000>oben</font></a> | "
-                  "<a href='index.htm'><FONT color=#ff0000>Start &gt;</font></a></font>¶¶"
-                  "</layer></td></tr></table></div></td>¶"
-                  "<TD bgColor=#0080FF valign='bottom'>&nbsp;&nbsp;&nbsp;</TD>¶"
-                  "</TR></TABLE>¶<P></P></BODY>¶"
-                  "<SCRIPT language='Javascript1.2' src='mrdnav.js' type='text/javascript'></SCRIPT>¶"
-                  "<SCRIPT language='Javascript1.2'>¶//navposition();¶"
-                  "if ((document.all) || (document.layers)){¶  setInterval('navposition()', 800);¶}¶"
-                  "</SCRIPT ></HTML>¶¶¶¶¶"));
+  EXPECT_EQ(
+      site.page("01.htm"),
+      lines("<HTML><HEAD>¶"
+            "<meta name='description' content='Ein Haus'>¶"
+            "<meta name='author' content='Anna'>¶"
+            "<meta name='date' content='2024-05-17'>¶"
+            "<meta name='revisit' content='After 20 days'>¶"
+            "<meta name='expires' content='NEVER'>¶"
+            "<meta http-equiv='imagetoolbar' content='no'>¶"
+            "<meta name='robots' content='INDEX,FOLLOW'>¶¶"
+            "¶" +
+            kGenerator +
+            "¶"
+            "¶"
+            "<TITLE>Haus Möwe: Küche</TITLE>¶"
+            "<STYLE type=text/css>¶"
+            "h3,div,p,td {FONT-FAMILY: Arial; FONT-SIZE:10pt}¶"
+            "A:link {TEXT-DECORATION: none; color : #ff0000;}¶"
+            "A:visited {TEXT-DECORATION: none; color : #ff0000;}¶"
+            "A:active {TEXT-DECORATION: none; color : #ff0000;}¶"
+            "A:hover {TEXT-DECORATION: underline; color : #ff0000;}¶"
+            "</STYLE>¶"
+            "</HEAD>¶¶"
+            "<BODY bgColor=#ffffff>¶"
+            "<TABLE id=tabelle bgColor=#ffffff cellSpacing=0 cellPadding=0 width=90% border=0 align=center>¶"
+            " <TR valign=top> ¶"
+            "<TD bgcolor=#0080FF>&nbsp;&nbsp;</td><TD align=left bgColor=#0080FF colspan=4><a name='oben'></a><b>Kopf</b></TD>"
+            "<TD bgColor=#0080FF>&nbsp;&nbsp;&nbsp;</td></TR>¶"
+            "<TR><td bgcolor=#0080FF></td><TD bgColor=#0080FF vAlign=top>¶"
+            "<TABLE cellPadding=0 cellSpacing=0 width='140 px'>¶¶"
+            "<tr><TD colSpan=3><A href='index.htm'><FONT face='Arial' size=2 color=#ff0000>Homepage</FONT></A></TD>¶</tr>¶¶"
+            "<TR> ¶  <TD bgColor=#0080FF width=8><FONT color=#ff0000 face='Arial' size=2>&#149;</font></TD> ¶"
+            "  <TD bgColor=#0080FF colSpan=2><FONT color=#ff0000 face='Arial' size=2>Küche</FONT></TD> ¶</TR> ¶"
+            "<tr valign=bottom><TD valign=bottom colspan=3 bgColor=#0080FF align=center><br><br><br><br>¶</TD></tr>¶"
+            "</TABLE><!-- Menü Ende --></TD>¶"
+            "<td bgColor=#ffffff>&nbsp;&nbsp;</td><!-- Inhalt -->¶"
+            "<TD vAlign=top bgColor=#ffffff><FONT color=#000000 face='Arial' size=2>¶¶"
+            "<!-- Beginn Inhalt -->¶"
+            "<h3 id=\"ueberschrift\">Küche</h3>¶"
+            "<!-- Ende Inhalt -->¶<br>¶"
+            "</FONT></TD><td bgColor=#ffffff>&nbsp;&nbsp;</td><td width=6 bgColor=#0080FF>&nbsp;</td></TR>¶"
+            "<tr><TD bgColor=#0080FF valign=bottom>&nbsp;</TD>¶"
+            "<td id=zelle bgColor=#0080FF colspan=4>&nbsp;¶"
+            "<div ID='mrdnav' STYLE='position:absolute;'>¶"
+            "<table bgColor=#0080FF border=0 cellpadding=0 cellspacing=0><tr>¶"
+            "<td><layer ID='nsmrdnav' bgColor=#0080FF STYLE='position:absolute;'>"
+            "<font size=2 face='Arial'><a href='index.htm'><FONT color=#ff0000>&lt; Start</font></a> | "
+            "<a href='#oben'><FONT color=#ff0000>oben</font></a> | "
+            "<a href='index.htm'><FONT color=#ff0000>Start &gt;</font></a></font>¶¶"
+            "</layer></td></tr></table></div></td>¶"
+            "<TD bgColor=#0080FF valign='bottom'>&nbsp;&nbsp;&nbsp;</TD>¶"
+            "</TR></TABLE>¶<P></P></BODY>¶"
+            "<SCRIPT language='Javascript1.2' src='mrdnav.js' type='text/javascript'></SCRIPT>¶"
+            "<SCRIPT language='Javascript1.2'>¶//navposition();¶"
+            "if ((document.all) || (document.layers)){¶  setInterval('navposition()', 800);¶}¶"
+            "</SCRIPT ></HTML>¶¶¶¶¶"));
 }
 
 TEST(HeadTags, leave_out_what_is_empty)
 {
   settings::Fields fields;
 
-  EXPECT_THAT(metaTags(kBuiltInHead, fields, {2024, 1, 2, 0, 0, 0}), StartsWith("<meta name='date' content='2024-01-02'>\r\n<meta name='revisit'"));
+  EXPECT_THAT(metaTags(kBuiltInHead, fields, {2024, 1, 2, 0, 0, 0}),
+              StartsWith("<meta name='date' content='2024-01-02'>\r\n<meta name='revisit'"));
 
   fields.tbmeta = {"a", "b", "c"};
-  EXPECT_THAT(metaTags(kBuiltInHead, fields, {2024, 1, 2, 0, 0, 0}),
-              StartsWith("<meta name='description' content='a'>\r\n<meta name='author' content='b'>\r\n<meta name='keywords' content='c'>\r\n"));
+  EXPECT_THAT(
+      metaTags(kBuiltInHead, fields, {2024, 1, 2, 0, 0, 0}),
+      StartsWith(
+          "<meta name='description' content='a'>\r\n<meta name='author' content='b'>\r\n<meta name='keywords' content='c'>\r\n"));
 }
 
 TEST(HeadTags, of_the_popup_are_its_script)
@@ -123,11 +129,14 @@ TEST(DocumentHead, puts_colours_into_the_meta_tags)
 
 TEST(DocumentHead, holds_the_script_of_the_page_between_blank_lines)
 {
-  SiteRun site{{"00", "Start", "", {}, 1, "<script>\nvar a = '[mrd:Textfarbe]';</script>"}, {"01", "Leer", "", {}, 1, ""}, {"02", "Ohne", ""}};
+  SiteRun site{{"00", "Start", "", {}, 1, "<script>\nvar a = '[mrd:Textfarbe]';</script>"},
+               {"01", "Leer", "", {}, 1, ""},
+               {"02", "Ohne", ""}};
 
   site.run();
 
-  EXPECT_THAT(site.page("index.htm"), HasSubstr(kGenerator + "\r\n\r\n\r\n<script>\nvar a = '[mrd:Textfarbe]';</script>\r\n\r\n<TITLE>"));
+  EXPECT_THAT(site.page("index.htm"),
+              HasSubstr(kGenerator + "\r\n\r\n\r\n<script>\nvar a = '[mrd:Textfarbe]';</script>\r\n\r\n<TITLE>"));
   EXPECT_THAT(site.page("01.htm"), HasSubstr(kGenerator + "\r\n\r\n\r\n\r\n\r\n<TITLE>")) << "an empty text is a text";
   EXPECT_THAT(site.page("02.htm"), HasSubstr(kGenerator + "\r\n\r\n<TITLE>"));
 }
@@ -165,9 +174,11 @@ TEST(DocumentHead, of_a_page_that_mentions_picturetransfer_holds_its_script_tag_
 
   site.run();
 
-  EXPECT_THAT(site.page("index.htm"),
-              HasSubstr(kGenerator + "\r\n\r\n\r\n<script src='picturetransfer.js' TYPE='text/javascript'></script>\r\n\r\n<TITLE>"));
-  EXPECT_THAT(site.page("01.htm"), HasSubstr("<script src='http://x.example/picturetransfer.js' TYPE='text/javascript'></script>"));
+  EXPECT_THAT(
+      site.page("index.htm"),
+      HasSubstr(kGenerator + "\r\n\r\n\r\n<script src='picturetransfer.js' TYPE='text/javascript'></script>\r\n\r\n<TITLE>"));
+  EXPECT_THAT(site.page("01.htm"),
+              HasSubstr("<script src='http://x.example/picturetransfer.js' TYPE='text/javascript'></script>"));
   EXPECT_EQ(site.page("picturetransfer.js"), "neu");
   EXPECT_THAT(site.entered(1), testing::Contains("picturetransfer.js"));
 }
@@ -180,8 +191,9 @@ TEST(DocumentHead, of_all_three_has_them_in_their_order)
 
   site.run();
 
-  EXPECT_THAT(site.page("index.htm"), HasSubstr("\r\n\r\n<!-- eigenes -->\r\n\r\n\r\n" + popupScript(kBuiltInHead) +
-                                                "\r\n\r\n\r\n<script src='picturetransfer.js' TYPE='text/javascript'></script>\r\n\r\n<TITLE>"));
+  EXPECT_THAT(site.page("index.htm"),
+              HasSubstr("\r\n\r\n<!-- eigenes -->\r\n\r\n\r\n" + popupScript(kBuiltInHead) +
+                        "\r\n\r\n\r\n<script src='picturetransfer.js' TYPE='text/javascript'></script>\r\n\r\n<TITLE>"));
 }
 
 TEST(Title, holds_heading_then_site_title_then_colours)
@@ -210,8 +222,9 @@ TEST(SharedHead, is_the_default_one_without_a_stored_one_and_keeps_its_placehold
 
   site.run();
 
-  EXPECT_THAT(site.page("index.htm"),
-              HasSubstr("<a name='oben'></a><font face=\"[mrd:Schriftart]\"><div align=\"center\">made with Mirandel</div></font></TD>"));
+  EXPECT_THAT(
+      site.page("index.htm"),
+      HasSubstr("<a name='oben'></a><font face=\"[mrd:Schriftart]\"><div align=\"center\">made with Mirandel</div></font></TD>"));
 }
 
 TEST(SharedHead, is_parsed_and_its_pictures_are_brought)
@@ -243,12 +256,14 @@ TEST(HomepageEntry, has_no_link_on_the_homepage_and_one_elsewhere)
 
 TEST(Body, is_what_the_parser_makes_of_it_and_passes_no_replacement)
 {
-  SiteRun site{{"00", "Start", "<P ALIGN=center>[mrd:Textfarbe] [mrd:Titel]<BR>a<TABLE><TR><TD>x</TABLE><font color='red'>ü € ♥"}};
+  SiteRun site{
+      {"00", "Start", "<P ALIGN=center>[mrd:Textfarbe] [mrd:Titel]<BR>a<TABLE><TR><TD>x</TABLE><font color='red'>ü € ♥"}};
 
   site.run();
 
-  EXPECT_EQ(site.body("index.htm"), "<p align=\"center\">[mrd:Textfarbe] [mrd:Titel]<br>a<table><tbody><tr><td>x</td></tr></tbody></table>"
-                                    "<font color=\"red\">ü € &#9829;</font></p>")
+  EXPECT_EQ(site.body("index.htm"),
+            "<p align=\"center\">[mrd:Textfarbe] [mrd:Titel]<br>a<table><tbody><tr><td>x</td></tr></tbody></table>"
+            "<font color=\"red\">ü € &#9829;</font></p>")
       << "a document without a type keeps a table in its paragraph";
 }
 
@@ -343,7 +358,10 @@ TEST(Body, may_have_scripts_that_fail)
 
 TEST(ExternalPage, takes_the_base_address_for_pictures_links_and_menu)
 {
-  SiteRun site{{"00", "Start", ""}, {"01", "Haus", ""}, {"02", "Fremd", "<img src='pix/a.gif'><a href='pix/b.jpg'>b</a>", {}, 2}, {"03", "Ebay", "<img src='pix/a.gif'>", {}, 4}};
+  SiteRun site{{"00", "Start", ""},
+               {"01", "Haus", ""},
+               {"02", "Fremd", "<img src='pix/a.gif'><a href='pix/b.jpg'>b</a>", {}, 2},
+               {"03", "Ebay", "<img src='pix/a.gif'>", {}, 4}};
   site.site.write("pix/a.gif", "");
   site.site.write("pix/b.jpg", "");
   site.fields.tbbasisurl = "www.x.example";
@@ -354,8 +372,9 @@ TEST(ExternalPage, takes_the_base_address_for_pictures_links_and_menu)
   EXPECT_EQ(site.body("03.htm"), "<img src=\"http://www.x.example/pix/a.gif\">");
   EXPECT_THAT(site.menuTargets("02.htm"),
               ElementsAre("http://www.x.example/index.htm", "http://www.x.example/01.htm", "http://www.x.example/03.htm"));
-  EXPECT_THAT(site.pageTurn("02.htm"), ElementsAre("http://www.x.example/01.htm|&lt; Haus", "http://www.x.example/index.htm|Homepage", "#oben|oben",
-                                                   "http://www.x.example/03.htm|Ebay &gt;"));
+  EXPECT_THAT(site.pageTurn("02.htm"),
+              ElementsAre("http://www.x.example/01.htm|&lt; Haus", "http://www.x.example/index.htm|Homepage", "#oben|oben",
+                          "http://www.x.example/03.htm|Ebay &gt;"));
   EXPECT_THAT(site.menuTargets("01.htm"), ElementsAre("index.htm", "02.htm", "03.htm"));
 }
 
@@ -386,7 +405,8 @@ TEST(PageTurn, leads_from_the_last_page_to_the_homepage)
 
   site.run();
 
-  EXPECT_THAT(site.pageTurn("02.htm"), ElementsAre("01.htm|&lt; Haus", "index.htm|Homepage", "#oben|oben", "index.htm|Start &gt;"));
+  EXPECT_THAT(site.pageTurn("02.htm"),
+              ElementsAre("01.htm|&lt; Haus", "index.htm|Homepage", "#oben|oben", "index.htm|Start &gt;"));
 }
 
 TEST(PageTurn, leads_from_the_homepage_to_itself_and_to_the_first_page)
@@ -458,7 +478,8 @@ TEST(PageTurn, of_a_page_of_the_first_level_has_the_homepage_for_its_parent_also
 
   site.run();
 
-  EXPECT_THAT(site.pageTurn("02.htm"), ElementsAre("01.htm|&lt; Haus", "start.htm|Homepage", "#oben|oben", "start.htm|Start &gt;"));
+  EXPECT_THAT(site.pageTurn("02.htm"),
+              ElementsAre("01.htm|&lt; Haus", "start.htm|Homepage", "#oben|oben", "start.htm|Start &gt;"));
 }
 
 TEST(PageTurn, puts_colours_into_headings)

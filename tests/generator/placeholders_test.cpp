@@ -35,13 +35,15 @@ TEST_F(PlaceholderTest, every_occurrence_is_replaced)
 
 TEST_F(PlaceholderTest, other_letters_case_is_another_text)
 {
-  EXPECT_EQ(farbzuweisung("[mrd:textfarbe] [MRD:Textfarbe] [mrd:Textfarbe", fields), "[mrd:textfarbe] [MRD:Textfarbe] [mrd:Textfarbe");
+  EXPECT_EQ(farbzuweisung("[mrd:textfarbe] [MRD:Textfarbe] [mrd:Textfarbe", fields),
+            "[mrd:textfarbe] [MRD:Textfarbe] [mrd:Textfarbe");
 }
 
 TEST_F(PlaceholderTest, what_belongs_to_template_layouts_stays)
 {
-  constexpr std::string_view text = "[mrd:Hyperlinkfarbe] [mrd:Tabellenfarbeinaktiv] [mrd:Inhaltbreite] [mrd:Menübreite] [mrd:Titel] "
-                                    "[mrd:GenDat] [mrd:aktivID] [mrd:einleitenderText] [mrd:Text] [mrd:Bild] [mrd:unbekannt]";
+  constexpr std::string_view text =
+      "[mrd:Hyperlinkfarbe] [mrd:Tabellenfarbeinaktiv] [mrd:Inhaltbreite] [mrd:Menübreite] [mrd:Titel] "
+      "[mrd:GenDat] [mrd:aktivID] [mrd:einleitenderText] [mrd:Text] [mrd:Bild] [mrd:unbekannt]";
   EXPECT_EQ(farbzuweisung(text, fields), text);
 }
 
@@ -68,7 +70,8 @@ TEST_F(PlaceholderTest, a_value_that_is_its_own_placeholder_stays_and_ends)
   fields.tbschriftart = "[mrd:Schriftart] [mrd:Schriftart]";
   fields.tbText = "[mrd:Textfarbe]";
 
-  EXPECT_EQ(farbzuweisung("<[mrd:Schriftart]><[mrd:Textfarbe]>", fields), "<[mrd:Schriftart] [mrd:Schriftart]><#[mrd:Textfarbe]>");
+  EXPECT_EQ(farbzuweisung("<[mrd:Schriftart]><[mrd:Textfarbe]>", fields),
+            "<[mrd:Schriftart] [mrd:Schriftart]><#[mrd:Textfarbe]>");
 }
 
 TEST_F(PlaceholderTest, a_value_may_bring_in_a_placeholder_whose_turn_is_still_to_come)
@@ -90,7 +93,8 @@ TEST_F(PlaceholderTest, a_change_of_a_field_counts_at_the_next_call)
 
 TEST_F(PlaceholderTest, a_menu_row_takes_heading_then_target_then_colours)
 {
-  EXPECT_EQ(menüzeile("<A href='[mrd:ID]'><FONT color=[mrd:Menütextfarbe]>[mrd:Überschrift]</FONT></A>[mrd:ID]", "Küche", "0102.htm", fields),
+  EXPECT_EQ(menüzeile("<A href='[mrd:ID]'><FONT color=[mrd:Menütextfarbe]>[mrd:Überschrift]</FONT></A>[mrd:ID]", "Küche",
+                      "0102.htm", fields),
             "<A href='0102.htm'><FONT color=#444444>Küche</FONT></A>0102.htm");
   EXPECT_EQ(menüzeile("[mrd:Überschrift]", "[mrd:ID] [mrd:Textfarbe]", "x.htm", fields), "x.htm #333333");
 }
@@ -122,10 +126,7 @@ TEST(BaseAddress, leaves_other_references_alone)
   EXPECT_EQ(mitbasis(text, "http://x.example/"), text);
 }
 
-TEST(BaseAddress, changes_nothing_when_it_is_empty)
-{
-  EXPECT_EQ(mitbasis("<img src='pix/a.jpg'>", ""), "<img src='pix/a.jpg'>");
-}
+TEST(BaseAddress, changes_nothing_when_it_is_empty) { EXPECT_EQ(mitbasis("<img src='pix/a.jpg'>", ""), "<img src='pix/a.jpg'>"); }
 
 TEST(BaseAddress, that_holds_the_searched_text_itself_ends)
 {

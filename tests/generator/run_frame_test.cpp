@@ -42,12 +42,10 @@ TEST(BaseLink, takes_any_text_that_begins_like_an_address)
 }
 
 struct PageQueryTest : testing::Test {
-  support::TemporaryProject project{{"00", "Start", {}, {}, 1, {}, "2020-01-01 00:00:00"},
-                                    {"01", "Alt", {}, {}, 1, {}, "2024-05-01 10:00:00"},
-                                    {"0101", "Gleich", {}, {}, 1, {}, "2024-05-02 09:08:07"},
-                                    {"0102", "Auch gleich", {}, {}, 1, {}, "2024-05-02 09:08:08"},
-                                    {"02", "Neu", {}, {}, 1, {}, "2024-05-03 00:00:00"},
-                                    {"03", "Nie", {}, {}, 1}};
+  support::TemporaryProject project{
+      {"00", "Start", {}, {}, 1, {}, "2020-01-01 00:00:00"},    {"01", "Alt", {}, {}, 1, {}, "2024-05-01 10:00:00"},
+      {"0101", "Gleich", {}, {}, 1, {}, "2024-05-02 09:08:07"}, {"0102", "Auch gleich", {}, {}, 1, {}, "2024-05-02 09:08:08"},
+      {"02", "Neu", {}, {}, 1, {}, "2024-05-03 00:00:00"},      {"03", "Nie", {}, {}, 1}};
 
   std::vector<std::string> selected(const Selection& selection, const std::optional<std::string>& lastgendate)
   {

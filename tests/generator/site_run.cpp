@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <ostream>
-#include <regex>
 
 namespace mrd::generator {
 
@@ -87,24 +86,25 @@ std::string SiteRun::body(const std::string& file) const
 std::vector<std::string> SiteRun::pageTurn(const std::string& file) const
 {
   const auto strip = between(page(file), "<layer ID='nsmrdnav'", "</layer>");
-  std::vector<std::string> out;
-  const std::regex link("<a href='([^']*)'><FONT color=[^>]*>(.*?)</font></a>");
-  for (std::sregex_iterator i(strip.begin(), strip.end(), link), end; i != end; ++i)
-    out.push_back((*i)[1].str() + "|" + (*i)[2].str());
-  return out;
+  auto targets = allBetween(strip, "<a href='", "'><FONT color=");
+  const auto texts = allBetween(strip, "'><FONT color=", "</font></a>");
+  for (std::size_t i = 0; i < targets.size(); ++i)
+    targets[i] += "|" + texts[i].substr(texts[i].find('>') + 1);
+  return targets;
 }
 
 std::vector<std::string> SiteRun::menuTargets(const std::string& file) const
 {
-  return allMatches(between(page(file), "<TABLE cellPadding=0 cellSpacing=0 width=", "<!-- Menü Ende -->"), "<A href='([^']*)'>");
+  return allBetween(between(page(file), "<TABLE cellPadding=0 cellSpacing=0 width=", "<!-- Menü Ende -->"), "<A href='", "'>");
 }
 
-std::vector<std::string> allMatches(const std::string& text, const std::string& pattern)
+std::vector<std::string> allBetween(std::string_view text, std::string_view from, std::string_view to)
 {
   std::vector<std::string> out;
-  const std::regex expression(pattern);
-  for (std::sregex_iterator i(text.begin(), text.end(), expression), end; i != end; ++i)
-    out.push_back((*i)[1].str());
+  for (auto start = text.find(from); start != text.npos; start = text.find(from, start)) {
+    start += from.size();
+    out.emplace_back(text.substr(start, text.find(to, start) - start));
+  }
   return out;
 }
 

@@ -46,7 +46,8 @@ struct EnteredFile {
 };
 void PrintTo(const EnteredFile& entered, std::ostream* out);
 
-/// The layout is "Navigation linke Seite" and the export directory is there. The program directory holds the languages and mrdnav.js.
+/// The layout is "Navigation linke Seite" and the export directory is there. The program directory holds the languages and
+/// mrdnav.js.
 class SiteRun {
 public:
   explicit SiteRun(std::initializer_list<support::Page> pages);
@@ -87,8 +88,8 @@ private:
   RunOutcome run(const Selection& selection);
 };
 
-/// All parts of `text` that the capturing group of the pattern matches.
-std::vector<std::string> allMatches(const std::string& text, const std::string& pattern);
+/// All parts of `text` between the two pieces, in their order.
+std::vector<std::string> allBetween(std::string_view text, std::string_view from, std::string_view to);
 /// The part between two pieces; empty, with a failure, where they are missing.
 std::string between(const std::string& text, std::string_view from, std::string_view to);
 /// "¶" as CR LF.

@@ -5,8 +5,8 @@
   golden_site.py write MRD GOLDEN        keeps the present site
 
 MRD is the command line program beside its resources, GOLDEN the directory of the kept site: pages as they are, files that were
-copied by name and origin in copied.tsv, other pictures by name and checksum in pictures.sha256, the file register in register.tsv,
-what the program said in said.txt.
+copied by name and origin in copied.tsv, other pictures by name and checksum in pictures.sha256, the file register in
+register.tsv, what the program said in said.txt.
 """
 import difflib
 import hashlib
@@ -77,7 +77,8 @@ def register(project, site):
     base = str(site).replace("/", "\\").lower() + "\\"
     database = sqlite3.connect(project)
     rows = database.execute('SELECT pfad, dateiname, erweiterung, "dateityp-id", "übertragen" FROM Dateien ORDER BY rowid')
-    kept = table((path.removeprefix(base), name, extension or "", str(kind), str(due)) for path, name, extension, kind, due in rows)
+    kept = table((path.removeprefix(base), name, extension or "", str(kind), str(due))
+                 for path, name, extension, kind, due in rows)
     database.close()
     return kept
 
