@@ -6,6 +6,7 @@
 #include "platform/files/path.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,6 +15,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -161,26 +163,31 @@ NativePath behindLinks(const NativePath& native)
   return error ? native : target;
 }
 
-/// A file beside its target, renamed to it when it is complete and gone when it never was.
+/// A file beside its target, renamed to it when it is complete and gone when it never was. Its name follows from the target's, so
+/// that what a killed run left is taken up by the next; a lock tells it from the file of a run that is at work.
 class Replacement {
 public:
   explicit Replacement(NativePath target) : target_(behindLinks(target))
   {
-    for (int attempt = 0;; ++attempt) {
-      name_ = target_.parent_path() / base::format(".mrd-{}-{}.tmp", ::getpid(), attempt);
-      descriptor_ = openFile(name_, O_WRONLY | O_CREAT | O_EXCL);
-      if (descriptor_ >= 0)
-        return;
-      if (errno != EEXIST)
+    const auto hash = std::hash<std::string>{}(target_.filename().native());
+    for (int attempt = 0; descriptor_ < 0; ++attempt) {
+      name_ = target_.parent_path() / base::format(".mrd-{:016x}-{}.tmp", hash, attempt);
+      Descriptor file(openFile(name_, O_WRONLY | O_CREAT | O_NOFOLLOW));
+      if (file.get() < 0 && errno != ELOOP && errno != EISDIR)
         fail(errno, target_);
+      if (file.get() < 0 || !isOurs(file.get()))
+        continue;
+      check(::ftruncate(file.get(), 0));
+      descriptor_ = file.release();
     }
   }
   ~Replacement()
   {
-    if (descriptor_ >= 0)
-      ::close(descriptor_);
+    // The lock must outlive the name: a run that took up the file meanwhile would lose it.
     if (!name_.empty())
       ::unlink(name_.c_str());
+    if (descriptor_ >= 0)
+      ::close(descriptor_);
   }
   Replacement(const Replacement&) = delete;
   Replacement& operator=(const Replacement&) = delete;
@@ -196,12 +203,23 @@ public:
 
   void takePlace()
   {
-    check(::close(std::exchange(descriptor_, -1)));
     check(::rename(name_.c_str(), target_.c_str()));
     name_.clear();
+    check(::close(std::exchange(descriptor_, -1)));
   }
 
 private:
+  /// A file system without locks gives the file to whoever comes. One that was locked before may have been renamed or removed
+  /// since.
+  bool isOurs(int descriptor) const
+  {
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+      return false;
+    struct stat opened {};
+    const auto named = statusOf(name_);
+    return ::fstat(descriptor, &opened) == 0 && named && named->st_ino == opened.st_ino && named->st_dev == opened.st_dev;
+  }
+
   NativePath target_, name_;
   int descriptor_ = -1;
 };

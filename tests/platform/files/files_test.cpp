@@ -4,13 +4,16 @@
 #include "platform/files/scratch.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <csignal>
 
 namespace mrd::files {
 namespace {
@@ -232,6 +235,27 @@ TEST(WriteFileAtomically, keeps_a_symbolic_link)
 
   EXPECT_TRUE(std::filesystem::is_symlink(scratch.native("a.ini")));
   EXPECT_EQ(scratch.read("echt/a.ini"), "neu");
+}
+
+TEST(WriteFileAtomically, leaves_nothing_of_a_run_that_was_killed_before_it_was_done)
+{
+  const Scratch scratch;
+  const pid_t other = ::fork();
+  if (other == 0) {
+    const rlimit limit{4, 4};
+    std::signal(SIGXFSZ, SIG_DFL);
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    writeFileAtomically(scratch.path("a.txt"), "ein langer Inhalt");
+    ::_exit(0);
+  }
+  int status = 0;
+  ::waitpid(other, &status, 0);
+  ASSERT_TRUE(WIFSIGNALED(status));
+
+  writeFileAtomically(scratch.path("a.txt"), "neu");
+
+  EXPECT_EQ(scratch.entries(), 1u);
+  EXPECT_EQ(scratch.read("a.txt"), "neu");
 }
 
 TEST(WriteFileAtomically, fails_in_a_missing_directory)
