@@ -2,6 +2,8 @@
 
 #include "base/format.h"
 
+#include <cmath>
+
 namespace mrd::cli {
 
 std::string jsonText(std::string_view text)
@@ -30,7 +32,8 @@ std::string jsonValue(const dao::Value& value)
     return "null";
   if (std::holds_alternative<std::string>(value.content()))
     return jsonText(value.text());
-  return value.text();
+  // The form knows no number beyond all bounds.
+  return std::isfinite(value.number()) ? value.text() : "null";
 }
 
 std::string jsonObject(const std::vector<std::pair<std::string, dao::Value>>& fields)
