@@ -16,7 +16,8 @@ std::string documentText(const BodySource& source)
 {
   std::string text;
   text.reserve(source.html.size() + source.script.size() + source.addresses.exportpfad.size() + 100);
-  text.append("<html><head><title>generator</title><base href='file://").append(source.addresses.exportpfad).append("'>");
+  text.append("<html><head><title>generator</title><base href=\"file://");
+  text.append(html::escapeAttribute(source.addresses.exportpfad)).append("\">");
   text.append(source.script).append("</head><body>").append(source.html).append("</body></html>");
   return text;
 }
@@ -68,8 +69,8 @@ RewrittenBody rewriteBody(const BodySource& source)
 dao::ContentHash BodyCache::keyOf(const BodySource& source)
 {
   const auto& addresses = source.addresses;
-  const std::array<std::string_view, 6> pieces{kCacheFormat,       source.html,        source.script, addresses.exportpfad,
-                                               addresses.basislink, addresses.tbbasisurl};
+  const std::array<std::string_view, 6> pieces{kCacheFormat,         source.html,         source.script,
+                                               addresses.exportpfad, addresses.basislink, addresses.tbbasisurl};
   return dao::contentHash(pieces);
 }
 

@@ -4,6 +4,8 @@
 #include "base/format.h"
 #include "base/product.h"
 
+#include <utility>
+
 namespace mrd::generator {
 namespace {
 
@@ -16,7 +18,7 @@ public:
   ~RegisterTransaction()
   {
     try {
-      transaction_.commit();
+      commit();
     } catch (const base::Error&) {
       // The rows of the last run stay, which is better than none; the failure that led here is the one to tell.
     }
@@ -24,8 +26,15 @@ public:
   RegisterTransaction(const RegisterTransaction&) = delete;
   RegisterTransaction& operator=(const RegisterTransaction&) = delete;
 
+  void commit()
+  {
+    if (std::exchange(open_, false))
+      transaction_.commit();
+  }
+
 private:
   dao::Transaction transaction_;
+  bool open_ = true;
 };
 
 /// Takes the progress bar away however the run ends.
@@ -52,23 +61,30 @@ RunOutcome GenerationRun::run()
 {
   const ui::WaitPointer wait(ui_);
   const ProgressBar progressBar{ui_};
-  const RegisterTransaction transaction(db_);
+  RegisterTransaction transaction(db_);
+  generate();
+  transaction.commit();
+  if (outcome_.finished) {
+    job_.showState(base::format("Fertig! Es wurden {} Seiten generiert{}", outcome_.generated, differences_.closingMark));
+    closeRun();
+  }
+  return outcome_;
+}
+
+void GenerationRun::generate()
+{
   register_.clearRunFiles();
   bringSiteFiles();
   const auto [sql, parameters] = pageQuery(job_.selection, readSetting(db_, "lastgendate"), differences_.order);
   auto pages = db_.openRecordset(sql, parameters);
   if (pages.eof() && differences_.stopsWhenEmpty) {
     ui_.messageBox({"Es wurden keine Seiten zum Generieren gefunden.", std::string(base::kProductName)});
-    return outcome_;
+    return;
   }
   total_ = pages.recordCount();
   generatePages(pages);
-  if (!outcome_.finished)
-    return outcome_;
-  writeLastGenDate(db_, now_);
-  job_.showState(base::format("Fertig! Es wurden {} Seiten generiert{}", outcome_.generated, differences_.closingMark));
-  closeRun();
-  return outcome_;
+  if (outcome_.finished)
+    writeLastGenDate(db_, now_);
 }
 
 RunPage GenerationRun::readPage(const dao::Recordset& pages)

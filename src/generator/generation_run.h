@@ -113,6 +113,9 @@ protected:
   RunOutcome outcome_;
 
 private:
+  /// From the cleared register to the date of the run.
+  void generate();
+
   const RunDifferences differences_;
   files::OutputDirectory exportDirectory_;
   std::size_t turn_ = 0, total_ = 0;

@@ -38,7 +38,8 @@ PageQuery pageQuery(const Selection& selection, const std::optional<std::string>
 bool staysInDirectory(std::string_view fileName)
 {
   const bool hasDrive = fileName.size() > 1 && fileName[1] == ':';
-  return fileName.find_first_of("/\\") == std::string_view::npos && !hasDrive && fileName != "." && fileName != "..";
+  const bool namesDirectory = fileName.empty() || fileName == "." || fileName == "..";
+  return fileName.find_first_of("/\\") == std::string_view::npos && !hasDrive && !namesDirectory;
 }
 
 std::string basislinkOf(std::string_view tbbasisurl)
@@ -61,7 +62,8 @@ bool SiteFiles::copyFromProgram(std::string_view programFile, std::string_view n
 bool SiteFiles::bringPicture(std::string_view name)
 {
   const std::string picture(name), target = "pix\\" + picture;
-  const bool brought = isInExport(target) || copyFromProgram("\\" + picture, target) || copyFromProgram("\\hilfe\\pix\\" + picture, target);
+  const bool brought =
+      isInExport(target) || copyFromProgram("\\" + picture, target) || copyFromProgram("\\hilfe\\pix\\" + picture, target);
   if (brought)
     enter(target, project::Dateityp::Picture);
   return brought;

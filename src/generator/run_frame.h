@@ -32,7 +32,8 @@ struct PageQuery {
 };
 PageQuery pageQuery(const Selection& selection, const std::optional<std::string>& lastgendate, std::string_view order);
 
-/// Whether a file name stays inside the directory that it is written into: no separator, no drive, not "." or "..".
+/// Whether a file name names a file inside the directory that it is written into: not empty, no separator, no drive, not "." or
+/// "..".
 bool staysInDirectory(std::string_view fileName);
 
 /// The address before links of pages that are read from elsewhere.

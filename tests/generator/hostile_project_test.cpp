@@ -7,8 +7,39 @@
 
 #include <filesystem>
 
+#include <csignal>
+#include <sys/resource.h>
+
 namespace mrd::generator {
 namespace {
+
+/// Files of this process cannot grow beyond a size: what a full disk is to a database.
+class FileSizeLimit {
+public:
+  FileSizeLimit()
+  {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    signalBefore_ = std::signal(SIGXFSZ, SIG_IGN);
+  }
+  ~FileSizeLimit()
+  {
+    lift();
+    std::signal(SIGXFSZ, signalBefore_);
+  }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+  void set(rlim_t bytes) const
+  {
+    const rlimit limit{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  void lift() const { setrlimit(RLIMIT_FSIZE, &before_); }
+
+private:
+  rlimit before_{};
+  void (*signalBefore_)(int) = SIG_DFL;
+};
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -48,6 +79,23 @@ TEST(Hostile, a_homepage_that_leads_out_is_refused_and_the_rest_is_written)
   EXPECT_EQ(outcome.generated, 1u);
   EXPECT_EQ(outcome.refused, 1u);
   EXPECT_TRUE(site.has("01.htm"));
+}
+
+TEST(Hostile, a_homepage_whose_name_is_an_address_is_refused)
+{
+  SiteRun site{{"00", "Start", "", "http://x.example/"}, {"01", "Haus", ""}};
+  site.ui.expect(101, "http://x.example/");
+
+  EXPECT_EQ(site.run().generated, 1u);
+  EXPECT_THAT(site.menuTargets("01.htm"), ElementsAre("http://x.example/"));
+}
+
+TEST(Hostile, a_page_whose_name_comes_out_empty_is_refused)
+{
+  SiteRun site{{"00", "Start", ""}, {"", "Ohne Nummer", "", "*"}, {"01", "Haus", ""}};
+  site.ui.expect(101);
+
+  EXPECT_EQ(site.run().generated, 2u);
 }
 
 TEST(Hostile, an_id_that_leads_out_is_refused)
@@ -243,6 +291,23 @@ TEST(FullDisk, also_when_the_page_is_small)
   EXPECT_FALSE(site.run().finished);
 }
 
+TEST(FullDisk, that_lets_the_register_down_at_the_end_is_told_and_the_run_is_not_finished)
+{
+  SiteRun site{{"00", "Start", ""}};
+  site.run();
+  site.clock.present.year += 1;
+  site.ui.expect(1, "in Modul cbHTML_Click");
+  FileSizeLimit limit;
+  site.ui.atPump = [&] { limit.set(8192); };
+
+  const auto outcome = site.run();
+  limit.lift();
+
+  EXPECT_FALSE(outcome.finished);
+  EXPECT_EQ(site.project.setting("lastgendate"), "17.05.2024 08:30:15");
+  EXPECT_THAT(site.entered(1), ElementsAre("mrdnav.js", "index.htm")) << "the rows of the run before";
+}
+
 TEST(ExportDirectory, that_cannot_be_written_is_a_message)
 {
   SiteRun site{{"00", "Start", ""}};
@@ -262,6 +327,16 @@ TEST(ExportDirectory, that_is_a_file_is_message_37)
   site.ui.expect(37);
 
   EXPECT_FALSE(site.run().finished);
+}
+
+TEST(ExportDirectory, with_quotes_and_ampersands_in_its_name_is_the_base_of_relative_pictures)
+{
+  SiteRun site{{"00", "Start", "<img src='bilder/x.jpg'>"}};
+  site.pictures.write("Anna's &amp; \"Co\"/bilder/x.jpg", "x");
+  site.fields.tbpfadexport = site.pictures.file("Anna's &amp; \"Co\"\\");
+
+  EXPECT_TRUE(site.run().finished);
+  EXPECT_TRUE(files::fileExists(site.pictures.file("Anna's &amp; \"Co\"\\pix\\x.jpg")));
 }
 
 TEST(ExportDirectory, in_which_a_page_s_file_is_a_directory_is_a_message)

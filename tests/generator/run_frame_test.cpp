@@ -15,7 +15,7 @@ constexpr std::string_view kOrder = "changingdate DESC, ID";
 
 TEST(StaysInDirectory, refuses_what_leads_out)
 {
-  for (const auto* name : {"../x.htm", "..", ".", "a/b.htm", "a\\b.htm", "..\\x.htm", "C:x.htm", "C:\\x.htm", "/x", "\\x"})
+  for (const auto* name : {"../x.htm", "..", ".", "a/b.htm", "a\\b.htm", "..\\x.htm", "C:x.htm", "C:\\x.htm", "/x", "\\x", ""})
     EXPECT_FALSE(staysInDirectory(name)) << name;
 }
 

@@ -42,7 +42,8 @@ TEST(Corners, show_one_quarter_each_of_a_circle_around_the_inner_corner)
     double x, y;
   };
   // The circle's box begins at 0 or at one radius and a pixel before the picture; its middle is a radius further.
-  for (const auto& [fileName, x, y] : {Centre{"ecke-ol.jpg", 30, 30}, Centre{"ecke-or.jpg", -1, 30}, Centre{"ecke-ul.jpg", 30, -1}, Centre{"ecke-ur.jpg", -1, -1}}) {
+  for (const auto& [fileName, x, y] : {Centre{"ecke-ol.jpg", 30, 30}, Centre{"ecke-or.jpg", -1, 30},
+                                       Centre{"ecke-ul.jpg", 30, -1}, Centre{"ecke-ur.jpg", -1, -1}}) {
     const auto picture = drawCorner(cornerOf(fileName), fieldsOf("30"));
     ASSERT_EQ(picture.width(), 30);
     ASSERT_EQ(picture.height(), 30);
