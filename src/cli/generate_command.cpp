@@ -23,6 +23,13 @@ struct GenerateArguments {
   std::optional<std::string> exportDirectory;
 };
 
+/// The rules let a run go on without it; a site without a first page is seldom what its owner wants.
+void warnOfMissingHomepage(mainform::Mainform& mainform)
+{
+  if (mainform.db().openRecordset("SELECT * FROM Seite Where Seite.ID = '00' ORDER BY ID;").eof())
+    mainform.program().ui.warning("In diesem Projekt fehlt die Homepage (die Seite mit der Nummer 00).");
+}
+
 ExitStatus generate(Session& session, const GenerateArguments& arguments)
 {
   mainform::Mainform mainform(session.program());
@@ -33,6 +40,7 @@ ExitStatus generate(Session& session, const GenerateArguments& arguments)
   if (!mainform.openProject(Session::path(arguments.file)) || !mainform.loadSettings(exportPath))
     return ExitStatus::Failed;
 
+  warnOfMissingHomepage(mainform);
   auto& program = mainform.program();
   NoShell shell;
   generator::frmHTMLExport dialog({program.files, program.language, mainform.fields(), program.clock, shell});
@@ -53,7 +61,8 @@ void addGenerate(CLI::App& app, Session& session)
   auto* const command = app.add_subcommand("generate", "Writes the site of a project");
   const auto arguments = std::make_shared<GenerateArguments>();
   command->add_option("FILE", arguments->file)->required();
-  auto* const newOnly = command->add_flag("--new-only", arguments->newOnly, "Only the homepage and what changed since the last run");
+  auto* const newOnly =
+      command->add_flag("--new-only", arguments->newOnly, "Only the homepage and what changed since the last run");
   command->add_option("--page", arguments->page, "One page only")->type_name("ID")->excludes(newOnly);
   command->add_option("--export", arguments->exportDirectory, "Directory in place of the project's own")->type_name("DIR");
   command->add_option("--prefix", arguments->prefix, "Before every file name of a template layout")->type_name("TEXT");

@@ -113,13 +113,20 @@ private:
   pagetree::PageStore store_;
 };
 
+/// The page's row; message 102 is shown where there is none.
+dao::Recordset rowOf(mainform::Mainform& mainform, const std::string& id)
+{
+  auto row = mainform.db().openRecordset("SELECT * FROM Seite Where Seite.ID = ? ORDER BY ID;", {dao::Value(id)});
+  if (row.eof())
+    mainform.program().language.GetMsg(kMessagePageMissing, id, "R");
+  return row;
+}
+
 ExitStatus showPage(mainform::Mainform& mainform, const PageArguments& arguments)
 {
-  auto row = mainform.db().openRecordset("SELECT * FROM Seite Where Seite.ID = ? ORDER BY ID;", {dao::Value(arguments.id)});
-  if (row.eof()) {
-    mainform.program().language.GetMsg(kMessagePageMissing, arguments.id, "R");
+  auto row = rowOf(mainform, arguments.id);
+  if (row.eof())
     return ExitStatus::Failed;
-  }
   std::vector<std::pair<std::string, dao::Value>> fields;
   for (const auto& column : row.columns())
     fields.emplace_back(column, row.value(column));
@@ -145,7 +152,8 @@ ExitStatus addPageUnder(mainform::Mainform& mainform, const PageArguments& argum
 ExitStatus setPage(mainform::Mainform& mainform, const PageArguments& arguments)
 {
   PageDesk desk(mainform.program(), mainform.db());
-  if (!desk.hasPage(arguments.id))
+  // The tree shows a homepage where the project has none.
+  if (rowOf(mainform, arguments.id).eof() || !desk.hasPage(arguments.id))
     return ExitStatus::Failed;
   desk.load(arguments.id);
   desk.fill(arguments);
