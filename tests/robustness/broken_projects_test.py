@@ -106,8 +106,13 @@ class StrangeContents(House):
             db.execute("DELETE FROM Seite WHERE id = '00'")
 
         self.assertEqual(len(self.assert_done("pages", self.file).splitlines()), 3)
-        self.look_at_everything()
+        done = self.mrd(*self.generate())
+        self.assertIn("warning: In diesem Projekt fehlt die Homepage", done.err)
+        self.assertIn("3 Seiten", done.out)
         self.assertTrue((self.site / "02.htm").exists())
+        self.assertIn("message 102: ", self.assert_refused("page", "set", self.file, "00"))
+        self.look_at_everything()
+        self.assertEqual(self.assert_done("page", "add", self.file, "--under", "00"), "04\n")
 
     def test_no_page_at_all(self):
         self.make_project()
