@@ -1,5 +1,6 @@
 #include "generator/body_rewriter.h"
 
+#include "base/text.h"
 #include "base/windows1252.h"
 
 #include <array>
@@ -10,14 +11,22 @@ namespace mrd::generator {
 namespace {
 
 /// Changes with every change of what a rewritten body looks like, so that old side files are not taken for new ones.
-constexpr std::string_view kCacheFormat = "bodies 1";
+constexpr std::string_view kCacheFormat = "bodies 2";
+
+/// The directory as a reference, in which some signs would mean something else.
+std::string referenceOf(std::string_view directory)
+{
+  std::string reference = "file://" + base::replaceAll(directory, "%", "%25");
+  reference = base::replaceAll(reference, "#", "%23");
+  return base::replaceAll(reference, "?", "%3F");
+}
 
 std::string documentText(const BodySource& source)
 {
   std::string text;
   text.reserve(source.html.size() + source.script.size() + source.addresses.exportpfad.size() + 100);
-  text.append("<html><head><title>generator</title><base href=\"file://");
-  text.append(html::escapeAttribute(source.addresses.exportpfad)).append("\">");
+  text.append("<html><head><title>generator</title><base href=\"");
+  text.append(html::escapeAttribute(referenceOf(source.addresses.exportpfad))).append("\">");
   text.append(source.script).append("</head><body>").append(source.html).append("</body></html>");
   return text;
 }

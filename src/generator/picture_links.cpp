@@ -38,7 +38,8 @@ void rewriteLink(html::Element& link, const html::Document& document, LinkAddres
   if (!leadsToPicture(written) || files::isForeignReference(written))
     return;
   const std::string href = document.resolve(written);
-  const auto [prefix, reference, suffix] = splitLink(href);
+  // A quote ends a path that is a script's argument. In a reference without a scheme it is a letter of the path.
+  const auto [prefix, reference, suffix] = base::contains(written, kFileScheme) ? splitLink(href) : LinkPieces{"", href, ""};
   const bool enter = !base::contains(href, kHttpScheme);
   auto use = pictureOf(files::pathFromReference(reference), enter);
   if (enter && !addresses.tbbasisurl.ends_with('/')) {
@@ -48,7 +49,8 @@ void rewriteLink(html::Element& link, const html::Document& document, LinkAddres
   // The picture service reads a picture from outside and needs its full address.
   const bool fullAddress = base::contains(prefix, "picturetrans");
   found.dependsOnMissingSlash |= fullAddress && !addresses.tbbasisurl.ends_with('/');
-  link.setAttribute("href", prefix + (fullAddress ? addresses.tbbasisurl : addresses.basislink) + "pix/" + use.fileName() + suffix);
+  link.setAttribute("href",
+                    prefix + (fullAddress ? addresses.tbbasisurl : addresses.basislink) + "pix/" + use.fileName() + suffix);
   found.uses.push_back(std::move(use));
 }
 
@@ -63,7 +65,8 @@ PictureUse pictureOf(std::string_view path, bool enter)
 LinkPieces splitLink(std::string_view href)
 {
   constexpr std::string_view kRooted = "///";
-  // Three slashes count as two wherever they stand, also in the words behind the path; the root that one of them is comes back below.
+  // Three slashes count as two wherever they stand, also in the words behind the path; the root that one of them is comes back
+  // below.
   const std::string shortened = base::replaceAll(href, kRooted, "//");
   const auto scheme = href.find(kFileScheme);
   if (scheme == std::string_view::npos)

@@ -329,14 +329,20 @@ TEST(ExportDirectory, that_is_a_file_is_message_37)
   EXPECT_FALSE(site.run().finished);
 }
 
-TEST(ExportDirectory, with_quotes_and_ampersands_in_its_name_is_the_base_of_relative_pictures)
+TEST(ExportDirectory, of_any_name_is_the_base_of_relative_pictures_and_links)
 {
-  SiteRun site{{"00", "Start", "<img src='bilder/x.jpg'>"}};
-  site.pictures.write("Anna's &amp; \"Co\"/bilder/x.jpg", "x");
-  site.fields.tbpfadexport = site.pictures.file("Anna's &amp; \"Co\"\\");
+  for (const std::string name : {"Anna's Seiten", "a &amp; \"b\"", "100%41", "C#", "wer?", "jpg file:"}) {
+    SiteRun site{{"00", "Start", "<img src='bilder/x.gif'><a href=\"bilder/o'neil.jpg\">x</a>"}};
+    site.pictures.write(name + "/bilder/x.gif", "x");
+    site.pictures.write(name + "/bilder/o'neil.jpg", "y");
+    site.fields.tbpfadexport = site.pictures.file(name + "\\");
 
-  EXPECT_TRUE(site.run().finished);
-  EXPECT_TRUE(files::fileExists(site.pictures.file("Anna's &amp; \"Co\"\\pix\\x.jpg")));
+    EXPECT_TRUE(site.run().finished) << name;
+    EXPECT_EQ(site.pictures.read(name + "/pix/x.gif"), "x") << name;
+    EXPECT_EQ(site.pictures.read(name + "/pix/o'neil.jpg"), "y") << name;
+    EXPECT_THAT(site.pictures.read(name + "/index.htm"), HasSubstr("<img src=\"pix/x.gif\"><a href=\"pix/o'neil.jpg\">x</a>"))
+        << name;
+  }
 }
 
 TEST(ExportDirectory, in_which_a_page_s_file_is_a_directory_is_a_message)
