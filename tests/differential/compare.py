@@ -3,7 +3,8 @@
 
   compare.py [--mrd PROGRAM] [--program-dir DIR] [--seeds N] [--first SEED] [--modes all,new-only,page] [--keep DIR]
 
-Both work on the same project at the same path, one after the other, so that files, register rows and messages compare as they are.
+Both work on the same project at the same path, one after the other, so that files, register rows and messages compare as
+they are.
 Exit status 1 on any difference. `--keep` leaves what both have written of the first project that differs.
 """
 import argparse
@@ -40,7 +41,8 @@ class Outcome:
         self.register = sorted((repr(row) for row in db.execute(
             'SELECT pfad, dateiname, erweiterung, "dateityp-id", "übertragen" <> 0 FROM Dateien')))
         self.pages = sorted(repr(row) for row in db.execute("SELECT * FROM Seite"))
-        self.settings = sorted(repr(row) for row in db.execute("SELECT * FROM Einstellungen WHERE Einstellung <> 'LastActivePage'"))
+        self.settings = sorted(repr(row) for row in db.execute(
+            "SELECT * FROM Einstellungen WHERE Einstellung <> 'LastActivePage'"))
         db.close()
 
 
@@ -52,9 +54,11 @@ def run_reference(scenario, mode):
 
 def run_program(scenario, mode, mrd):
     command = [mrd, "generate", str(scenario.project), "--program-dir", str(scenario.program)]
+    command += ["--prefix", scenario.prefix] if getattr(scenario, "prefix", "") else []
     command += {"all": [], "new-only": ["--new-only"], "page": ["--page", scenario.page]}[mode]
     command += ["--export", scenario.given_export] if scenario.given_export is not None else []
-    environment = dict(os.environ, SOURCE_DATE_EPOCH=str(scenario.now), HOME=str(scenario.root / ".."), XDG_CONFIG_HOME=str(scenario.root / ".."))
+    environment = dict(os.environ, SOURCE_DATE_EPOCH=str(scenario.now), HOME=str(scenario.root / ".."),
+                       XDG_CONFIG_HOME=str(scenario.root / ".."))
     try:
         done = subprocess.run(command, capture_output=True, env=environment, timeout=120)
         out, err, status = done.stdout, done.stderr, done.returncode
@@ -122,22 +126,24 @@ def row_differences(what, expected, got):
 def file_difference(name, expected, got):
     at = next((i for i, (a, b) in enumerate(zip(expected, got)) if a != b), min(len(expected), len(got)))
     before = expected[max(0, at - 120):at]
-    return ("%s: differs at byte %d, line %d (%d bytes expected, %d got)\n      before:   %s\n      expected: %s\n      got:      %s"
-            % (name, at, expected[:at].count(b"\n") + 1, len(expected), len(got), shown(before), shown(expected[at:at + 160]), shown(got[at:at + 160])))
+    return ("%s: differs at byte %d, line %d (%d bytes expected, %d got)\n"
+            "      before:   %s\n      expected: %s\n      got:      %s"
+            % (name, at, expected[:at].count(b"\n") + 1, len(expected), len(got), shown(before),
+               shown(expected[at:at + 160]), shown(got[at:at + 160])))
 
 
 def shown(data):
     return repr(data.decode("cp1252", "replace"))
 
 
-def compare(seed, mode, options, root):
-    """The differences of one run, as text."""
+def compare(seed, mode, options, root, make, run_expected):
+    """The differences of one run, as text. `make` makes the project, `run_expected` is the reference's run."""
     program_source = options.program_dir or str(Path(options.mrd).resolve().parent)
     outcomes = []
-    for run in (run_reference, lambda scenario, mode: run_program(scenario, mode, options.mrd)):
+    for run in (run_expected, lambda scenario, mode: run_program(scenario, mode, options.mrd)):
         shutil.rmtree(root, ignore_errors=True)
         root.mkdir(parents=True)
-        scenario = random_project.make(seed, root, program_source)
+        scenario = make(seed, root, program_source)
         outcomes.append(run(scenario, mode))
         if options.keep:
             kept = Path(options.keep) / ("expected" if len(outcomes) == 1 else "got")
@@ -146,8 +152,8 @@ def compare(seed, mode, options, root):
     return list(differences(*outcomes))
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+def main(description=__doc__, make=random_project.make, run_expected=run_reference):
+    parser = argparse.ArgumentParser(description=description, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--mrd", default=os.environ.get("MRD"))
     parser.add_argument("--program-dir", help="where the program's files lie; default: beside mrd")
     parser.add_argument("--seeds", type=int, default=25)
@@ -165,7 +171,7 @@ def main():
         for seed in range(options.first, options.first + options.seeds):
             for mode in options.modes.split(","):
                 runs += 1
-                found = compare(seed, mode, options, base / "w")
+                found = compare(seed, mode, options, base / "w", make, run_expected)
                 if found:
                     failed += 1
                     print("seed %d, mode %s:" % (seed, mode))

@@ -5,29 +5,46 @@ from urllib.parse import quote
 
 TEXTS = (
     "Unser Haus am Meer", "Größe & Maß", "5 < 6 > 4", "&auml;&ouml;&nbsp;&copy; &#9829; &#x20AC; &#149; &unbekannt; &amp;lt;",
-    "„Anführung“ – Gedanke…", "Herz ♥ und 漢字, 😀", "Zeile\r\nZeile\nZeile", "  viele   Blanks  ", "\ttab", "[mrd:Textfarbe] [mrd:ID]",
-    "src='pix/bild.gif' src=\"pix/bild.gif\"", "ÄÖÜ äöü ß €", "50 % & mehr&nbsp;", "'einfach' \"doppelt\"", "\u00a0\u00a0", "", "]]>",
+    "„Anführung“ – Gedanke…", "Herz ♥ und 漢字, 😀", "Zeile\r\nZeile\nZeile", "  viele   Blanks  ", "\ttab",
+    "[mrd:Textfarbe] [mrd:ID]",
+    "src='pix/bild.gif' src=\"pix/bild.gif\"", "ÄÖÜ äöü ß €", "50 % & mehr&nbsp;", "'einfach' \"doppelt\"", "\u00a0\u00a0", "",
+    "]]>",
 )
 PIECES = (
-    "<h3 align=center style=\"font-size:16pt;\" id=\"ueberschrift\">%s</h3>", "<H3 ID=ueberschrift>%s</h3>", "<P align=center>%s", "<p>%s</p>",
-    "<div align=center>%s</div>", "<DIV>%s", "%s<br>", "<br/>%s<BR clear=all>", "<b>%s<i></b>kursiv</i>", "<font face=Arial size=2 color=#ff0000>%s</font>",
-    "<FONT COLOR=red>%s<p>Absatz</FONT>", "<ul><li>%s<li>zwei<ul><li>drei</ul></ul>", "<ol start=3><li>%s</li></ol></li>", "<dl><dt>%s<dd>d<dt>e</dl>",
-    "<table border=1><tr><td>%s<td>b<tr><th>c</table>", "<TABLE WIDTH=100%% cellPadding=0><TBODY><TR><TD noWrap>%s</TD></TR></TBODY></TABLE>",
+    "<h3 align=center style=\"font-size:16pt;\" id=\"ueberschrift\">%s</h3>", "<H3 ID=ueberschrift>%s</h3>",
+    "<P align=center>%s", "<p>%s</p>",
+    "<div align=center>%s</div>", "<DIV>%s", "%s<br>", "<br/>%s<BR clear=all>", "<b>%s<i></b>kursiv</i>",
+    "<font face=Arial size=2 color=#ff0000>%s</font>",
+    "<FONT COLOR=red>%s<p>Absatz</FONT>", "<ul><li>%s<li>zwei<ul><li>drei</ul></ul>", "<ol start=3><li>%s</li></ol></li>",
+    "<dl><dt>%s<dd>d<dt>e</dl>",
+    "<table border=1><tr><td>%s<td>b<tr><th>c</table>",
+    "<TABLE WIDTH=100%% cellPadding=0><TBODY><TR><TD noWrap>%s</TD></TR></TBODY></TABLE>",
     "<table>%s<tr><td>im Foster</td></tr></table>", "<table><caption>%s<tr><td><table><td>innen</table></table>",
     "<table><colgroup><col width=10><col></colgroup><thead><tr><th>%s</thead><tfoot></tfoot></table>", "<tr><td>%s</td></tr>",
-    "<script>var a = '<b>' + \"%s\" && 1 < 2;</script>", "<script language=JavaScript>\r\n<!--\r\ndocument.write('x');\r\n//-->\r\n</script>%s",
-    "<style type=text/css>p > a { color: red }\n</style>%s", "<!-- %s -->", "<!-- Kommentar -->%s", "<?php echo 1 ?>%s", "<![CDATA[x]]>%s",
-    "<pre>\n\n%s\n  x</pre>", "<select><option>%s<option selected>b</select>", "<form action=x.php method=post>%s<input type=text disabled value='a\"b'></form>",
-    "<a name=oben>%s</a>", "<a href='0102.htm'>%s", "<a href=#oben>%s</a>", "<center>%s</center>", "<blockquote>%s", "<hr noshade size=1>%s", "<nobr>%s<nobr>x",
-    "<marquee>%s</marquee>", "<iframe src='x.htm'>%s</iframe>", "<noscript><p>%s</p></noscript>", "<object><param name=a value=b>%s</object>", "<xmp><b>%s</b></xmp>",
-    "<div title=\"a &amp; b &lt; c > d &quot;e&quot; 'f'\" class=x\tid=y>%s</div>", "<div a=1 A=2 b='' c>%s</div>", "</p>%s</div></b>", "<body bgcolor=red>%s", "</body>%s</html>",
-    "<span style='font-family:[mrd:Schriftart]'>%s</span>", "<svg viewBox='0 0 1 1'><a xlink:href='x'><circle r=1 /></a></svg>%s", "<math><mi>x</mi></math>%s",
-    "<map name=m><area shape=rect coords='0,0,1,1' href='0101.htm'></map>%s", "<label for=a>%s</label><button>b</button>", "<br>\r\n\r\n%s\r\n", "<a href=x><a href=y>%s</a></a>",
-    "<tt><big><small>%s</big></tt>", "<p id='a&b=c'>%s", "<td>%s", "<embed src=a.mid>%s", "<ruby>a<rt>%s</ruby>", "<frameset><frame src=x.htm></frameset>", "<title>%s</title>",
-    "popup: %s", "picturetransfer %s", "&lt;script&gt;%s", "< %s", "<3", "&", "<3 %s", "<b><b><b><b>%s</p>", "<p><table>%s</table>",
+    "<script>var a = '<b>' + \"%s\" && 1 < 2;</script>",
+    "<script language=JavaScript>\r\n<!--\r\ndocument.write('x');\r\n//-->\r\n</script>%s",
+    "<style type=text/css>p > a { color: red }\n</style>%s", "<!-- %s -->", "<!-- Kommentar -->%s", "<?php echo 1 ?>%s",
+    "<![CDATA[x]]>%s",
+    "<pre>\n\nerste%s\n  x</pre>", "<select><option>%s<option selected>b</select>",
+    "<form action=x.php method=post>%s<input type=text disabled value='a\"b'></form>",
+    "<a name=oben>%s</a>", "<a href='0102.htm'>%s", "<a href=#oben>%s</a>", "<center>%s</center>", "<blockquote>%s",
+    "<hr noshade size=1>%s", "<nobr>%s<nobr>x",
+    "<marquee>%s</marquee>", "<iframe src='x.htm'>%s</iframe>", "<noscript><p>%s</p></noscript>",
+    "<object><param name=a value=b>%s</object>", "<xmp><b>%s</b></xmp>",
+    "<div title=\"a &amp; b &lt; c > d &quot;e&quot; 'f'\" class=x\tid=y>%s</div>", "<div a=1 A=2 b='' c>%s</div>",
+    "</p>%s</div></b>", "<body bgcolor=red>%s", "</body>%s</html>",
+    "<span style='font-family:[mrd:Schriftart]'>%s</span>",
+    "<svg viewBox='0 0 1 1'><a xlink:href='x'><circle r=1 /></a></svg>%s", "<math><mi>x</mi></math>%s",
+    "<map name=m><area shape=rect coords='0,0,1,1' href='0101.htm'></map>%s", "<label for=a>%s</label><button>b</button>",
+    "<br>\r\n\r\n%s\r\n", "<a href=x><a href=y>%s</a></a>",
+    "<tt><big><small>%s</big></tt>", "<p id='a&b=c'>%s", "<td>%s", "<embed src=a.mid>%s", "<ruby>a<rt>%s</ruby>",
+    "<frameset><frame src=x.htm></frameset>", "<title>%s</title>",
+    "popup: %s", "picturetransfer %s", "&lt;script&gt;%s", "< %s", "<3", "&", "<3 %s", "<b><b><b><b>%s</p>",
+    "<p><table>%s</table>",
 )
-SOUP_TAGS = ("p div b i font a table tr td th tbody ul ol dl h3 h1 span center nobr select option br hr blockquote em"
-             " strong u tt small address fieldset legend label caption colgroup col thead tfoot big code s strike noscript").split()
+SOUP_TAGS = ("p div b i font a table tr td th tbody ul ol dl h3 h1 span center nobr select option form br hr blockquote em"
+             " strong u tt small address fieldset legend label caption colgroup col thead tfoot big code s strike"
+             " noscript").split()
 LINE_END_AT_START = re.compile(r"(<pre\b[^>]*>)[\r\n]+", re.I)
 QUOTES = ('"', "'", "")
 
@@ -81,7 +98,8 @@ class HtmlMaker:
     def image(self):
         rng = self.rng
         attributes = [self.attribute("src", self.references.image())] if rng.random() < 0.98 else []
-        attributes += rng.sample(["alt='Bild'", "border=0", "width=100", "hspace = 3", "align=left", "alt=\"a & b\"", "style='x:y'"], rng.randrange(3))
+        attributes += rng.sample(["alt='Bild'", "border=0", "width=100", "hspace = 3", "align=left", "alt=\"a & b\"",
+                                  "style='x:y'"], rng.randrange(3))
         rng.shuffle(attributes)
         tag = rng.choice(("img", "img", "IMG", "Img"))
         return "<%s %s%s" % (tag, " ".join(attributes), rng.choice((">", ">", " />")))
@@ -117,9 +135,12 @@ class HtmlMaker:
         """What the field for the page's head holds."""
         rng = self.rng
         return rng.choice((
-            None, None, None, None, "", "", "<script>\nvar a = 1 < 2;\n</script>", "<style>p { color: red }</style>\r\n<meta name='x' content='y'>",
-            "<!-- nur ein Kommentar äöü ♥ -->", "Text im Kopf", "<link rel=stylesheet href=\"x.css\">", "<script>offen", "<p>Absatz im Kopf</p>",
-            "<base href='http://www.example.org/'>", "<title>zweiter", "</head>Text", "<body onload='x()'>", "<noscript><p>x</p></noscript>",
+            None, None, None, None, "", "", "<script>\nvar a = 1 < 2;\n</script>",
+            "<style>p { color: red }</style>\r\n<meta name='x' content='y'>",
+            "<!-- nur ein Kommentar äöü ♥ -->", "Text im Kopf", "<link rel=stylesheet href=\"x.css\">", "<script>offen",
+            "<p>Absatz im Kopf</p>",
+            "<base href='http://www.example.org/'>", "<title>zweiter", "</head>Text", "<body onload='x()'>",
+            "<noscript><p>x</p></noscript>",
             "<img src='pix/kopf.gif'>", "[mrd:Titel] [mrd:Textfarbe]", "<script src='pix/skript.js'></script>\n\n", " \r\n ",
         ))
 
@@ -139,7 +160,8 @@ class References:
             return "file://" + encoded
         if "'" in path:
             return rng.choice(("file://" + path, "file://" + back, "file:\\\\" + back))
-        return rng.choice(("file://" + path, "file://" + encoded, "file://" + spaced, "file://" + back, "file:\\\\" + back, path, back, encoded,
+        return rng.choice(("file://" + path, "file://" + encoded, "file://" + spaced, "file://" + back, "file:\\\\" + back,
+                           path, back, encoded,
                            "file://" + path))
 
     def absolute(self):
@@ -162,9 +184,12 @@ class References:
         if kind < 0.75:
             return self.relative()
         return rng.choice((
-            "file:///C:/Bilder/Urlaub%20Meer.JPG", "file://C:\\Bilder\\x.jpg", "C:\\Bilder\\y.jpg", "C:/Bilder/z.Gif", "http://www.example.org/bild.jpg",
-            "https://www.example.org/bild.jpg", "data:image/gif;base64,R0lGODlhAQABAAAAACH5BAAAAAAALAAAAAABAAEAAAICRAEAOw==", "", "cid:teil1",
-            "blob:abc", "file:///nirgends/fehlt.jpg", "file:///nirgends/fehlt.backup", "file:///nirgends/ohne", "http://www.example.org/",
+            "file:///C:/Bilder/Urlaub%20Meer.JPG", "file://C:\\Bilder\\x.jpg", "C:\\Bilder\\y.jpg", "C:/Bilder/z.Gif",
+            "http://www.example.org/bild.jpg",
+            "https://www.example.org/bild.jpg", "data:image/gif;base64,R0lGODlhAQABAAAAACH5BAAAAAAALAAAAAABAAEAAAICRAEAOw==",
+            "", "cid:teil1",
+            "blob:abc", "file:///nirgends/fehlt.jpg", "file:///nirgends/fehlt.backup", "file:///nirgends/ohne",
+            "http://www.example.org/",
         ))
 
     def link(self):
@@ -175,22 +200,31 @@ class References:
         if kind < 0.50:
             return self.relative()
         if kind < 0.75:
-            call = rng.choice(("javascript:popupfenster('%s','%s')", "javascript:popupfenster('%s','%s');", "javascript:picturetransfer('%s','%s')",
+            call = rng.choice(("javascript:popupfenster('%s','%s')", "javascript:popupfenster('%s','%s');",
+                               "javascript:picturetransfer('%s','%s')",
                                "javascript:picturetransfer('%s', 'bestellen %s')", "JavaScript:popupfenster('%s','%s')"))
-            return call % (self.local(self.absolute()), rng.choice(("Text", "Größe", "", "a///b", "Haus %20 x", "jpg", "x" * 200)))
+            return call % (self.local(self.absolute()), rng.choice(("Text", "Größe", "", "a///b", "Haus %20 x", "jpg",
+                                                                    "x" * 200)))
         return rng.choice((
-            "http://www.example.org/", "http://www.example.org/bild.jpg", "http://www.example.org/Fotos/Gro%20ss.JPG", "https://www.example.org/b.jpg",
-            "mailto:foto@example.org?subject=jpg", "0102.htm", "#oben", "index.htm", "jpg-tipps.htm", "javascript:popupfenster('pix/x.jpg','y')",
-            "javascript:history.back()", "ftp://ftp.example.org/x.jpg", "file:///nirgends/fehlt.jpg", "file:///nirgends/handbuch.pdf",
-            "file:///C:/Bilder/Haus.JPG", "javascript:popupfenster('file:///C:/Bilder/Haus.JPG','x')", "file:///nirgends/o'neil.jpg",
+            "http://www.example.org/", "http://www.example.org/bild.jpg", "http://www.example.org/Fotos/Gro%20ss.JPG",
+            "https://www.example.org/b.jpg",
+            "mailto:foto@example.org?subject=jpg", "0102.htm", "#oben", "index.htm", "jpg-tipps.htm",
+            "javascript:popupfenster('pix/x.jpg','y')",
+            "javascript:history.back()", "ftp://ftp.example.org/x.jpg", "file:///nirgends/fehlt.jpg",
+            "file:///nirgends/handbuch.pdf",
+            "file:///C:/Bilder/Haus.JPG", "javascript:popupfenster('file:///C:/Bilder/Haus.JPG','x')",
+            "file:///nirgends/o'neil.jpg",
             "file:///" + "tief/" * 60 + "foto.jpg", "javascript:popupfenster('file:///" + "tief/" * 47 + "foto.jpg','Ende')", "",
-            "file:///nirgends/" + "l" * 228 + ".jpg", "javascript:popupfenster('file://\\nirgends\\" + "ä" * 215 + ".jpg','" + "ß" * 40 + "')",
+            "file:///nirgends/" + "l" * 228 + ".jpg",
+            "javascript:popupfenster('file://\\nirgends\\" + "ä" * 215 + ".jpg','" + "ß" * 40 + "')",
         ))
 
 
 def heading(rng):
     return rng.choice((
-        None, "", "- - -", "Start", "Größe & Maß", "\"Zitat\" & 'noch eins'", "<b>fett</b>", "5 < 6", "[mrd:Textfarbe]", "[mrd:ID]", "[mrd:Überschrift]",
-        "[mrd:Titel] - [mrd:Überschrift]", "♥ und 漢字", "Ä Ö Ü ß €", "Urlaub 2003", "Homepage", "  Blanks  ", "[mrd:[mrd:Titel]Titel]", "x" * 255,
+        None, "", "- - -", "Start", "Größe & Maß", "\"Zitat\" & 'noch eins'", "<b>fett</b>", "5 < 6", "[mrd:Textfarbe]",
+        "[mrd:ID]", "[mrd:Überschrift]",
+        "[mrd:Titel] - [mrd:Überschrift]", "♥ und 漢字", "Ä Ö Ü ß €", "Urlaub 2003", "Homepage", "  Blanks  ",
+        "[mrd:[mrd:Titel]Titel]", "x" * 255,
         html.escape("<Entitäten & mehr>"), "[mrd:Menüaktivfarbe][mrd:Inhaltbreite][mrd:Kopf]",
     ))

@@ -18,18 +18,27 @@ JPEG = bytes.fromhex(
     "ffd8ffe000104a46494600010101004800480000ffdb004300030202020202030202020303030304060404040404080606050609080a0a090809090a0c0f0c"
     "0a0b0e0b09090d110d0e0f101011100a0c12131210130f101010ffc9000b080001000101011100ffcc000600101005ffda0008010100003f00d2cf20ffd9")
 GIF = bytes.fromhex("47494638396101000100800000000000ffffff21f90401000000002c00000000010001000002024401003b")
-PICTURE_NAMES = ("Urlaub 1.JPG", "haus.jpg", "Öffnung.Jpg", "a&b.jpg", "Bild.gif", "Foto.JPEG", "lang.backup", "ohne", "Großer Baum.PNG", "50% mehr.jpg",
-                 "o'neil.jpg", "herz ♥.jpg", "weit.x y z", "raute #1.jpg", "punkt.punkt.jpg", "ÄÖÜ.GIF", "\"zitat\".jpg", "plus+plus.jpg", "a;b=c.jpg")
+PICTURE_NAMES = ("Urlaub 1.JPG", "haus.jpg", "Öffnung.Jpg", "a&b.jpg", "Bild.gif", "Foto.JPEG", "lang.backup", "ohne",
+                 "Großer Baum.PNG", "50% mehr.jpg",
+                 "o'neil.jpg", "herz ♥.jpg", "weit.x y z", "raute #1.jpg", "punkt.punkt.jpg", "ÄÖÜ.GIF", "\"zitat\".jpg",
+                 "plus+plus.jpg", "a;b=c.jpg")
 FOLDERS = ("fotos", "Fotos/Sommer 2003", "fotos/jpg-Sammlung", "bilder/Müller")
 EXPORTS = ("export", "export", "Export", "Webseite Müller", "o'neils jpg-Seite", "web.seite")
-PATTERNS = ("*.htm", "*.htm", "*.htm", "*.htm", None, "", "*.html", "a*b*.html", "start.htm", "x.php", "*.php", "y.asp", "http://www.example.org/",
-            "http://www.example.org/x.php", "HTTP://www.example.org", "https://www.example.org/a.htm", "Größe*.htm", "herz♥*.htm", "../*.htm", "unter/*.htm",
-            "..\\x*.htm", "C:x*.htm", "*.xhtml", "ohne*", "Gross*.HTM", "a b*.htm", "x'y*.htm", "..", "a&b*.htm", "*.htm.txt", "seite.*.htm")
+PATTERNS = ("*.htm", "*.htm", "*.htm", "*.htm", None, "", "*.html", "a*b*.html", "start.htm", "x.php", "*.php", "y.asp",
+            "http://www.example.org/",
+            "http://www.example.org/x.php", "HTTP://www.example.org", "https://www.example.org/a.htm", "Größe*.htm",
+            "herz♥*.htm", "../*.htm", "unter/*.htm",
+            "..\\x*.htm", "C:x*.htm", "*.xhtml", "ohne*", "Gross*.HTM", "a b*.htm", "x'y*.htm", "..", "a&b*.htm", "*.htm.txt",
+            "seite.*.htm")
 COLOURS = ("000000", "ff0000", "#0080FF", "ffffff", "#abcdef", "ABCDEF", "", "#", "red")
-COLOUR_KEYS = ("Textfarbe", "Menütextfarbe", "Tabellenfarbe", "Rahmeninaktivfarbe", "Hintergrundfarbe", "Hintergrundfarbeaussen", "Menüaktivfarbe")
-BASES = ("", "http://www.example.org/", "http://www.example.org", "www.example.org", "HTTP://WWW.EXAMPLE.ORG", "https://x.example/a", " www.example.org/ ")
-WORDS = ("", "Unsere Seite", "Müller & Söhne", "\"Zitat\" 'x'", "[mrd:Textfarbe]", "[mrd:Überschrift]", "<b>x</b>", "♥", " mit Blanks ")
-HEADS = ("<h1>Kopf</h1>", "<font face='[mrd:Schriftart]'>Kopf</font>", "", "Text &amp; <B>fett", "<table><tr><td>x", "\r\n<p>Absatz\r\n</p>")
+COLOUR_KEYS = ("Textfarbe", "Menütextfarbe", "Tabellenfarbe", "Rahmeninaktivfarbe", "Hintergrundfarbe",
+               "Hintergrundfarbeaussen", "Menüaktivfarbe")
+BASES = ("", "http://www.example.org/", "http://www.example.org", "www.example.org", "HTTP://WWW.EXAMPLE.ORG",
+         "https://x.example/a", " www.example.org/ ")
+WORDS = ("", "Unsere Seite", "Müller & Söhne", "\"Zitat\" 'x'", "[mrd:Textfarbe]", "[mrd:Überschrift]", "<b>x</b>", "♥",
+         " mit Blanks ")
+HEADS = ("<h1>Kopf</h1>", "<font face='[mrd:Schriftart]'>Kopf</font>", "", "Text &amp; <B>fett", "<table><tr><td>x",
+         "\r\n<p>Absatz\r\n</p>")
 
 
 class Scenario:
@@ -81,7 +90,8 @@ class ProjectMaker:
                 file.write(b"\n// the one at the top\n")
         for name in ("mrdshop.js", "cookiefunctions.js"):
             (target / name).write_bytes(b"// " + name.encode()) if rng.random() < 0.5 else (target / name).unlink(missing_ok=True)
-        for name in ("popupbild.htm", "picturetransfer.js", "mrdbanner.gif", "mrdnav.js", "hilfe/mrdnav.js", "hilfe/pix/mrdbanner.gif"):
+        for name in ("popupbild.htm", "picturetransfer.js", "mrdbanner.gif", "mrdnav.js", "hilfe/mrdnav.js",
+                     "hilfe/pix/mrdbanner.gif"):
             if rng.random() < 0.12:
                 (target / name).unlink(missing_ok=True)
 
@@ -106,10 +116,12 @@ class ProjectMaker:
         self.export.mkdir()
         if rng.random() < 0.7:
             (self.export / "pix").mkdir()
-            for name in rng.sample(("bild.gif", "Foto.JPG", "haus.jpg", "urlaub 1.jpg", "öffnung.jpg", "a b.jpg", "mrdbanner.gif", "ecke-ol.jpg"),
+            for name in rng.sample(("bild.gif", "Foto.JPG", "haus.jpg", "urlaub 1.jpg", "öffnung.jpg", "a b.jpg",
+                                    "mrdbanner.gif", "ecke-ol.jpg"),
                                    rng.randrange(6)):
                 (self.export / "pix" / name).write_bytes(self.picture(name))
-        for name in ("mrdnav.js", "mrdshop.js", "popupbild.htm", "picturetransfer.js", "index.htm", "01.htm", "haus.jpg", "alt.htm", "01.txt", "02.HTM"):
+        for name in ("mrdnav.js", "mrdshop.js", "popupbild.htm", "picturetransfer.js", "index.htm", "01.htm", "haus.jpg",
+                     "alt.htm", "01.txt", "02.HTM"):
             if rng.random() < 0.15:
                 (self.export / name).write_bytes(b"from before " + name.encode())
 
@@ -134,11 +146,11 @@ class ProjectMaker:
         rng = self.rng
         db = sqlite3.connect(self.root / "projekt.mdb")
         db.executescript("""
-            CREATE TABLE "Seite" ("id" TEXT, "Überschrift" TEXT, "html" TEXT, "dateiname" TEXT, "seitentyp-id" INTEGER, "script" TEXT,
-                "changingdate" TEXT, "expanded" INTEGER);
+            CREATE TABLE "Seite" ("id" TEXT, "Überschrift" TEXT, "html" TEXT, "dateiname" TEXT, "seitentyp-id" INTEGER,
+                "script" TEXT, "changingdate" TEXT, "expanded" INTEGER);
             CREATE TABLE "Einstellungen" ("Einstellung" TEXT, "Wert" TEXT);
-            CREATE TABLE "Dateien" ("pfad" TEXT, "dateiname" TEXT, "erweiterung" TEXT, "dateityp-id" INTEGER, "übertragen" INTEGER,
-                "dateidatum" TEXT, "pfadLokal" TEXT);
+            CREATE TABLE "Dateien" ("pfad" TEXT, "dateiname" TEXT, "erweiterung" TEXT, "dateityp-id" INTEGER,
+                "übertragen" INTEGER, "dateidatum" TEXT, "pfadLokal" TEXT);
             CREATE TABLE "Artikel" ("Artikel_deutsch" TEXT, "Artikel_englisch" TEXT, "Preis_Euro" REAL, "Preis_Dollar" REAL,
                 "Artikelnummer" INTEGER PRIMARY KEY AUTOINCREMENT);
         """)
@@ -164,21 +176,25 @@ class ProjectMaker:
         kind = rng.choice((1, 1, 1, 1, 1, 1, 2, 3, 4, None))
         body = None if rng.random() < 0.04 else self.html.body()
         changed = None if rng.random() < 0.1 else rng.choice((self.moment(), self.moment().replace(hour=0, minute=0, second=0)))
-        return (ident, heading(rng), body, pattern, kind, self.html.head_script(), changed and changed.strftime("%Y-%m-%d %H:%M:%S"), rng.randrange(2))
+        return (ident, heading(rng), body, pattern, kind, self.html.head_script(),
+                changed and changed.strftime("%Y-%m-%d %H:%M:%S"), rng.randrange(2))
 
     def settings(self):
         rng = self.rng
         rows = {key: rng.choice(COLOURS) for key in COLOUR_KEYS}
         rows.update({
-            "Titel": rng.choice(WORDS), "BasisURL": rng.choice(BASES), "MetaDescription": rng.choice(WORDS), "MetaAuthor": rng.choice(WORDS),
+            "Titel": rng.choice(WORDS), "BasisURL": rng.choice(BASES), "MetaDescription": rng.choice(WORDS),
+            "MetaAuthor": rng.choice(WORDS),
             "MetaKeywords": rng.choice(WORDS), "Eckradius": rng.choice(("25", "0", "abc", "7", "")),
             "rundeEcke": rng.choice(("True", "False", "Wahr", "Falsch", "1", "0", "-1")),
             "Schriftart": rng.choice(("Arial", "Times New Roman", "'Größe'", "[mrd:Textfarbe]", "")),
-            "menübreite": rng.choice(("auto", "140 px", "100 px", "77")), "inhaltbreite": rng.choice(("90%", "600 px", "50%", "12")),
+            "menübreite": rng.choice(("auto", "140 px", "100 px", "77")),
+            "inhaltbreite": rng.choice(("90%", "600 px", "50%", "12")),
             "Hyperlink": rng.choice(COLOURS), "grundlayout": "Navigation linke Seite", "blättern": str(rng.randrange(5)),
             "KopfHTML": rng.choice(HEADS) if rng.random() < 0.5 else self.html.body(), "imodekopftyp": "3",
         })
-        for key in ("Hyperlink", "KopfHTML", "MetaDescription", "blättern", "Schriftart", "menübreite", "rundeEcke", "Tabellenfarbe", "BasisURL", "grundlayout"):
+        for key in ("Hyperlink", "KopfHTML", "MetaDescription", "blättern", "Schriftart", "menübreite", "rundeEcke",
+                    "Tabellenfarbe", "BasisURL", "grundlayout"):
             if rng.random() < 0.1:
                 del rows[key]
         if "grundlayout" in rows and rng.random() < 0.03:
@@ -211,7 +227,8 @@ class ProjectMaker:
     def register_rows(self):
         rng = self.rng
         folder = (str(self.export) + "/").replace("/", "\\").lower()
-        choices = [(folder, "01", "htm", 1), (folder, "alt", "htm", 1), (folder + "pix\\", "haus", "jpg", 2), (folder + "pix\\", "bild", "gif", 5),
+        choices = [(folder, "01", "htm", 1), (folder, "alt", "htm", 1), (folder + "pix\\", "haus", "jpg", 2),
+                   (folder + "pix\\", "bild", "gif", 5),
                    (folder, "index", "htm", 4), ("/htdocs/", "index", "htm", 4), ("/htdocs/pix/", "haus", "jpg", 5)]
         return [row + (rng.randrange(2), "2003-05-05 10:00:00", None) for row in rng.sample(choices, rng.randrange(len(choices)))]
 

@@ -1,4 +1,7 @@
-"""The rows of the layout "Navigation linke Seite". A pilcrow stands for a line end, OL OR UL UR for the corners, H for the link colour."""
+"""The rows of the layout "Navigation linke Seite".
+
+A pilcrow stands for a line end, OL OR UL UR for the corners, H for the link colour.
+"""
 
 ROWS = {
     1: '<HTML><HEAD>',
