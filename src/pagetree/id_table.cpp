@@ -4,14 +4,18 @@
 #include "pagetree/page_id.h"
 
 #include <algorithm>
-#include <map>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
 
 namespace mrd::pagetree {
 namespace {
 
-std::map<std::string_view, std::size_t> countIds(const std::vector<std::string>& ids)
+constexpr std::string_view kWaitFlag = "M";
+
+std::unordered_map<std::string, std::size_t> countIds(const std::vector<std::string>& ids)
 {
-  std::map<std::string_view, std::size_t> counts;
+  std::unordered_map<std::string, std::size_t> counts;
   for (const auto& id : ids)
     ++counts[id];
   return counts;
@@ -54,17 +58,35 @@ bool IdTable::hasNewDuplicates() const
 
 void IdTable::write()
 {
+  // A table may have a unique key: a number that another row still bears is written with a flag until that row has its own.
+  auto inUse = countIds(original_);
+  std::vector<std::string> present = original_;
+  writeRows([&](std::size_t row) {
+    if (ids_[row] == original_[row])
+      return std::string();
+    --inUse[original_[row]];
+    present[row] = ids_[row];
+    while (inUse[present[row]] > 0)
+      present[row].insert(0, kWaitFlag);
+    ++inUse[present[row]];
+    return present[row];
+  });
+  writeRows([&](std::size_t row) { return ids_[row] == present[row] ? std::string() : ids_[row]; });
+  original_ = ids_;
+}
+
+void IdTable::writeRows(const std::function<std::string(std::size_t)>& newId)
+{
   if (original_.empty())
     return;
   pages_.moveFirst();
   for (std::size_t row = 0; row < ids_.size(); ++row, pages_.moveNext()) {
-    if (ids_[row] == original_[row])
-      continue;
-    pages_.edit();
-    pages_.set("id", ids_[row]);
-    pages_.update();
+    if (std::string id = newId(row); !id.empty()) {
+      pages_.edit();
+      pages_.set("id", std::move(id));
+      pages_.update();
+    }
   }
-  original_ = ids_;
 }
 
 } // namespace mrd::pagetree

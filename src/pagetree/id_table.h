@@ -27,10 +27,13 @@ public:
 
   /// Whether an id is there more often than when the table was read.
   bool hasNewDuplicates() const;
-  /// Writes the ids that changed.
+  /// Writes the ids that changed; no id is taken before it is free. Belongs into a transaction.
   void write();
 
 private:
+  /// Writes the row's id where there is a new one.
+  void writeRows(const std::function<std::string(std::size_t)>& newId);
+
   dao::Recordset pages_;
   std::vector<std::string> original_, ids_;
 };

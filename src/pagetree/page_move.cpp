@@ -5,6 +5,7 @@
 #include "pagetree/page_id.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace mrd::pagetree {
 namespace {
@@ -98,16 +99,20 @@ bool frmMove1::workOut(IdTable& pages) const
     return false;
   const std::string flagged = std::string(kMoveFlag) + arrival;
   failures::WriteLogFile("Setze Move Flag:  " + flagged);
-  for (std::size_t row = 0; row < pages.ids().size(); ++row)
+  std::vector<std::size_t> onTheMove;
+  for (std::size_t row = 0; row < pages.ids().size(); ++row) {
+    if (!pages.ids()[row].starts_with(move_.MoveSourceID))
+      continue;
+    onTheMove.push_back(row);
     if (pages.ids()[row] == move_.MoveSourceID)
       pages.setId(row, flagged);
+  }
   MovePageUnderM(pages, flagged);
 
+  // By row, not by flag: a row with a flag from elsewhere keeps it.
   const auto takeFlagOff = [&] {
-    for (std::size_t row = 0; row < pages.ids().size(); ++row)
-      if (pages.ids()[row] == flagged)
-        pages.setId(row, arrival);
-    pages.movePagesBelow(flagged, arrival);
+    for (const std::size_t row : onTheMove)
+      pages.setId(row, pages.ids()[row].substr(kMoveFlag.size()));
   };
   bool fits = true;
   if (base::compareText(move_.MoveSourceID, move_.MoveTargetID) < 0) {

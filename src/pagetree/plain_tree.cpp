@@ -74,8 +74,9 @@ void fillTree(ui::TreeControl& tree, dao::Database& db)
       continue;
     }
     const std::string parent = parentOf(id);
-    const std::string parentKey = keyOf(parent);
-    tree.addNode(!parent.empty() && tree.hasNode(parentKey) ? parentKey : rootKey, key, label, 1);
+    // A stray page is nobody's child, so that it does not count where a new child gets its number.
+    const std::string parentKey = id.size() == 2 ? rootKey : keyOf(parent);
+    tree.addNode(tree.hasNode(parentKey) ? parentKey : "", key, label, 1);
   }
 }
 

@@ -38,7 +38,7 @@ private:
   std::optional<std::string> selected_;
 };
 
-/// Fills a tree with all pages of a project; a page whose parent is missing hangs under the root.
+/// Fills a tree with all pages of a project; a page whose parent is missing is a top node of its own.
 void fillTree(ui::TreeControl& tree, dao::Database& db);
 
 } // namespace mrd::pagetree

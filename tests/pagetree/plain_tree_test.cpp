@@ -22,15 +22,16 @@ TEST(PlainTree, hangs_pages_under_the_page_that_their_id_begins_with)
   EXPECT_EQ(tree.label("@0101"), "Küche");
 }
 
-TEST(PlainTree, hangs_a_page_without_its_parent_under_the_root)
+TEST(PlainTree, has_a_page_without_its_parent_as_nobodys_child)
 {
-  support::TemporaryProject project{{"00", "Start"}, {"0305", "Waise"}};
+  support::TemporaryProject project{{"00", "Start"}, {"0305", "Waise"}, {"M02", "Rest"}};
   PlainTree tree;
 
   fillTree(tree, project.db());
 
-  EXPECT_EQ(tree.childCount("@00"), 1u);
+  EXPECT_EQ(tree.childCount("@00"), 0u);
   EXPECT_TRUE(tree.hasNode("@0305"));
+  EXPECT_TRUE(tree.hasNode("@M02"));
 }
 
 TEST(PlainTree, has_a_root_where_the_project_has_none)
