@@ -80,7 +80,8 @@ class House(unittest.TestCase):
     # Runs
 
     def environment(self):
-        sanitizer = {name: f"{os.environ.get(name, '')}:exitcode={SANITIZER_STATUS}" for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS")}
+        sanitizer = {name: f"{os.environ.get(name, '')}:halt_on_error=1:exitcode={SANITIZER_STATUS}"
+                     for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS")}
         return {**os.environ, **sanitizer, "MIRANDEL_HOME": str(self.home), "HOME": str(self.top), "LC_ALL": "C.UTF-8", "TZ": "UTC",
                 "SOURCE_DATE_EPOCH": "1050570306"}
 
