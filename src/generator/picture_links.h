@@ -59,7 +59,7 @@ FoundPictures findebilder(html::Document& document, LinkAddresses addresses);
 std::string sourcePath(const PictureUse& use, std::string_view exportpfad);
 std::string pathInPix(const PictureUse& use, std::string_view exportpfad);
 
-/// Copies the source into `pix` under its lower-case name unless it is there already. A picture that cannot be read stays out.
+/// Copies the source into `pix` under its lower-case name unless it is there already. Throws base::Error when the copy fails.
 void Bildkopie(const PictureUse& use, std::string_view exportpfad);
 
 /// Copies and enters the pictures of a document, in order.

@@ -4,7 +4,7 @@
   golden_site.py compare MRD GOLDEN      exit status 1 and a unified diff when they differ
   golden_site.py write MRD GOLDEN        keeps the present site
 
-MRD is the command line program beside its resources, GOLDEN the directory of the kept site: pages as they are, files that were
+MRD is the command line program beside its resources, GOLDEN the directory of the kept site, called after its layout: pages as they are, files that were
 copied by name and origin in copied.tsv, other pictures by name and checksum in pictures.sha256, the file register in
 register.tsv, what the program said in said.txt.
 """
@@ -24,20 +24,43 @@ BUILD_DEMO = ROOT / "tools" / "build-demo"
 MOMENT = "1717236000"
 ENVIRONMENT = {"SOURCE_DATE_EPOCH": MOMENT, "TZ": "Europe/Berlin", "LC_ALL": "C.UTF-8"}
 TEXT = {".htm", ".html", ".js", ".css", ".php"}
+# Layout and page-turn style of a kept site, by the name of its directory: each style is met once.
+LAYOUTS = {
+    "navigationlinks": ("Navigation linke Seite", 0), "tabnavigation": ("Navigation in Laschen oben", 0),
+    "sparta": ("ohne alles", 2), "einfachetabelle": ("einfache Tabelle", 4),
+    "modern": ("Modern (modern.xml)", 1), "galerie": ("Galerie (galerie.xml)", 3),
+}
 COPIED, PICTURES, REGISTER, SAID = "copied.tsv", "pictures.sha256", "register.tsv", "said.txt"
 
 
-def generated(mrd):
+def run(command):
+    """What a command says; the end of the program when it fails."""
+    said = subprocess.run(command, env={**os.environ, **ENVIRONMENT}, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+    if said.returncode != 0:
+        sys.exit("failed: %s\n%s" % (" ".join(command), said.stdout.decode("utf-8", "replace")))
+    return said.stdout
+
+
+def generate_again(mrd, site, project, layout):
+    """The site in another layout, without what the first run wrote."""
+    name, style = LAYOUTS[layout]
+    run([mrd, "settings", str(project), "grundlayout=" + name, "blättern=%d" % style])
+    for file in [*site.iterdir(), *(site / "pix").glob("ecke-*")]:
+        if file.is_file():
+            file.unlink()
+    return run([mrd, "generate", str(project), "--export", str(site)])
+
+
+def generated(mrd, layout):
     """The site as it is kept: bytes by file name."""
     with tempfile.TemporaryDirectory(prefix="mrd-golden-") as folder:
         site, project = Path(folder) / "web", Path(folder) / "moewe.mdb"
-        said = subprocess.run(["sh", str(BUILD_DEMO), mrd, str(site), str(project)], env={**os.environ, **ENVIRONMENT},
-                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
-        if said.returncode != 0:
-            sys.exit("the demo project was not built:\n" + said.stdout.decode("utf-8", "replace"))
+        said = run(["sh", str(BUILD_DEMO), mrd, str(site), str(project)])
+        if layout != "navigationlinks":
+            said = generate_again(mrd, site, project, layout)
         copied = origins(site, Path(mrd).parent)
         generated_files = [file for file in files_of(site) if name_in(site, file) not in copied]
-        kept = {SAID: said.stdout, REGISTER: register(project, site), COPIED: table(copied.items()),
+        kept = {SAID: said, REGISTER: register(project, site), COPIED: table(copied.items()),
                 PICTURES: checksums(site, [file for file in generated_files if file.suffix not in TEXT])}
         kept.update((name_in(site, file), file.read_bytes()) for file in generated_files if file.suffix in TEXT)
         refuse_traces(kept, folder)
@@ -115,7 +138,7 @@ def differences(kept, present):
 
 
 def compare(mrd, golden):
-    found = list(differences(kept_site(golden), generated(mrd)))
+    found = list(differences(kept_site(golden), generated(mrd, golden.name)))
     sys.stdout.reconfigure(encoding="utf-8", newline="")
     sys.stdout.writelines(found)
     if found:
@@ -123,7 +146,7 @@ def compare(mrd, golden):
 
 
 def write(mrd, golden):
-    present = generated(mrd)
+    present = generated(mrd, golden.name)
     if golden.exists():
         shutil.rmtree(golden)
     for name, content in present.items():
