@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "frame/failures/failures.h"
+#include "frame/settings/stored_settings.h"
 #include "frame/settings/export_path.h"
 #include "generator/built_in_run.h"
 #include "generator/template_run.h"
@@ -35,9 +36,7 @@ bool frmHTMLExport::Form_Load(std::string_view DbName)
   }
   DbName_ = DbName;
   db_ = dao::Database::open(DbName);
-  auto settings = db_->openRecordset("select * from Einstellungen");
-  settings.findFirst("Einstellung = 'KopfHTML'");
-  head_ = inEditor(settings.noMatch() ? std::string(kDefaultHead) : settings.value("Wert").text());
+  head_ = inEditor(settings::StoredSettings(*db_).value("KopfHTML").value_or(std::string(kDefaultHead)));
   return true;
 }
 

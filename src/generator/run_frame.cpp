@@ -3,6 +3,7 @@
 #include "base/errors.h"
 #include "base/format.h"
 #include "base/text.h"
+#include "frame/settings/stored_settings.h"
 #include "platform/files/files.h"
 
 #include <array>
@@ -101,18 +102,6 @@ std::optional<std::string> readSetting(dao::Database& db, std::string_view key)
   return settings.value("Wert").text();
 }
 
-void writeLastGenDate(dao::Database& db, const base::DateTime& now)
-{
-  auto settings = db.openRecordset("select * from Einstellungen");
-  settings.findFirst("Einstellung = 'lastgendate'");
-  if (settings.noMatch()) {
-    settings.addNew();
-    settings.set("einstellung", "lastgendate");
-  } else {
-    settings.edit();
-  }
-  settings.set("Wert", now.german());
-  settings.update();
-}
+void writeLastGenDate(dao::Database& db, const base::DateTime& now) { settings::StoredSettings(db).set("lastgendate", now.german()); }
 
 } // namespace mrd::generator

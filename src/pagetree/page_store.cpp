@@ -3,6 +3,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "frame/failures/failures.h"
+#include "frame/settings/stored_settings.h"
 #include "pagetree/page_id.h"
 
 namespace mrd::pagetree {
@@ -121,16 +122,7 @@ bool PageStore::SavePage(std::string_view Schluessel)
 
 void PageStore::saveHead()
 {
-  auto settings = parts_.db.openRecordset("select * from Einstellungen");
-  settings.findFirst("Einstellung = 'KopfHTML'");
-  if (settings.noMatch()) {
-    settings.addNew();
-    settings.set("einstellung", "KopfHTML");
-  } else {
-    settings.edit();
-  }
-  settings.set("Wert", fields_.sourceOnTop ? fields_.tbhtml : parts_.DHTMLEdit1.bodyInnerHtml());
-  settings.update();
+  settings::StoredSettings(parts_.db).set("KopfHTML", fields_.sourceOnTop ? fields_.tbhtml : parts_.DHTMLEdit1.bodyInnerHtml());
   parts_.active.PageDirty = false;
 }
 
