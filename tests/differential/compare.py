@@ -71,6 +71,8 @@ def messages_of(text):
     """The messages on standard error; one may go over several lines."""
     found = []
     for line in text.splitlines():
+        if line.startswith("warning: "):        # the command line's own word, beside what the run has to say
+            continue
         match = TEXT_OF_A_MESSAGE.fullmatch(line)
         if match:
             found.append((int(match.group(1)) if match.group(1) else None, match.group(2)))

@@ -158,8 +158,6 @@ class References:
         spaced = path.replace("%", "%25").replace(" ", "%20")
         if "%" in path or "#" in path:
             return "file://" + encoded
-        if "'" in path:
-            return rng.choice(("file://" + path, "file://" + back, "file:\\\\" + back))
         return rng.choice(("file://" + path, "file://" + encoded, "file://" + spaced, "file://" + back, "file:\\\\" + back,
                            path, back, encoded,
                            "file://" + path))
