@@ -94,6 +94,8 @@ void frmMove1::MovePage()
 
 bool frmMove1::workOut(IdTable& pages) const
 {
+  if (std::ranges::find(pages.ids(), move_.MoveSourceID) == pages.ids().end())
+    return true;
   const std::string arrival = neighbour(move_.MoveTargetID, 1);
   if (arrival.empty())
     return false;
