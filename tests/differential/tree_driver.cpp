@@ -6,8 +6,8 @@
 //   move SOURCE before|behind|under TARGET
 //   unique | twins     from the next table on it has a unique key, as projects from elsewhere may have, or none
 //
-// The answer to each operation is a line "OK" or "NO" with the numbers of the messages, the number of pages, and the pages as above. "\N"
-// is Null.
+// The answer to each operation is a line "OK" or "NO" with the numbers of the messages, the number of pages, and the pages as
+// above. "\N" is Null.
 
 #include "editor/document_surface.h"
 #include "pagetree/page_deletion.h"
@@ -54,8 +54,9 @@ public:
       return;
     unique_ = unique;
     project_.db().execute("DROP TABLE Seite");
-    project_.db().execute("CREATE TABLE Seite (id TEXT, Überschrift TEXT, html MEMO, dateiname TEXT, [seitentyp-id] LONG, script MEMO, "
-                          "changingdate DATE, expanded BIT)");
+    project_.db().execute(
+        "CREATE TABLE Seite (id TEXT, Überschrift TEXT, html MEMO, dateiname TEXT, [seitentyp-id] LONG, script MEMO, "
+        "changingdate DATE, expanded BIT)");
     if (unique)
       project_.db().execute("CREATE UNIQUE INDEX EineSeite ON Seite (id)");
   }
@@ -66,9 +67,10 @@ public:
     project_.db().execute("DELETE * FROM Seite");
     std::string line;
     for (std::size_t row = 0; row < count && std::getline(in, line); ++row)
-      project_.db().execute("INSERT INTO Seite (id, Überschrift, html, dateiname, [seitentyp-id], script, changingdate, expanded) "
-                            "VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
-                            valuesOf(line));
+      project_.db().execute(
+          "INSERT INTO Seite (id, Überschrift, html, dateiname, [seitentyp-id], script, changingdate, expanded) "
+          "VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
+          valuesOf(line));
     transaction.commit();
   }
 

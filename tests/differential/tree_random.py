@@ -1,10 +1,9 @@
 """Random trees of pages and random things to do with them."""
-import random
-
 from tree_reference import MOST_CHILDREN, MOST_LEVELS, ROOT, Placement
 
 HEADINGS = ("Haus", "Küche", "Anna's Zimmer", "Ä*?", "- - -", "[1]", "")
 BODIES = ("\\N", "<p>Text</p>", "<h3 id=ueberschrift>Größe</h3>", "'; DROP TABLE Seite; --")
+PLACEMENTS = (Placement.BEFORE, Placement.BEFORE, Placement.BEHIND, Placement.BEHIND, Placement.UNDER)
 WORDS = {Placement.BEFORE: "before", Placement.BEHIND: "behind", Placement.UNDER: "under"}
 
 
@@ -12,8 +11,8 @@ def contents(dice, serial):
     """A row's columns behind the id; no two rows have the same."""
     heading = f"{dice.choice(HEADINGS)} {serial}"
     date = dice.choice(("\\N", f"2003-04-{serial % 28 + 1:02} 08:00:00"))
-    return "\t".join((heading, dice.choice(BODIES), dice.choice(("*.htm", "\\N", "seite*.php")), dice.choice("\\N 1 1 2 3 4".split()),
-                      dice.choice(("\\N", "start()")), date, dice.choice("01")))
+    return "\t".join((heading, dice.choice(BODIES), dice.choice(("*.htm", "\\N", "seite*.php")),
+                      dice.choice("\\N 1 1 2 3 4".split()), dice.choice(("\\N", "start()")), date, dice.choice("01")))
 
 
 class Tree:
@@ -110,20 +109,19 @@ def near(dice, pages, page):
     return dice.choice(relatives[dice.choice(("sibling", "sibling", "sibling", "any", "any", "any", "below", "above"))] or pages)
 
 
-def operation(dice, ids):
-    """("add", parent), ("delete", id, confirmed) or ("move", source, target, placement) on pages that are there."""
+def operation(dice, ids, ghosts=0.0):
+    """("add", parent), ("delete", id, confirmed) or ("move", source, target, placement) on pages that are there; at a rate of
+    `ghosts` the page to delete or to move is not."""
     pages = sorted({page_id for page_id in ids if is_page(page_id)})
     if not pages:
         return None
     verb = dice.choice(("add", "delete", "delete", "move", "move", "move", "move"))
     page = dice.choice(pages)
+    if verb != "add" and dice.random() < ghosts:
+        page = page[:6] + "98"
     if verb == "add":
         return verb, page
     if verb == "delete":
         # Small trees would be gone too soon.
         return (verb, page, dice.random() > 0.1) if len(page) > 2 or dice.random() < 0.5 else ("add", page)
-    return verb, page, near(dice, pages, page), dice.choice((Placement.BEFORE, Placement.BEFORE, Placement.BEHIND, Placement.BEHIND, Placement.UNDER))
-
-
-def seeded(seed):
-    return random.Random(seed)
+    return verb, page, near(dice, pages, page), dice.choice(PLACEMENTS)

@@ -1,7 +1,7 @@
 """Deleting and moving pages, worked out a second time: row by row, each step as a query over the table as it then stands.
 
-A table is a list of rows; a row's id changes, its content never does. Nothing here is fast or clever, so that it can be compared with
-the program, which works on all ids at once.
+A table is a list of rows; a row's id changes, its content never does. Nothing here is fast or clever, so that it can be compared
+with the program, which works on all ids at once.
 """
 from collections import Counter
 from dataclasses import dataclass, field
@@ -108,7 +108,7 @@ class Table:
         if len(parent) == 2 * MOST_LEVELS:
             return Outcome([MESSAGE_NO_FIFTH_LEVEL])
         prefix = "" if parent == ROOT else parent
-        children = {row.id for row in self.query(lambda other: other.startswith(prefix) and len(other) == len(prefix) + 2)} - {ROOT}
+        children = {row.id for row in self.like(prefix) if len(row.id) == len(prefix) + 2 and row.id != ROOT}
         count = len(children)
         free = [n for n in range(count + 1, MOST_CHILDREN + 1) if f"{prefix}{n:02}" not in children]
         if not free:
@@ -206,7 +206,8 @@ class Table:
             self.take_flags_off()
 
     def level_of(self, page_id, descending=False):
-        return self.query(lambda other: other.startswith(parent_of(page_id)) and len(other) == len(page_id) and other != ROOT, descending)
+        parent = parent_of(page_id)
+        return self.query(lambda other: other.startswith(parent) and len(other) == len(page_id) and other != ROOT, descending)
 
     def make_room(self, target):
         for row in self.level_of(target, descending=True):
@@ -265,6 +266,12 @@ class Table:
         present = set(self.ids())
         if self.surplus() or ROOT not in present:
             return False
-        return all(page_id == ROOT or ((len(page_id) == 2 or parent_of(page_id) in present)
-                                       and (number_of(page_id) == 1 or parent_of(page_id) + f"{number_of(page_id) - 1:02}" in present))
-                   for page_id in present)
+        return all(self.has_parent(page_id, present) and self.has_page_before(page_id, present) for page_id in present - {ROOT})
+
+    @staticmethod
+    def has_parent(page_id, present):
+        return len(page_id) == 2 or parent_of(page_id) in present
+
+    @staticmethod
+    def has_page_before(page_id, present):
+        return number_of(page_id) == 1 or f"{parent_of(page_id)}{number_of(page_id) - 1:02}" in present
