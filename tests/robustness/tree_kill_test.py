@@ -21,7 +21,8 @@ class KilledTrees(House):
         super().setUp()
         tops = [f"{number:02}" for number in range(1, TOPS + 2)]
         below = [f"{top}{number:02}" for top in tops[:TOPS] for number in range(1, CHILDREN + 1)]
-        self.make_project((page_id, f"Seite {page_id}", heading(page_id) + "<p>" + "Text " * 200 + "</p>") for page_id in tops + below)
+        text = "<p>" + "Text " * 200 + "</p>"
+        self.make_project((page_id, f"Seite {page_id}", heading(page_id) + text) for page_id in tops + below)
         self.untouched = self.work / "vorher.mdb"
         shutil.copy(self.file, self.untouched)
 
@@ -44,8 +45,8 @@ class KilledTrees(House):
         return "page", verb, self.file, *rest
 
     def start(self, operation):
-        return subprocess.Popen(self.command(*self.words(operation)), cwd=self.work, env=self.environment(), stdin=subprocess.DEVNULL,
-                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        return subprocess.Popen(self.command(*self.words(operation)), cwd=self.work, env=self.environment(),
+                                stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     @staticmethod
     def kill_after(process, seconds):
