@@ -47,7 +47,14 @@ void IdTable::movePagesBelow(std::string_view oldPrefix, std::string_view newPre
       id.replace(0, oldPrefix.size(), newPrefix);
 }
 
-bool IdTable::hasMoreDuplicates() const { return countIds(ids_).size() < countIds(original_).size(); }
+bool IdTable::hasNewDuplicates() const
+{
+  const auto before = countIds(original_);
+  return std::ranges::any_of(countIds(ids_), [&](const auto& entry) {
+    const auto known = before.find(entry.first);
+    return entry.second > std::max<std::size_t>(1, known == before.end() ? 0 : known->second);
+  });
+}
 
 void IdTable::write()
 {

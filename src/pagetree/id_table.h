@@ -25,8 +25,8 @@ public:
   /// Gives every row whose id begins with `oldPrefix` and is longer the new prefix.
   void movePagesBelow(std::string_view oldPrefix, std::string_view newPrefix);
 
-  /// Whether more rows share an id with another than when the table was read. Rows that shared one of old may go on together.
-  bool hasMoreDuplicates() const;
+  /// Whether an id is there more often than when the table was read.
+  bool hasNewDuplicates() const;
   /// Writes the ids that changed; no id is taken before it is free. Belongs into a transaction.
   void write();
 

@@ -71,7 +71,7 @@ void PageDeletion::ReorgPagesAfterDel(std::string_view deletedId, bool& Erfolg)
         Frei = Aktuell;
       }
     }
-    if (pages.hasMoreDuplicates())
+    if (pages.hasNewDuplicates())
       throw base::Error(base::ErrorNumber::InvalidCall, "Eine Seitennummer ist schon vergeben.");
     pages.write();
   });

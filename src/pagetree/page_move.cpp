@@ -127,7 +127,7 @@ bool frmMove1::workOut(IdTable& pages) const
     fits = ReorgZielPos(pages, kSource) && ReorgZielPos(pages, kTarget);
     takeFlagOff();
   }
-  return fits && !pages.hasMoreDuplicates();
+  return fits && !pages.hasNewDuplicates();
 }
 
 void frmMove1::MovePageUnderM(IdTable& pages, const std::string& arrival) const
