@@ -24,7 +24,7 @@ constexpr std::int64_t kForm = 1;
 /// The file may be lost at any time, so nothing waits for the disk, nor for another program that has the file in use.
 constexpr const char* kSettings = "PRAGMA busy_timeout = 0; PRAGMA page_size = 16384;"
                                   "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF; PRAGMA cache_size = -16384;"
-                                  "PRAGMA mmap_size = 1073741824;";
+                                  "PRAGMA mmap_size = 33554432;";
 
 /// Bodies are appended in the order in which they come; only the small index is written out of order.
 constexpr const char* kTables = "CREATE TABLE entry (id INTEGER PRIMARY KEY, high INTEGER, low INTEGER, checkHigh INTEGER, "
