@@ -7,10 +7,14 @@
 
 #include <pugixml.hpp>
 
+#include <algorithm>
+
 namespace mrd::xml {
 namespace {
 
-constexpr unsigned kParseFlags = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_ws_pcdata | pugi::parse_wconv_attribute;
+constexpr unsigned kParseFlags = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_ws_pcdata | pugi::parse_wconv_attribute |
+                                 pugi::parse_comments | pugi::parse_pi;
+constexpr std::size_t kDeclarationLength = 100;
 
 bool isTooDeep(const pugi::xml_document& document)
 {
@@ -33,15 +37,28 @@ Element convert(const pugi::xml_node& node)
   for (const auto& child : node.children()) {
     if (isText(child)) {
       element.text += base::toCrLf(child.value());
-      element.hasChildNodes |= !isBlank(child.value());
+      element.hasChildNodes |= child.type() == pugi::node_cdata || !isBlank(child.value());
     } else if (child.type() == pugi::node_element) {
       element.children.push_back(convert(child));
       element.text += element.children.back().text;
+      element.hasChildNodes = true;
+    } else {
       element.hasChildNodes = true;
     }
   }
   return element;
 }
+
+/// Whether the parser decodes the bytes: it knows the encodings of Unicode by their marks or zeros, and Latin-1 by its declaration.
+bool isKnownToParser(std::string_view bytes)
+{
+  const std::string_view declaration = bytes.substr(0, std::min(bytes.find("?>"), kDeclarationLength));
+  return base::contains(bytes, std::string_view("\0", 1)) || base::containsIgnoringCase(declaration, "iso-8859-1\"") ||
+         base::containsIgnoringCase(declaration, "iso-8859-1'") || base::containsIgnoringCase(declaration, "latin1");
+}
+
+/// What is neither is Windows-1252, as editors on Windows write it.
+std::string readable(std::string bytes) { return isKnownToParser(bytes) ? bytes : base::decodeText(bytes); }
 
 } // namespace
 
@@ -55,7 +72,7 @@ std::optional<Element> loadXml(std::string_view path)
 {
   std::string bytes;
   try {
-    bytes = files::readFile(path);
+    bytes = readable(files::readFile(path));
   } catch (const base::Error&) {
     return std::nullopt;
   }
