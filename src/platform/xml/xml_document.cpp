@@ -5,9 +5,12 @@
 #include "base/windows1252.h"
 #include "platform/files/files.h"
 
+#include <expat.h>
 #include <pugixml.hpp>
 
 #include <algorithm>
+#include <memory>
+#include <type_traits>
 
 namespace mrd::xml {
 namespace {
@@ -57,8 +60,28 @@ bool isKnownToParser(std::string_view bytes)
          base::containsIgnoringCase(declaration, "iso-8859-1'") || base::containsIgnoringCase(declaration, "latin1");
 }
 
+/// A file's text, in UTF-8 unless its encoding is one that parsers know by themselves.
+struct Readable {
+  std::string text;
+  bool isUtf8;
+};
+
 /// What is neither is Windows-1252, as editors on Windows write it.
-std::string readable(std::string bytes) { return isKnownToParser(bytes) ? bytes : base::decodeText(bytes); }
+Readable readable(std::string bytes)
+{
+  if (isKnownToParser(bytes))
+    return {std::move(bytes), false};
+  return {base::decodeText(bytes), true};
+}
+
+/// The tree's parser reads texts that are not well-formed too, and makes of them what their author did not mean; this one is strict, and
+/// gives up on entities that grow without bounds.
+bool isWellFormed(const Readable& xml)
+{
+  const std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> parser(
+      XML_ParserCreate(xml.isUtf8 ? "UTF-8" : nullptr), XML_ParserFree);
+  return XML_Parse(parser.get(), xml.text.data(), static_cast<int>(xml.text.size()), XML_TRUE) == XML_STATUS_OK;
+}
 
 } // namespace
 
@@ -70,14 +93,18 @@ std::string_view Element::attribute(std::string_view attributeName) const
 
 std::optional<Element> loadXml(std::string_view path)
 {
-  std::string bytes;
+  constexpr std::uint64_t kLargest = 64U << 20U;
+  Readable xml;
   try {
-    bytes = readable(files::readFile(path));
+    if (files::fileSize(path) > kLargest)
+      return std::nullopt;
+    xml = readable(files::readFile(path));
   } catch (const base::Error&) {
     return std::nullopt;
   }
   pugi::xml_document document;
-  if (!document.load_buffer(bytes.data(), bytes.size(), kParseFlags) || isTooDeep(document) || !document.document_element())
+  if (!isWellFormed(xml) || !document.load_buffer(xml.text.data(), xml.text.size(), kParseFlags) || isTooDeep(document) ||
+      !document.document_element())
     return std::nullopt;
   return convert(document.document_element());
 }

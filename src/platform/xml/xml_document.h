@@ -22,7 +22,7 @@ struct Element {
   std::string_view attribute(std::string_view attributeName) const;
 };
 
-/// The document element of a file (Unicode, Latin-1 or Windows-1252); nothing for a file that is missing, not well-formed, or
+/// The document element of a file (Unicode, Latin-1 or Windows-1252); nothing for a file that is missing, larger than 64 MB, not well-formed, or
 /// nested more than kMaxDepth deep. Entities of its own are not expanded. `path` in the system's form.
 std::optional<Element> loadXml(std::string_view path);
 
