@@ -230,7 +230,9 @@ void addPage(CLI::App& app, Session& session)
   add->add_option("--heading", arguments->heading, "Heading, where the body brings none")->type_name("TEXT");
   addContentOptions(*add, *arguments);
 
-  addWork(*page, session, "delete", "Deletes a page and all below it", deletePage, arguments)->add_option("ID", arguments->id)->required();
+  addWork(*page, session, "delete", "Deletes a page and all below it", deletePage, arguments)
+      ->add_option("ID", arguments->id)
+      ->required();
 
   auto* const move = addWork(*page, session, "move", "Moves a page and all below it", movePage, arguments);
   move->add_option("ID", arguments->id)->required();
