@@ -37,7 +37,7 @@ std::string rewriteAttributes(std::string_view rest, std::string_view name, std:
   };
   for (std::size_t at = findWord(rest, name); at != std::string_view::npos; at = findWord(rest, name)) {
     move(at + name.size() + behindName);
-    const std::size_t quote = std::min(rest.find_first_of("'\""), rest.size());
+    const std::size_t quote = std::min(rest.substr(0, kQuoteWithin).find_first_of("'\""), std::min(rest.size(), kQuoteWithin));
     if (quote + 1 > kQuoteWithin)
       continue;
     const char mark = quote < rest.size() ? rest[quote] : '\0';
