@@ -1,4 +1,4 @@
-#include "mainform/mainform.h"
+#include "mainform/project_frame.h"
 
 #include "base/errors.h"
 #include "base/text.h"
@@ -23,9 +23,9 @@ constexpr int kOpenExisting = 111, kOpenNew = 222, kOpenOther = 333;
 
 } // namespace
 
-Mainform::Mainform(Program& program, ProjectHooks hooks) : program_(program), hooks_(std::move(hooks)) {}
+ProjectFrame::ProjectFrame(Program& program, ProjectHooks hooks) : program_(program), hooks_(std::move(hooks)) {}
 
-void Mainform::ladebenutzerlayouts()
+void ProjectFrame::ladebenutzerlayouts()
 {
   const std::string directory = program_.files.file("\\xml");
   const auto folder = templates::readLayoutFolder(directory);
@@ -38,14 +38,14 @@ void Mainform::ladebenutzerlayouts()
     program_.ui.warning("not well-formed: " + files::nativePath(directory + "\\" + file).string());
 }
 
-void Mainform::open(std::string_view path)
+void ProjectFrame::open(std::string_view path)
 {
   // The project that is open stays so where the next one cannot be opened.
   db_ = project::openProject(path);
   DbName_ = path;
 }
 
-bool Mainform::openProject(std::string_view path)
+bool ProjectFrame::openProject(std::string_view path)
 {
   return failures::withStandardHandler(program_.language, kOpening, [&] {
     if (!paths::datei_vorhanden(path) && !files::directoryExists(path))
@@ -55,7 +55,7 @@ bool Mainform::openProject(std::string_view path)
   });
 }
 
-bool Mainform::loadSettings(const ExportPath& exportPath)
+bool ProjectFrame::loadSettings(const ExportPath& exportPath)
 {
   if (!exportPath.given) {
     settings::einstellungenladen(*db_, fields_, program_.files, program_.ui);
@@ -71,7 +71,7 @@ bool Mainform::loadSettings(const ExportPath& exportPath)
   return true;
 }
 
-bool Mainform::createProject(std::string_view path)
+bool ProjectFrame::createProject(std::string_view path)
 {
   if (paths::datei_vorhanden(path)) {
     program_.language.GetMsg(kMessageExists);
@@ -86,7 +86,7 @@ bool Mainform::createProject(std::string_view path)
   return true;
 }
 
-void Mainform::DialogOpenChangeNewDB(std::string_view Pfad, bool& Abgebrochen)
+void ProjectFrame::DialogOpenChangeNewDB(std::string_view Pfad, bool& Abgebrochen)
 {
   Abgebrochen = false;
   hooks_.opseitentyp_Click();
@@ -110,7 +110,7 @@ void Mainform::DialogOpenChangeNewDB(std::string_view Pfad, bool& Abgebrochen)
   }
 }
 
-bool Mainform::tellFailure(const base::Error& error, bool& Abgebrochen)
+bool ProjectFrame::tellFailure(const base::Error& error, bool& Abgebrochen)
 {
   switch (error.kind()) {
   case base::ErrorNumber::Cancelled:
@@ -128,7 +128,7 @@ bool Mainform::tellFailure(const base::Error& error, bool& Abgebrochen)
   }
 }
 
-bool Mainform::chooseProject()
+bool ProjectFrame::chooseProject()
 {
   ui::Ui& ui = program_.ui;
   const std::string& directory = program_.files.directory();
@@ -164,7 +164,7 @@ bool Mainform::chooseProject()
   return true;
 }
 
-void Mainform::openWithWindow()
+void ProjectFrame::openWithWindow()
 {
   rememberProject();
   if (DbName_.empty()) {
@@ -182,9 +182,9 @@ void Mainform::openWithWindow()
   hooks_.loadLastActivePage();
 }
 
-void Mainform::rememberProject() { paths::SchreibeIni("LastFile", "File1", DbName_, program_.files.iniFile()); }
+void ProjectFrame::rememberProject() { paths::SchreibeIni("LastFile", "File1", DbName_, program_.files.iniFile()); }
 
-bool Mainform::NewProject_Click()
+bool ProjectFrame::NewProject_Click()
 {
   const auto chosen =
       program_.ui.openFileDialog({"Datenbank anlegen", "Mirandel-Datenbanken|*.mdb", program_.files.directory(), "mrdneu.mdb"});
@@ -195,21 +195,21 @@ bool Mainform::NewProject_Click()
   return !denied && isOpen();
 }
 
-void Mainform::OpenProject_Click()
+void ProjectFrame::OpenProject_Click()
 {
   OpenMode_ = kOpenExisting;
   bool denied = false;
   DialogOpenChangeNewDB("", denied);
 }
 
-void Mainform::CheckDatabase()
+void ProjectFrame::CheckDatabase()
 {
   const ui::WaitPointer wait(program_.ui);
   // Opened first and closed then: a file that has become unreadable leaves the program what it has.
   db_ = project::openProject(base::trim(DbName_));
 }
 
-void Mainform::close()
+void ProjectFrame::close()
 {
   db_.reset();
   program_.language.close();

@@ -1,0 +1,42 @@
+#pragma once
+// The mouse over the tree: a click opens a page, a drag onto another node moves it. `hit` is the key of the node under the cursor,
+// nothing outside of nodes.
+
+#include "mainform/page_desk.h"
+
+#include <optional>
+#include <string>
+
+namespace mrd::mainform {
+
+/// Scrolls a tree while something is dragged over it: a line at a time within `Rand` pixels of an edge. X and Y in twips.
+void TreeViewScroll(ui::TreeControl& Tree, int X, int Y, int Rand);
+
+class TreeMouse {
+public:
+  using Hit = std::optional<std::string>;
+
+  TreeMouse(ProjectFrame& project, PageDesk& pages, Dialogs& dialogs) : project_(project), pages_(pages), dialogs_(dialogs) {}
+
+  /// Button pressed on the tree, or a node chosen by keyboard: saves the page that is open and opens the node's. Outside of nodes
+  /// everything stays.
+  void TreeView1_MouseDown(const Hit& hit);
+  /// Starts a drag when the cursor has left the pressed node. `Button` is 1 while the left button is held.
+  void TreeView1_MouseMove(int Button, const Hit& hit);
+  void TreeView1_DragOver(const Hit& hit, int X, int Y);
+  /// Asks for the placement and moves the page that was open.
+  void TreeView1_DragDrop(const Hit& hit);
+  /// The drag ended outside of the tree.
+  void dragCancelled();
+
+private:
+  void move();
+  void showMoved(const std::string& heading);
+
+  ProjectFrame& project_;
+  PageDesk& pages_;
+  Dialogs& dialogs_;
+  std::string DragTargetKey_, DragTargetText_;
+};
+
+} // namespace mrd::mainform

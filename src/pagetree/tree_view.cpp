@@ -1,0 +1,202 @@
+#include "pagetree/tree_view.h"
+
+#include "base/text.h"
+#include "frame/failures/failures.h"
+#include "frame/settings/stored_settings.h"
+#include "pagetree/page_id.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace mrd::pagetree {
+namespace {
+
+constexpr int kMessageNoHomepage = 9;
+constexpr int kNormalPage = 1;
+
+/// Keeps a tree from drawing for the length of a scope.
+class StillTree {
+public:
+  explicit StillTree(ui::TreeControl& tree) : tree_(tree) { tree_.setDrawing(false); }
+  ~StillTree() { tree_.setDrawing(true); }
+  StillTree(const StillTree&) = delete;
+  StillTree& operator=(const StillTree&) = delete;
+
+private:
+  ui::TreeControl& tree_;
+};
+
+} // namespace
+
+/// The pages as the tree needs them, read in one go: a level costs a look into memory, whatever the size of the project.
+class PageTreeView::Rows {
+public:
+  explicit Rows(dao::Database& db)
+  {
+    auto pages = db.openSnapshot("SELECT id, Überschrift, [seitentyp-id], expanded FROM Seite ORDER BY ID");
+    for (; !pages.eof(); pages.moveNext()) {
+      const auto type = pages.value("seitentyp-id");
+      rows_.push_back({pages.value("id").text(), base::trim(pages.value("Überschrift").text()),
+                       type.isNull() ? kNormalPage : static_cast<int>(type.integer()), pages.value("expanded").boolean()});
+    }
+    std::ranges::stable_sort(rows_, {}, &Row::id);
+  }
+
+  const std::vector<Row>& all() const { return rows_; }
+
+  const Row* find(std::string_view id) const
+  {
+    const auto found = std::ranges::lower_bound(rows_, id, {}, &Row::id);
+    return found != rows_.end() && found->id == id ? &*found : nullptr;
+  }
+
+  /// The first page strictly below, whose type a placeholder shows; null for a leaf.
+  const Row* firstBelow(std::string_view id) const
+  {
+    const auto found = std::ranges::upper_bound(rows_, id, {}, &Row::id);
+    return found != rows_.end() && found->id.starts_with(id) ? &*found : nullptr;
+  }
+
+  /// Direct children in their order; those of the root are the first level.
+  std::vector<const Row*> children(std::string_view id) const
+  {
+    const std::string prefix = childPrefix(id);
+    std::vector<const Row*> found;
+    for (auto row = std::ranges::lower_bound(rows_, prefix, {}, &Row::id); row != rows_.end() && row->id.starts_with(prefix); ++row)
+      if (row->id.size() == prefix.size() + 2 && row->id != kRootId)
+        found.push_back(&*row);
+    return found;
+  }
+
+private:
+  std::vector<Row> rows_;
+};
+
+PageTreeView::PageTreeView(dao::Database& db, messages::Language& language, ui::TreeControl& TreeView1, ActivePage& active)
+    : db_(db), language_(language), tree_(TreeView1), active_(active)
+{
+}
+
+void PageTreeView::ZeigeStruktur()
+{
+  failures::withStandardHandler(language_, "ZeigeStruktur", [&] {
+    const StillTree still(tree_);
+    const Rows rows(db_);
+    tree_.clear();
+    rebuilding_ = &rows;
+    const bool hasRoot = ReadRootNode(rows);
+    if (hasRoot)
+      ExpandTreeView1OnLoad(rows);
+    rebuilding_ = nullptr;
+    if (!hasRoot)
+      return;
+    if (const auto stored = settings::StoredSettings(db_).value("LastActivePage"))
+      bringIn(keyOf(base::trim(*stored)));
+    active_.SetLastActivePage();
+  });
+}
+
+bool PageTreeView::ReadRootNode(const Rows& rows)
+{
+  const Row* const root = rows.find(kRootId);
+  failures::withStandardHandler(language_, "ReadRootNode", [&] {
+    if (root) {
+      tree_.addNode("", keyOf(kRootId), root->label, root->image);
+      return;
+    }
+    language_.ui().pumpEvents();
+    language_.GetMsg(kMessageNoHomepage);
+  });
+  return root != nullptr;
+}
+
+void PageTreeView::ExpandTreeView1OnLoad(const Rows& rows)
+{
+  failures::withStandardHandler(language_, "ExpandTreeView1OnLoad", [&] {
+    const std::string root = keyOf(kRootId);
+    for (const Row* const page : rows.children(kRootId))
+      addPage(root, *page, rows);
+    // The first level is always in sight.
+    tree_.setExpanded(root, true);
+  });
+}
+
+void PageTreeView::addPage(std::string_view parentKey, const Row& row, const Rows& rows)
+{
+  const std::string key = keyOf(row.id);
+  // Of pages that share an id by a fault of old, the tree shows the first.
+  if (tree_.hasNode(key))
+    return;
+  tree_.addNode(parentKey, key, row.label, row.image);
+  if (const Row* const below = rows.firstBelow(row.id))
+    tree_.addNode(key, key + formatNumber(1), row.id, below->image);
+  if (row.expanded)
+    tree_.setExpanded(key, true);
+}
+
+void PageTreeView::Expand(std::string_view key)
+{
+  failures::withStandardHandler(language_, "Expand", [&] {
+    if (isRoot(key))
+      return;
+    if (rebuilding_)
+      fill(key, *rebuilding_);
+    else
+      fill(key, Rows(db_));
+  });
+}
+
+void PageTreeView::fill(std::string_view key, const Rows& rows)
+{
+  const auto pages = rows.children(idOf(key));
+  if (pages.empty() || !tree_.hasNode(key))
+    return;
+  const std::string placeholder = std::string(key) + formatNumber(1);
+  // The placeholder bears the key of the first child: it goes for good where the table has none of that number, and where it stands
+  // for a page it makes room for the real node.
+  if (tree_.childCount(key) == 1 && tree_.hasNode(placeholder) && tree_.childCount(placeholder) == 0)
+    tree_.removeNode(placeholder);
+  for (const Row* const page : pages) {
+    if (const std::string child = keyOf(page->id); !tree_.hasNode(child))
+      addPage(key, *page, rows);
+    else if (tree_.label(child) != page->label)
+      tree_.setLabel(child, page->label);
+  }
+}
+
+void PageTreeView::WriteExpandedNodes()
+{
+  failures::withStandardHandler(language_, "WriteExpandedNodes", [&] {
+    std::unordered_map<std::string, bool> states;
+    for (const auto& key : tree_.keys())
+      states.emplace(idOf(key), tree_.expanded(key));
+    const Rows rows(db_);
+    // Only what has changed is written: a save must not cost a write for each page.
+    std::vector<std::pair<std::string, bool>> changed;
+    for (const auto& row : rows.all())
+      if (const auto state = states.find(row.id); state != states.end() && state->second != row.expanded)
+        changed.emplace_back(row.id, state->second);
+    if (changed.empty())
+      return;
+    dao::Transaction transaction(db_);
+    for (const auto& [id, isOpen] : changed)
+      db_.execute("UPDATE Seite SET expanded = ? WHERE ID = ?", {isOpen, id});
+    transaction.commit();
+  });
+}
+
+bool PageTreeView::bringIn(std::string_view key)
+{
+  const std::string id = idOf(key);
+  if (!isPageId(id))
+    return false;
+  if (tree_.hasNode(key) && !tree_.hasNode(keyOf(parentOf(id))))
+    return true;
+  const Rows rows(db_);
+  for (std::size_t length = 2; length < id.size(); length += 2)
+    if (const std::string parent = keyOf(id.substr(0, length)); tree_.hasNode(parent))
+      fill(parent, rows);
+  return tree_.hasNode(key);
+}
+
+} // namespace mrd::pagetree
