@@ -49,7 +49,8 @@ QGroupBox { border: none; margin-top: 1.5em; padding: 0; font-weight: bold; }
 QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; padding: 0; }
 QGroupBox > * { font-weight: normal; }
 QToolBar { border: none; background: palette(window); padding: 4px 6px; spacing: 2px; }
-QToolBar#Toolbar1 { background: palette(base); border-bottom: 1px solid palette(mid); }
+QToolBar#Toolbar1 { background: transparent; padding: 0; }
+QFrame[role="format"] { border: none; border-bottom: 1px solid palette(mid); }
 QToolBar QToolButton { border: 1px solid transparent; border-radius: 5px; padding: 4px 6px; }
 QToolBar QToolButton:hover { background: palette(midlight); }
 QToolBar QToolButton:pressed, QToolBar QToolButton:checked { background: palette(midlight); border-color: palette(mid); }
