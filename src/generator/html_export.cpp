@@ -2,8 +2,8 @@
 
 #include "base/text.h"
 #include "frame/failures/failures.h"
-#include "frame/settings/stored_settings.h"
 #include "frame/settings/export_path.h"
+#include "frame/settings/stored_settings.h"
 #include "generator/built_in_run.h"
 #include "generator/template_run.h"
 #include "platform/files/files.h"
@@ -28,20 +28,20 @@ std::string inEditor(std::string_view html)
 
 frmHTMLExport::frmHTMLExport(const ExportEnvironment& environment) : environment_(environment) {}
 
-bool frmHTMLExport::Form_Load(std::string_view DbName, ui::WindowControls& controls)
+bool frmHTMLExport::Form_Load(ui::WindowControls& controls)
 {
   environment_.language.Setlanguage(controls);
   return Form_Load(DbName);
 }
 
-bool frmHTMLExport::Form_Load(std::string_view DbName)
+bool frmHTMLExport::Form_Load(std::string_view path)
 {
+  DbName = path;
   if (DbName.empty()) {
     environment_.language.GetMsg(kMessageNoProject);
     window.unload();
     return false;
   }
-  DbName_ = DbName;
   db_ = dao::Database::open(DbName);
   DHTMLKopf.innerHTML = inEditor(settings::StoredSettings(*db_).value("KopfHTML").value_or(std::string(kDefaultHead)));
   farbenaktualisieren();
@@ -92,7 +92,7 @@ RunOutcome frmHTMLExport::generate()
 {
   const RunJob job{environment_,
                    *db_,
-                   DbName_,
+                   DbName,
                    DHTMLKopf.innerHTML,
                    exportpfad_,
                    selection,

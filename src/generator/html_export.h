@@ -17,10 +17,12 @@ class frmHTMLExport {
 public:
   explicit frmHTMLExport(const ExportEnvironment& environment);
 
-  /// Applies the language, then as below.
-  bool Form_Load(std::string_view DbName, ui::WindowControls& controls);
+  /// Path of the project.
+  std::string DbName;
   /// Opens the project and reads the shared head. False, with message 24, without a project; the dialog is then closed.
-  bool Form_Load(std::string_view DbName);
+  bool Form_Load(std::string_view path);
+  /// Applies the language, then as above with the project of `DbName`.
+  bool Form_Load(ui::WindowControls& controls);
 
   /// All pages, or only new ones: the two are a pair.
   void OpAlle_Click() { choose(false); }
@@ -62,7 +64,7 @@ private:
 
   ExportEnvironment environment_;
   std::optional<dao::Database> db_;
-  std::string DbName_, exportpfad_, startdatei_;
+  std::string exportpfad_, startdatei_;
   bool running_ = false, stopAsked_ = false;
 };
 

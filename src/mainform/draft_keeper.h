@@ -24,7 +24,8 @@ public:
 
 private:
   void restore(const Draft& draft);
-  void restorePage(const Draft& draft);
+  /// Opens the draft's page, or makes it anew where the table lacks it.
+  void openPage(const Draft& draft);
 
   ProjectFrame& project_;
   PageDesk& pages_;

@@ -36,13 +36,15 @@ public:
   bool showTree();
   /// The head of the site in the editor in place of a page.
   void showHead();
+  /// The fields of the page have been set from elsewhere.
+  void showPage() { parts_.screen.refresh(Shown::Page); }
   /// A file outside the project has come or gone: the states of the tabs follow.
   void showKind();
 
 private:
   void leaveEditor();
   void backToTree();
-  void setKind(DocumentKind kind);
+  void waitForSurface();
 
   const Parts parts_;
   const std::function<void()> farbenaktualisieren_;

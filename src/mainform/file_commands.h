@@ -4,7 +4,6 @@
 #include "frame/messages/messages.h"
 #include "mainform/page_desk.h"
 
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -17,8 +16,7 @@ public:
     PageDesk& pages;
     MainScreen& screen;
   };
-  /// `kindChanged` is told when a file has taken the place of a page.
-  FileCommands(const Parts& parts, std::function<void()> kindChanged) : parts_(parts), kindChanged_(std::move(kindChanged)) {}
+  explicit FileCommands(const Parts& parts) : parts_(parts) {}
 
   void FileNew_Click();
   void FileOpen_Click();
@@ -34,11 +32,12 @@ private:
   bool load(const std::string& path);
   bool save(const std::string& path);
   void showFile(const std::string& path);
+  void showName();
 
   const Parts parts_;
-  const std::function<void()> kindChanged_;
   /// The file as it was loaded: what stands around its body.
   std::string text_;
+  bool isUtf8_ = false;
 };
 
 } // namespace mrd::mainform

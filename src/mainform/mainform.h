@@ -17,7 +17,9 @@
 #include "platform/files/user_settings.h"
 #include "platform/ui/shell.h"
 
+#include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace mrd::mainform {
@@ -62,14 +64,15 @@ public:
   bool Form_QueryUnload();
   /// Saves the placement and the state of the project and closes the databases. Does not save the page.
   void Form_Unload();
-  /// Once a DraftKeeper::kIntervalSeconds.
-  void Timer();
+  /// Every DraftKeeper::kIntervalSeconds.
+  void Timer() { drafts_.Timer(); }
 
   // Commands.
 
   void NewProject_Click();
   void OpenProject_Click();
-  void FileExit_Click() { seams_.screen.unload(); }
+  /// Asks about what is not saved and closes the window.
+  void FileExit_Click();
   void SeiteSub_Click(int Index);
   void NetSub_Click(int Index);
   void HelpSub1_Click(int Index);
@@ -80,22 +83,28 @@ public:
   void Toolbar2_ButtonClick(std::string_view Key);
   /// The command of a menu entry, by its name and number; an entry that has none does nothing.
   void menu_Click(std::string_view name, std::optional<int> index);
-  /// Generates the page that is open and shows it.
+  /// Saves the page that is open, generates it and shows it.
   void seitenvorschau();
-  /// The dialog that generates the site.
+  /// Saves the page, and shows the dialog that generates the site.
   void html();
   void HilfeAnzeigen() { help_.HilfeAnzeigen("Mainform"); }
 
 private:
   ProjectHooks projectHooks();
   ui::SurfaceEvents surfaceEvents();
-  void startLanguage();
-  void changeLanguage(void (messages::Language::*change)(ui::WindowControls&));
-  void openLastProject();
-  void projectOpened();
+  std::optional<std::string> storePicture(std::string_view bytes, std::string_view mimeType);
+  /// Runs a command under the standard handler; nothing while another one waits for the surface.
+  void command(std::string_view name, const std::function<void()>& body);
+  void showStates();
+  /// Opens a project and offers what a crash has left of it.
+  void openProject(const std::function<void()>& open);
+  bool leaveProject();
+  void seitespeichern();
+  void seiteneu();
+  void seitelöschen();
+  generator::ExportEnvironment exportEnvironment();
   void showAssistant(int page);
   void showAbout();
-  bool settleUnsaved();
 
   Program& program_;
   const Seams seams_;
@@ -109,6 +118,9 @@ private:
   SettingsTabs settings_;
   TreeMouse treeMouse_;
   DraftKeeper drafts_;
+  bool projectOpened_ = false;
+  /// The window is closed or about to be.
+  bool ended_ = false;
 };
 
 } // namespace mrd::mainform

@@ -29,8 +29,10 @@ public:
     std::function<void()> farbenaktualisieren = [] {};
     /// Asks about a changed file outside the project. False when the user wants to stay with it.
     std::function<bool()> leaveFile = [] { return true; };
-    /// A page, or the head, is in the table now.
-    std::function<void()> saved = [] {};
+    /// A page, or the head, is in the table now, or its changes have been given up.
+    std::function<void()> settled = [] {};
+    /// A page has taken the place of the head or of a file, or the other way round.
+    std::function<void()> kindChanged = [] {};
   };
 
   PageDesk(const Parts& parts, Hooks hooks);
@@ -41,8 +43,9 @@ public:
 
   // The project.
 
-  /// To be called when a project has been opened: nothing of the one before is remembered.
+  /// To be called when a project has been opened, and before it is closed: nothing of the one before is remembered.
   void projectOpened();
+  void projectClosed() { open_.reset(); }
   bool isOpen() const { return open_.has_value(); }
   void ZeigeStruktur();
   /// Puts the page that the project remembers into the editor.
@@ -64,7 +67,12 @@ public:
   /// Key of the page in the editor, empty without one.
   std::string LastActivePage() const;
   std::string ActiveNodeText() const;
+  /// What the editor holds of the project was changed since it was loaded.
   bool PageDirty() const;
+  /// The changes of the page are given up.
+  void giveUp();
+  /// A page is being loaded, saved or made: commands have to wait, for events run meanwhile.
+  bool isBusy() const { return busy_ > 0; }
 
   /// Saves the page, or the head while that is edited; a file outside the project is none of it. False when the message of a
   /// failure or a refusal has been shown: the page is then still in the editor, and still dirty.
@@ -77,8 +85,10 @@ public:
   /// Asks and deletes the page that is selected in the tree; then shows the homepage.
   void DelPage();
 
-  /// What the tree tells of a click on a node.
+  /// Leaves what the editor holds and loads the page of the node. Where that has to stay, the node that was selected is so again.
   void changePage(std::string_view key);
+  /// What the editor holds from now on.
+  void setKind(DocumentKind kind);
 
   ui::TreeControl& tree() { return parts_.TreeView1; }
   ui::EditingSurface& surface() { return parts_.DHTMLEdit1; }
@@ -95,9 +105,16 @@ private:
     pagetree::PageStore store;
   };
 
+  /// Counts what is under way for the length of a scope.
+  class Work;
+
+  std::string keyToSave() const;
+  messages::Language& language() { return parts_.project.program().language; }
+
   const Parts parts_;
   const Hooks hooks_;
   std::optional<Open> open_;
+  int busy_ = 0;
 };
 
 } // namespace mrd::mainform

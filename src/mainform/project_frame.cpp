@@ -97,11 +97,8 @@ void ProjectFrame::DialogOpenChangeNewDB(std::string_view Pfad, bool& Abgebroche
     OpenMode_ = kOpenExisting;
   for (bool again = true; again;) {
     try {
-      if (path.empty() && !chooseProject())
-        return;
-      if (!path.empty())
-        DbName_ = path;
-      openWithWindow();
+      if (const auto chosen = path.empty() ? chooseProject() : std::optional(path))
+        openWithWindow(*chosen);
       return;
     } catch (const base::Error& error) {
       program_.ui.hideSplash();
@@ -128,7 +125,7 @@ bool ProjectFrame::tellFailure(const base::Error& error, bool& Abgebrochen)
   }
 }
 
-bool ProjectFrame::chooseProject()
+std::optional<std::string> ProjectFrame::chooseProject()
 {
   ui::Ui& ui = program_.ui;
   const std::string& directory = program_.files.directory();
@@ -143,7 +140,7 @@ bool ProjectFrame::chooseProject()
     if (!paths::datei_vorhanden(emptyFile)) {
       ui.hideSplash();
       program_.language.GetMsg(kMessageNoEmptyFile);
-      return false;
+      return std::nullopt;
     }
     chosen = ui.saveFileDialog({"Neue Datenbank anlegen", "Access-Db's|*.mdb"});
     if (chosen)
@@ -155,25 +152,23 @@ bool ProjectFrame::chooseProject()
     chosen = ui.openFileDialog({"Datenbank wechseln", "Mirandel Datenbanken|*.mdb", directory});
     break;
   default:
-    DbName_.clear();
-    return true;
+    return "";
   }
   if (!chosen)
     throw base::Error(base::ErrorNumber::Cancelled, "Abbrechen wurde gewählt.");
-  DbName_ = *chosen;
-  return true;
+  return chosen;
 }
 
-void ProjectFrame::openWithWindow()
+void ProjectFrame::openWithWindow(const std::string& path)
 {
-  rememberProject();
-  if (DbName_.empty()) {
+  paths::SchreibeIni("LastFile", "File1", path, program_.files.iniFile());
+  if (path.empty()) {
     program_.ui.hideSplash();
     program_.language.GetMsg(kMessageNothingOpen);
     hooks_.unload();
     return;
   }
-  open(std::string(DbName_));
+  open(path);
   hooks_.emptyEditor();
   loadSettings();
   hooks_.farbenaktualisieren();
@@ -181,8 +176,6 @@ void ProjectFrame::openWithWindow()
   hooks_.ZeigeStruktur();
   hooks_.loadLastActivePage();
 }
-
-void ProjectFrame::rememberProject() { paths::SchreibeIni("LastFile", "File1", DbName_, program_.files.iniFile()); }
 
 bool ProjectFrame::NewProject_Click()
 {

@@ -69,9 +69,9 @@ public:
 
 private:
   void open(std::string_view path);
-  bool chooseProject();
-  void rememberProject();
-  void openWithWindow();
+  /// The path that the user chose, empty where nothing is asked; nothing when no project can be made.
+  std::optional<std::string> chooseProject();
+  void openWithWindow(const std::string& path);
   bool tellFailure(const base::Error& error, bool& Abgebrochen);
 
   Program& program_;

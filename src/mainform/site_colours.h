@@ -58,6 +58,7 @@ private:
   void waitForSurface();
 
   const Parts parts_;
+  bool waiting_ = false;
 };
 
 } // namespace mrd::mainform

@@ -1,7 +1,8 @@
 #pragma once
-// The mouse over the tree: a click opens a page, a drag onto another node moves it. `hit` is the key of the node under the cursor,
-// nothing outside of nodes.
+// The mouse over the tree: a click opens a page, a drag onto another node moves it. `hit` is the key of the node under the
+// cursor, nothing outside of nodes.
 
+#include "mainform/help.h"
 #include "mainform/page_desk.h"
 
 #include <optional>
@@ -16,7 +17,13 @@ class TreeMouse {
 public:
   using Hit = std::optional<std::string>;
 
-  TreeMouse(ProjectFrame& project, PageDesk& pages, Dialogs& dialogs) : project_(project), pages_(pages), dialogs_(dialogs) {}
+  struct Parts {
+    ProjectFrame& project;
+    PageDesk& pages;
+    Dialogs& dialogs;
+    Help& help;
+  };
+  explicit TreeMouse(const Parts& parts) : parts_(parts) {}
 
   /// Button pressed on the tree, or a node chosen by keyboard: saves the page that is open and opens the node's. Outside of nodes
   /// everything stays.
@@ -31,11 +38,10 @@ public:
 
 private:
   void move();
-  void showMoved(const std::string& heading);
+  void showMoved();
+  messages::Language& language() { return parts_.project.program().language; }
 
-  ProjectFrame& project_;
-  PageDesk& pages_;
-  Dialogs& dialogs_;
+  const Parts parts_;
   std::string DragTargetKey_, DragTargetText_;
 };
 

@@ -24,23 +24,6 @@ std::string neighbour(std::string_view id, int step)
   return number < 0 || number > kMaxChildren ? std::string() : parentOf(id) + formatNumber(number);
 }
 
-/// Keeps a tree from drawing for the length of a scope.
-class StillTree {
-public:
-  explicit StillTree(ui::TreeControl* tree) : tree_(tree) { draw(false); }
-  ~StillTree() { draw(true); }
-  StillTree(const StillTree&) = delete;
-  StillTree& operator=(const StillTree&) = delete;
-
-private:
-  void draw(bool on)
-  {
-    if (tree_)
-      tree_->setDrawing(on);
-  }
-  ui::TreeControl* tree_;
-};
-
 } // namespace
 
 void frmMove1::Form_Load(ui::WindowControls& controls)
@@ -108,7 +91,7 @@ void frmMove1::btnMove_Click()
   failures::withStandardHandler(language_, "btnMove_Click", [&] {
     if (!isAllowed())
       return;
-    const StillTree still(tree_);
+    const ui::StillTree still(tree_);
     const ui::WaitPointer wait(language_.ui());
     MovePage();
   });

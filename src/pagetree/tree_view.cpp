@@ -7,24 +7,13 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 namespace mrd::pagetree {
 namespace {
 
 constexpr int kMessageNoHomepage = 9;
 constexpr int kNormalPage = 1;
-
-/// Keeps a tree from drawing for the length of a scope.
-class StillTree {
-public:
-  explicit StillTree(ui::TreeControl& tree) : tree_(tree) { tree_.setDrawing(false); }
-  ~StillTree() { tree_.setDrawing(true); }
-  StillTree(const StillTree&) = delete;
-  StillTree& operator=(const StillTree&) = delete;
-
-private:
-  ui::TreeControl& tree_;
-};
 
 } // namespace
 
@@ -37,7 +26,7 @@ public:
     for (; !pages.eof(); pages.moveNext()) {
       const auto type = pages.value("seitentyp-id");
       rows_.push_back({pages.value("id").text(), base::trim(pages.value("Überschrift").text()),
-                       type.isNull() ? kNormalPage : static_cast<int>(type.integer()), pages.value("expanded").boolean()});
+                       type.isNull() ? kNormalPage : static_cast<int>(type.integer()), pages.value("expanded").yes()});
     }
     std::ranges::stable_sort(rows_, {}, &Row::id);
   }
@@ -62,7 +51,8 @@ public:
   {
     const std::string prefix = childPrefix(id);
     std::vector<const Row*> found;
-    for (auto row = std::ranges::lower_bound(rows_, prefix, {}, &Row::id); row != rows_.end() && row->id.starts_with(prefix); ++row)
+    for (auto row = std::ranges::lower_bound(rows_, prefix, {}, &Row::id); row != rows_.end() && row->id.starts_with(prefix);
+         ++row)
       if (row->id.size() == prefix.size() + 2 && row->id != kRootId)
         found.push_back(&*row);
     return found;
@@ -77,19 +67,38 @@ PageTreeView::PageTreeView(dao::Database& db, messages::Language& language, ui::
 {
 }
 
+/// Makes one reading of the table serve all that happens in a scope, nodes that are opened on the way included.
+class PageTreeView::Reading {
+public:
+  explicit Reading(PageTreeView& view) : view_(view)
+  {
+    if (!view_.rows_)
+      view_.rows_ = &own_.emplace(view_.db_);
+  }
+  ~Reading()
+  {
+    if (own_)
+      view_.rows_ = nullptr;
+  }
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+
+  const Rows& rows() const { return *view_.rows_; }
+
+private:
+  PageTreeView& view_;
+  std::optional<Rows> own_;
+};
+
 void PageTreeView::ZeigeStruktur()
 {
   failures::withStandardHandler(language_, "ZeigeStruktur", [&] {
-    const StillTree still(tree_);
-    const Rows rows(db_);
+    const ui::StillTree still(&tree_);
+    const Reading reading(*this);
     tree_.clear();
-    rebuilding_ = &rows;
-    const bool hasRoot = ReadRootNode(rows);
-    if (hasRoot)
-      ExpandTreeView1OnLoad(rows);
-    rebuilding_ = nullptr;
-    if (!hasRoot)
+    if (!ReadRootNode(reading.rows()))
       return;
+    ExpandTreeView1OnLoad(reading.rows());
     if (const auto stored = settings::StoredSettings(db_).value("LastActivePage"))
       bringIn(keyOf(base::trim(*stored)));
     active_.SetLastActivePage();
@@ -123,12 +132,18 @@ void PageTreeView::ExpandTreeView1OnLoad(const Rows& rows)
 
 void PageTreeView::addPage(std::string_view parentKey, const Row& row, const Rows& rows)
 {
-  const std::string key = keyOf(row.id);
   // Of pages that share an id by a fault of old, the tree shows the first.
-  if (tree_.hasNode(key))
-    return;
-  tree_.addNode(parentKey, key, row.label, row.image);
-  if (const Row* const below = rows.firstBelow(row.id))
+  if (const std::string key = keyOf(row.id); !tree_.hasNode(key)) {
+    tree_.addNode(parentKey, key, row.label, row.image);
+    showBelow(row, rows);
+  }
+}
+
+void PageTreeView::showBelow(const Row& row, const Rows& rows)
+{
+  const std::string key = keyOf(row.id);
+  const Row* const below = rows.firstBelow(row.id);
+  if (below && tree_.childCount(key) == 0)
     tree_.addNode(key, key + formatNumber(1), row.id, below->image);
   if (row.expanded)
     tree_.setExpanded(key, true);
@@ -137,30 +152,31 @@ void PageTreeView::addPage(std::string_view parentKey, const Row& row, const Row
 void PageTreeView::Expand(std::string_view key)
 {
   failures::withStandardHandler(language_, "Expand", [&] {
-    if (isRoot(key))
-      return;
-    if (rebuilding_)
-      fill(key, *rebuilding_);
-    else
-      fill(key, Rows(db_));
+    if (!isRoot(key))
+      fill(key, Reading(*this).rows());
   });
 }
 
 void PageTreeView::fill(std::string_view key, const Rows& rows)
 {
-  const auto pages = rows.children(idOf(key));
-  if (pages.empty() || !tree_.hasNode(key))
+  const std::string id = idOf(key);
+  const auto pages = rows.children(id);
+  if (pages.empty())
     return;
+  // A placeholder bears the key that the first child of a dense tree has, and the parent's digits as its text.
   const std::string placeholder = std::string(key) + formatNumber(1);
-  // The placeholder bears the key of the first child: it goes for good where the table has none of that number, and where it stands
-  // for a page it makes room for the real node.
-  if (tree_.childCount(key) == 1 && tree_.hasNode(placeholder) && tree_.childCount(placeholder) == 0)
+  const bool isPlaceholder = tree_.hasNode(placeholder) && tree_.label(placeholder) == id;
+  if (isPlaceholder && !rows.find(idOf(placeholder)))
     tree_.removeNode(placeholder);
   for (const Row* const page : pages) {
-    if (const std::string child = keyOf(page->id); !tree_.hasNode(child))
+    const std::string child = keyOf(page->id);
+    if (!tree_.hasNode(child))
       addPage(key, *page, rows);
-    else if (tree_.label(child) != page->label)
+    else if (tree_.label(child) != page->label) {
       tree_.setLabel(child, page->label);
+      if (child == placeholder && isPlaceholder)
+        showBelow(*page, rows);
+    }
   }
 }
 
@@ -180,7 +196,7 @@ void PageTreeView::WriteExpandedNodes()
       return;
     dao::Transaction transaction(db_);
     for (const auto& [id, isOpen] : changed)
-      db_.execute("UPDATE Seite SET expanded = ? WHERE ID = ?", {isOpen, id});
+      db_.execute("UPDATE Seite SET expanded = ? WHERE ID = ?", {dao::Value::yesNo(isOpen), id});
     transaction.commit();
   });
 }
@@ -190,12 +206,10 @@ bool PageTreeView::bringIn(std::string_view key)
   const std::string id = idOf(key);
   if (!isPageId(id))
     return false;
-  if (tree_.hasNode(key) && !tree_.hasNode(keyOf(parentOf(id))))
-    return true;
-  const Rows rows(db_);
+  const Reading reading(*this);
   for (std::size_t length = 2; length < id.size(); length += 2)
     if (const std::string parent = keyOf(id.substr(0, length)); tree_.hasNode(parent))
-      fill(parent, rows);
+      fill(parent, reading.rows());
   return tree_.hasNode(key);
 }
 

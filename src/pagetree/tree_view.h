@@ -25,7 +25,7 @@ public:
   void Expand(std::string_view key);
   /// Stores which nodes are open.
   void WriteExpandedNodes();
-  /// Reads the levels above a page, so that its node is there; false for a page that the table lacks.
+  /// Reads the levels above a page, so that its node is there; false where there is none.
   bool bringIn(std::string_view key);
 
 private:
@@ -35,18 +35,21 @@ private:
     bool expanded;
   };
   class Rows;
+  class Reading;
 
   bool ReadRootNode(const Rows& rows);
   void ExpandTreeView1OnLoad(const Rows& rows);
   void fill(std::string_view key, const Rows& rows);
   void addPage(std::string_view parentKey, const Row& row, const Rows& rows);
+  /// The placeholder of a node with pages below it, and its opening where it was left open.
+  void showBelow(const Row& row, const Rows& rows);
 
   dao::Database& db_;
   messages::Language& language_;
   ui::TreeControl& tree_;
   ActivePage& active_;
-  /// The table while the tree is rebuilt: opening a node then reads nothing.
-  const Rows* rebuilding_ = nullptr;
+  /// The table while a reading of it serves.
+  const Rows* rows_ = nullptr;
 };
 
 } // namespace mrd::pagetree

@@ -64,4 +64,21 @@ public:
   virtual void refresh() {}
 };
 
+/// Keeps a tree, where there is one, from drawing for the length of a scope.
+class StillTree {
+public:
+  explicit StillTree(TreeControl* tree) : tree_(tree) { draw(false); }
+  ~StillTree() { draw(true); }
+  StillTree(const StillTree&) = delete;
+  StillTree& operator=(const StillTree&) = delete;
+
+private:
+  void draw(bool on)
+  {
+    if (tree_)
+      tree_->setDrawing(on);
+  }
+  TreeControl* tree_;
+};
+
 } // namespace mrd::ui
