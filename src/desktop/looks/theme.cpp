@@ -3,6 +3,7 @@
 #include "desktop/looks/system_theme.h"
 
 #include <QApplication>
+#include <QStyle>
 #include <QStyleFactory>
 
 #include <array>
@@ -27,7 +28,7 @@ constexpr std::array kColours{
     Colour{QPalette::Highlight, 0xff2e7d5b, 0xff2f8562},
     Colour{QPalette::HighlightedText, 0xffffffff, 0xffffffff},
     Colour{QPalette::Link, 0xff2e7d5b, 0xff63c498},
-    Colour{QPalette::LinkVisited, 0xff5b6f66, 0xff93b3a5},
+    Colour{QPalette::LinkVisited, 0xff66756e, 0xff93a89e},
     Colour{QPalette::ToolTipBase, 0xff26302b, 0xffe4eae7},
     Colour{QPalette::ToolTipText, 0xfff4f6f5, 0xff212624},
     Colour{QPalette::PlaceholderText, 0xff7d8983, 0xff86938c},
@@ -42,6 +43,7 @@ constexpr QPalette::ColorRole kDimmed[] = {QPalette::WindowText, QPalette::Text,
                                            QPalette::HighlightedText};
 constexpr QRgb kDimLight = 0xffa3ada8, kDimDark = 0xff68736e;
 constexpr QRgb kUnlitLight = 0xffd5dcd8, kUnlitDark = 0xff3a423e;
+constexpr QRgb kClosedLight = 0xfff0f2f1, kClosedDark = 0xff252a28;
 
 /// What the palette alone cannot say: rounded pages of tabs, quiet tool buttons, the green of the important buttons.
 constexpr auto kStyleSheet = R"(
@@ -63,16 +65,18 @@ QTabBar::tab:hover { background: palette(midlight); }
 QTabBar::tab:selected { border-bottom-color: palette(highlight); font-weight: bold; }
 QTabBar::tab:disabled { color: palette(dark); }
 QTabBar::tab:focus { background: palette(midlight); }
-QTreeView { background: palette(base); padding: 6px 2px; outline: none; }
-QTreeView::item { padding: 3px 4px; border-radius: 4px; }
-QSplitter::handle { background: palette(mid); margin: 0 2px; }
-QSplitter::handle:hover { background: palette(highlight); }
+QTreeView { background: palette(base); padding: 6px 2px; outline: none; show-decoration-selected: 0; }
+QTreeView::item { padding: 3px 4px; }
+QTreeView::item:hover { background: palette(midlight); }
+QTreeView::item:selected { background: palette(highlight); color: palette(highlighted-text); }
+QSplitter::handle { background: palette(window); border-left: 1px solid palette(mid); }
+QSplitter::handle:hover { background: palette(midlight); }
 QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }
 QStatusBar { border-top: 1px solid palette(mid); }
 QStatusBar::item { border: none; }
 QStatusBar QLabel { padding: 2px 8px; }
 QFrame[role="bar"] { border: none; border-top: 1px solid palette(mid); }
-QLabel[role="hint"] { color: palette(placeholder-text); }
+QLabel[role="hint"] { color: palette(link-visited); }
 QLabel[role="title"] { font-size: 15pt; font-weight: bold; }
 QLabel[role="name"] { font-weight: bold; padding: 6px 10px; background: palette(midlight); border-radius: 5px; }
 QPushButton { padding: 5px 14px; }
@@ -96,6 +100,7 @@ QPalette palette(Theme theme)
   for (const auto role : kDimmed)
     colours.setColor(QPalette::Disabled, role, QColor(light ? kDimLight : kDimDark));
   colours.setColor(QPalette::Disabled, QPalette::Highlight, QColor(light ? kUnlitLight : kUnlitDark));
+  colours.setColor(QPalette::Disabled, QPalette::Base, QColor(light ? kClosedLight : kClosedDark));
   return colours;
 }
 

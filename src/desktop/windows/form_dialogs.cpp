@@ -43,7 +43,7 @@ void FormDialogs::showModal(pagetree::frmMove1& form)
 
 void FormDialogs::showModal(generator::frmHTMLExport& form)
 {
-  FrmHtmlExportWindow dialog(form, owner_.form().project().DbName(), &owner_);
+  FrmHtmlExportWindow dialog(form, &owner_);
   if (dialog.isLoaded())
     run(dialog, owner_);
 }

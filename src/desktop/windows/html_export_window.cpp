@@ -6,14 +6,14 @@
 
 namespace mrd::desktop {
 
-FrmHtmlExportWindow::FrmHtmlExportWindow(generator::frmHTMLExport& form, std::string_view DbName, QWidget* parent)
+FrmHtmlExportWindow::FrmHtmlExportWindow(generator::frmHTMLExport& form, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmHTMLExport>())
 {
   ui_->setupUi(this);
   QtControls controls(*this, "frmHTMLExport");
   form_.window.refresh = [this] { refresh(); };
   form_.window.unload = [this] { accept(); };
-  loaded_ = form_.Form_Load(DbName, controls);
+  loaded_ = form_.Form_Load(controls);
   refresh();
   connect(ui_->OpAlle, &QRadioButton::clicked, this, [this] { form_.OpAlle_Click(); });
   connect(ui_->opneue, &QRadioButton::clicked, this, [this] { form_.opneue_Click(); });

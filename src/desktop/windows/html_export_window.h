@@ -14,7 +14,7 @@ namespace mrd::desktop {
 
 class FrmHtmlExportWindow : public QDialog {
 public:
-  FrmHtmlExportWindow(generator::frmHTMLExport& form, std::string_view DbName, QWidget* parent = nullptr);
+  explicit FrmHtmlExportWindow(generator::frmHTMLExport& form, QWidget* parent = nullptr);
   ~FrmHtmlExportWindow() override;
 
   /// False when there is nothing to generate from: the user has been told, and the dialog is not to be shown.

@@ -117,7 +117,7 @@ QColor screenColour(const std::string& text)
 
 void colour(QWidget& widget, mainform::ColourUse use, const QColor& colour)
 {
-  if (auto* const swatch = qobject_cast<ColourSwatch*>(&widget))
+  if (auto* const swatch = dynamic_cast<ColourSwatch*>(&widget))
     return swatch->setColour(colour);
   QPalette palette = widget.palette();
   palette.setColor(use == mainform::ColourUse::Back ? QPalette::Window : QPalette::WindowText, colour);

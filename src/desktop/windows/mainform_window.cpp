@@ -50,7 +50,6 @@ MainformWindow::~MainformWindow() { userInterface_.setDisplay(nullptr); }
 bool MainformWindow::start()
 {
   form_->Form_Load();
-  started_ = true;
   if (!closed_)
     timer_.start(mainform::DraftKeeper::kIntervalSeconds * kMillisecondsPerSecond);
   return !closed_;
@@ -150,6 +149,7 @@ void MainformWindow::placeSplitter(int leftPx)
 
 void MainformWindow::showFirst()
 {
+  started_ = true;
   // A user who has never placed the window gets room for his page.
   if (userSettings_.value(mainform::kSettingsSection, "MainWidth", "").empty())
     showMaximized();
