@@ -60,6 +60,13 @@ void PageTree::setDropMark(QTreeWidgetItem* item)
 
 void PageTree::forgetItems() { dropMark_ = nullptr; }
 
+void PageTree::resizeEvent(QResizeEvent* event)
+{
+  // The mark of the selection reaches from edge to edge, and longer labels can still be scrolled to.
+  header()->setMinimumSectionSize(viewport()->width());
+  QTreeWidget::resizeEvent(event);
+}
+
 void PageTree::mousePressEvent(QMouseEvent* event)
 {
   const QPoint point = event->position().toPoint();

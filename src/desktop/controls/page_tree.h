@@ -47,6 +47,7 @@ public:
   void setQuiet(bool quiet) { quiet_ = quiet; }
 
 protected:
+  void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;

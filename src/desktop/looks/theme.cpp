@@ -17,12 +17,12 @@ struct Colour {
 };
 
 constexpr std::array kColours{
-    Colour{QPalette::Window, 0xfff4f6f5, 0xff212624},
+    Colour{QPalette::Window, 0xfff4f6f5, 0xff1f2422},
     Colour{QPalette::WindowText, 0xff1f2623, 0xffe4eae7},
-    Colour{QPalette::Base, 0xffffffff, 0xff191d1b},
-    Colour{QPalette::AlternateBase, 0xfff7f9f8, 0xff1e2321},
+    Colour{QPalette::Base, 0xffffffff, 0xff2e3532},
+    Colour{QPalette::AlternateBase, 0xfff7f9f8, 0xff262c29},
     Colour{QPalette::Text, 0xff1f2623, 0xffe4eae7},
-    Colour{QPalette::Button, 0xfffafbfa, 0xff2d3431},
+    Colour{QPalette::Button, 0xfffafbfa, 0xff343c38},
     Colour{QPalette::ButtonText, 0xff26302b, 0xffe4eae7},
     Colour{QPalette::BrightText, 0xffffffff, 0xffffffff},
     Colour{QPalette::Highlight, 0xff2e7d5b, 0xff2f8562},
@@ -43,12 +43,12 @@ constexpr QPalette::ColorRole kDimmed[] = {QPalette::WindowText, QPalette::Text,
                                            QPalette::HighlightedText};
 constexpr QRgb kDimLight = 0xffa3ada8, kDimDark = 0xff68736e;
 constexpr QRgb kUnlitLight = 0xffd5dcd8, kUnlitDark = 0xff3a423e;
-constexpr QRgb kClosedLight = 0xfff0f2f1, kClosedDark = 0xff252a28;
+constexpr QRgb kClosedLight = 0xfff0f2f1, kClosedDark = 0xff242927;
 
 /// What the palette alone cannot say: rounded pages of tabs, quiet tool buttons, the green of the important buttons.
 constexpr auto kStyleSheet = R"(
 QGroupBox { border: none; margin-top: 1.5em; padding: 0; font-weight: bold; }
-QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; padding: 0; }
+QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; padding: 0; left: -2px; }
 QGroupBox > * { font-weight: normal; }
 QToolBar { border: none; background: palette(window); padding: 4px 6px; spacing: 2px; }
 QToolBar#Toolbar1 { background: transparent; padding: 0; }
@@ -63,9 +63,9 @@ QTabBar { qproperty-drawBase: 0; }
 QTabBar::tab { padding: 7px 14px 6px 14px; border: none; border-bottom: 2px solid transparent; color: palette(window-text); }
 QTabBar::tab:hover { background: palette(midlight); }
 QTabBar::tab:selected { border-bottom-color: palette(highlight); font-weight: bold; }
-QTabBar::tab:disabled { color: palette(dark); }
+QTabBar::tab:disabled { color: @dim@; }
 QTabBar::tab:focus { background: palette(midlight); }
-QTreeView { background: palette(base); padding: 6px 2px; outline: none; show-decoration-selected: 0; }
+QTreeView { background: palette(base); padding: 6px 2px; outline: none; show-decoration-selected: 1; }
 QTreeView::item { padding: 3px 4px; }
 QTreeView::item:hover { background: palette(midlight); }
 QTreeView::item:selected { background: palette(highlight); color: palette(highlighted-text); }
@@ -85,7 +85,7 @@ QPushButton[primary="true"] { background: palette(highlight); color: palette(hig
 QPushButton[primary="true"]:hover { border-color: palette(link); }
 QPushButton[primary="true"]:pressed { background: palette(link); }
 QPushButton[primary="true"]:focus { border: 1px solid palette(text); }
-QPushButton[primary="true"]:disabled { background: palette(midlight); color: palette(dark); border-color: palette(mid); }
+QPushButton[primary="true"]:disabled { background: palette(midlight); color: @dim@; border-color: palette(mid); }
 QToolTip { border: none; padding: 4px 6px; background: palette(tool-tip-base); color: palette(tool-tip-text); }
 )";
 
@@ -111,7 +111,8 @@ void applyTheme(QApplication& application, Theme theme)
   application.setPalette(palette(theme));
   // Set anew, since a style sheet takes its colours from the palette when it is set.
   application.setStyleSheet({});
-  application.setStyleSheet(kStyleSheet);
+  application.setStyleSheet(
+      QString::fromLatin1(kStyleSheet).replace("@dim@", QColor(theme == Theme::Light ? kDimLight : kDimDark).name()));
 }
 
 void followSystemTheme(QApplication& application)

@@ -7,6 +7,7 @@
 #include "mainform/site_colours.h"
 
 #include <QCompleter>
+#include <QEvent>
 #include <QFontDatabase>
 #include <QSignalBlocker>
 
@@ -144,6 +145,7 @@ MainformFields::MainformFields(Ui::Mainform& ui, mainform::Mainform& form, const
   auto* const families = new QCompleter(QFontDatabase::families(), this);
   families->setCaseSensitivity(Qt::CaseInsensitive);
   ui_.tbschriftart->setCompleter(families);
+  ui_.FrmVorschau->installEventFilter(this);
   connectSettings();
   connectLists();
   connectColours();
@@ -332,12 +334,24 @@ void MainformFields::showColours()
   }
   for (const auto& field : mainform::colourFields())
     dynamic_cast<ColourSwatch&>(controls_.object("Labelfarbe", field.index)).setFramed(field.index == form_.settings().framedSwatch);
+  fitPreviews();
+  showRadius();
+}
+
+void MainformFields::fitPreviews()
+{
   const double share = form_.settings().previewShare();
   const int room = ui_.FrmVorschau->contentsRect().width();
   for (QFrame* const preview :
        {ui_.frmhintergrund, ui_.frmVorschauTablaschen, ui_.FrmVorschauOhneAlles, ui_.FrmVorschaubenutzerdefiniert})
     preview->setMaximumWidth(std::max(preview->minimumWidth(), static_cast<int>(room * share)));
-  showRadius();
+}
+
+bool MainformFields::eventFilter(QObject* watched, QEvent* event)
+{
+  if (event->type() == QEvent::Resize)
+    fitPreviews();
+  return QObject::eventFilter(watched, event);
 }
 
 void MainformFields::showRadius()

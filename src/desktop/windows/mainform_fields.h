@@ -24,6 +24,10 @@ public:
   /// The box around the previews is there while one of them is.
   void showPreviewBox();
 
+protected:
+  /// The previews keep their share of the width.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
   class Showing;
 
@@ -40,6 +44,7 @@ private:
   void showCaption();
   void showLabels();
   void showRadius();
+  void fitPreviews();
   void nameControls();
 
   Ui::Mainform& ui_;
