@@ -57,10 +57,12 @@ QToolBar QToolButton { border: 1px solid transparent; border-radius: 5px; paddin
 QToolBar QToolButton:hover { background: palette(midlight); }
 QToolBar QToolButton:pressed, QToolBar QToolButton:checked { background: palette(midlight); border-color: palette(mid); }
 QToolBar QToolButton:focus { border-color: palette(highlight); }
+QToolBarExtension { padding: 0; border: none; }
 QToolBar::separator { width: 1px; background: palette(mid); margin: 5px 5px; }
 QTabWidget::pane { border: none; border-top: 1px solid palette(mid); }
 QTabBar { qproperty-drawBase: 0; }
 QTabBar::tab { padding: 7px 14px 6px 14px; border: none; border-bottom: 2px solid transparent; color: palette(window-text); }
+QTabWidget#TabTree QTabBar::tab { padding: 7px 9px 6px 9px; }
 QTabBar::tab:hover { background: palette(midlight); }
 QTabBar::tab:selected { border-bottom-color: palette(highlight); font-weight: bold; }
 QTabBar::tab:disabled { color: @dim@; }

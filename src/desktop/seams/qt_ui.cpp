@@ -7,8 +7,10 @@
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLibraryInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTranslator>
 
 #include <array>
 
@@ -102,6 +104,24 @@ std::optional<std::string> chosenFile(const ui::FileDialog& request, QFileDialog
 
 } // namespace
 
+QtUi::QtUi() = default;
+
+QtUi::~QtUi() = default;
+
+void QtUi::speak()
+{
+  const bool german = language_() != "ENG";
+  if (!german) {
+    german_.reset();
+    return;
+  }
+  if (german_)
+    return;
+  german_ = std::make_unique<QTranslator>();
+  if (german_->load("qtbase_de", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(german_.get());
+}
+
 ui::Button QtUi::messageBox(const ui::MessageBox& message)
 {
   QMessageBox box(owner());
@@ -131,6 +151,7 @@ ui::Button QtUi::messageBox(const ui::MessageBox& message)
 
 std::optional<std::string> QtUi::inputBox(std::string_view prompt, std::string_view title, std::string_view proposal)
 {
+  speak();
   bool accepted = false;
   const QString text = QInputDialog::getText(owner(), shown(title), shown(prompt), QLineEdit::Normal, shown(proposal), &accepted);
   return accepted ? std::optional(text.toStdString()) : std::nullopt;
@@ -138,22 +159,26 @@ std::optional<std::string> QtUi::inputBox(std::string_view prompt, std::string_v
 
 std::optional<std::string> QtUi::openFileDialog(const ui::FileDialog& dialog)
 {
+  speak();
   return chosenFile(dialog, QFileDialog::AcceptOpen, dialog.fileName.empty() ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
 }
 
 std::optional<std::string> QtUi::saveFileDialog(const ui::FileDialog& dialog)
 {
+  speak();
   return chosenFile(dialog, QFileDialog::AcceptSave, QFileDialog::AnyFile);
 }
 
 std::optional<std::string> QtUi::folderDialog(std::string_view title)
 {
+  speak();
   const QString directory = QFileDialog::getExistingDirectory(owner(), shown(title));
   return directory.isEmpty() ? std::nullopt : std::optional(files::systemPath(directory.toStdString()));
 }
 
 std::optional<int> QtUi::colourDialog(int colour)
 {
+  speak();
   const QColor start(colour & 0xff, (colour >> 8) & 0xff, (colour >> 16) & 0xff);
   const QColor chosen = QColorDialog::getColor(start, owner());
   if (!chosen.isValid())

@@ -3,8 +3,10 @@
 #include "platform/ui/ui.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 
+class QTranslator;
 class QWidget;
 
 namespace mrd::desktop {
@@ -21,6 +23,9 @@ public:
 /// The user at the desktop.
 class QtUi : public ui::Ui {
 public:
+  QtUi();
+  ~QtUi() override;
+
   /// Main window's display; null before it is there and when it has gone.
   void setDisplay(StatusDisplay* display) { display_ = display; }
   void setSplash(QWidget* splash) { splash_ = splash; }
@@ -43,9 +48,13 @@ public:
   void hideSplash() override;
 
 private:
+  /// The toolkit's own dialogs speak the program's language too, where their texts are installed.
+  void speak();
+
   StatusDisplay* display_ = nullptr;
   QWidget* splash_ = nullptr;
   std::function<std::string()> language_ = [] { return std::string("GER"); };
+  std::unique_ptr<QTranslator> german_;
 };
 
 } // namespace mrd::desktop

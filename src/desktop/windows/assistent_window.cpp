@@ -72,6 +72,8 @@ void FrmAssistentWindow::connectControls()
 
 void FrmAssistentWindow::showGuide()
 {
+  constexpr int kMarginPx = 18;
+  ui_->DHTMLEditKurzanleitung->document()->setDocumentMargin(kMarginPx);
   if (form_.guideFile.empty())
     ui_->DHTMLEditKurzanleitung->setHtml(shown(form_.guideHtml));
   else

@@ -18,6 +18,7 @@ void run(QDialog& dialog, MainformWindow& owner)
   const QShortcut help(QKeySequence::HelpContents, &dialog);
   QObject::connect(&help, &QShortcut::activated, &dialog,
                    [&] { owner.form().help().HilfeAnzeigen(dialog.objectName().toStdString()); });
+  owner.hideSplash();
   dialog.exec();
 }
 

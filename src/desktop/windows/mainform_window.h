@@ -31,6 +31,8 @@ public:
   mainform::Mainform& form() { return *form_; }
   /// Shows the window and opens the last project. False when the window has been closed by what happened.
   bool start();
+  /// The opening picture must not cover what the user is asked.
+  void hideSplash() { userInterface_.hideSplash(); }
 
 protected:
   void closeEvent(QCloseEvent* event) override;
