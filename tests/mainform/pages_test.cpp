@@ -108,9 +108,9 @@ TEST_F(PagesTest, become_dirty_by_each_of_their_fields)
   auto& pages = window.pages();
   openPage("@01");
   using Change = std::function<void()>;
-  for (const auto& change :
-       {Change([&] { pages.tbhtml_Change(); }), Change([&] { pages.tbdateiname_Change(); }), Change([&] { pages.tbScript_Change(); }),
-        Change([&] { pages.tbmeta_Change(); }), Change([&] { pages.opseitentyp_Click(3); })}) {
+  for (const auto& change : {Change([&] { pages.tbhtml_Change(); }), Change([&] { pages.tbdateiname_Change(); }),
+                             Change([&] { pages.tbScript_Change(); }), Change([&] { pages.tbmeta_Change(); }),
+                             Change([&] { pages.opseitentyp_Click(3); })}) {
     change();
     EXPECT_TRUE(pages.PageDirty());
     save();

@@ -236,7 +236,8 @@ TEST_F(ColoursTest, reach_the_editor_with_the_font_of_the_site)
   EXPECT_THAT(surface.rules, testing::HasSubstr("div {FONT-SIZE: 10pt}"));
   EXPECT_THAT(surface.rules, testing::HasSubstr("td {FONT-FAMILY: Verdana; }"));
   EXPECT_THAT(surface.rules, testing::HasSubstr("h3 {FONT-FAMILY: Verdana; }"));
-  EXPECT_THAT(surface.rules, testing::HasSubstr("A:hover {font-family: Verdana; color : #ff0000;   TEXT-DECORATION: underline;}"));
+  EXPECT_THAT(surface.rules,
+              testing::HasSubstr("A:hover {font-family: Verdana; color : #ff0000;   TEXT-DECORATION: underline;}"));
 }
 
 TEST_F(ColoursTest, bring_no_rule_of_their_own_into_the_editor)

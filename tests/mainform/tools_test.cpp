@@ -28,8 +28,7 @@ TEST_F(ToolsTest, run_the_command_of_their_key)
                                 "RightJustify", "bold", "Fett"})
     window.Toolbar1_ButtonClick(key);
 
-  EXPECT_THAT(surface.executed,
-              ElementsAre("5000", "5023", "5048", "5030", "5051", "5031", "5018", "5025", "5024", "5026"));
+  EXPECT_THAT(surface.executed, ElementsAre("5000", "5023", "5048", "5030", "5051", "5031", "5018", "5025", "5024", "5026"));
 }
 
 TEST_F(ToolsTest, ask_for_the_colour_of_the_text)
