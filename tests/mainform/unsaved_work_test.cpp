@@ -327,5 +327,52 @@ TEST_F(FailedSaveTest, of_the_place_in_a_project_never_mixes_two_pages)
   EXPECT_EQ(text("02", "Überschrift"), "Beet");
 }
 
+struct FailedLoadTest : UnsavedWorkTest {
+  void loseTables()
+  {
+    project.db().execute("DROP TABLE Seite");
+    project.db().execute("DROP TABLE Einstellungen");
+    ui.acceptAll();
+  }
+};
+
+TEST_F(FailedLoadTest, leaves_a_file_in_the_editor_a_file)
+{
+  directory.write("brief.htm", "<p>Liebe Oma</p>");
+  ui.answerOpenDialog(directory.file("brief.htm"));
+  window.menu_Click("FileOpen", std::nullopt);
+  loseTables();
+
+  click("@02");
+
+  EXPECT_EQ(window.pages().document.kind, DocumentKind::File);
+  EXPECT_EQ(surface.bodyInnerHtml(), "<p>Liebe Oma</p>");
+  EXPECT_THAT(ui.messages.back().text, HasSubstr("in Modul TreeView1_MouseDown"));
+}
+
+TEST_F(FailedLoadTest, leaves_the_page_and_its_tab_where_the_head_cannot_be_read)
+{
+  loseTables();
+
+  selectTreeTab(1);
+
+  EXPECT_EQ(window.tabs().TabTree, 0);
+  EXPECT_EQ(window.pages().document.kind, DocumentKind::Page);
+  EXPECT_THAT(surface.bodyInnerHtml(), HasSubstr("Dach"));
+}
+
+TEST_F(FailedLoadTest, leaves_the_head_and_its_tab_where_the_page_cannot_be_read)
+{
+  project.setSetting("KopfHTML", "<i>Kopf</i>");
+  selectTreeTab(1);
+  loseTables();
+
+  selectTreeTab(0);
+
+  EXPECT_EQ(window.tabs().TabTree, 1);
+  EXPECT_EQ(window.pages().document.kind, DocumentKind::Head);
+  EXPECT_EQ(surface.bodyInnerHtml(), "<i>Kopf</i>");
+}
+
 } // namespace
 } // namespace mrd::mainform
