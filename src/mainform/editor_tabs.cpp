@@ -37,12 +37,19 @@ EditorTabs::EditorTabs(const Parts& parts, std::function<void()> farbenaktualisi
 
 void EditorTabs::tabHtml_Click(int PreviousTab)
 {
+  auto& pages = parts_.pages;
   // A file and the head of the site have no page settings.
-  if (tabHtml == kPage && parts_.pages.document.kind != DocumentKind::Page) {
+  const bool isOffered = tabHtml != kPage || pages.document.kind == DocumentKind::Page;
+  if (!isOffered || pages.isBusy()) {
     tabHtml = PreviousTab;
     parts_.screen.refresh(Shown::Tabs);
     return;
   }
+  failures::withStandardHandler(language(), "tabHtml_Click", [&] { turn(PreviousTab); });
+}
+
+void EditorTabs::turn(int PreviousTab)
+{
   auto& fields = parts_.pages.fields;
   fields.sourceOnTop = tabHtml == kSource;
   if (PreviousTab == kEditor)
@@ -56,9 +63,8 @@ void EditorTabs::tabHtml_Click(int PreviousTab)
 void EditorTabs::leaveEditor()
 {
   auto& pages = parts_.pages;
-  auto& language = parts_.project.program().language;
   if (pages.document.kind == DocumentKind::Page && hasServerCode(pages.fields.tbdateiname)) {
-    if (language.GetMsg(kMessageServerCode) == ui::Button::Yes)
+    if (language().GetMsg(kMessageServerCode) == ui::Button::Yes)
       pages.fields.tbhtml = pages.surface().bodyInnerHtml();
   } else {
     pages.fields.tbhtml = "Bitte warten - HTML wird geladen ...";
@@ -72,39 +78,40 @@ void EditorTabs::leaveEditor()
 void EditorTabs::waitForSurface()
 {
   while (parts_.pages.surface().busy())
-    parts_.project.program().ui.pumpEvents();
+    language().ui().pumpEvents();
 }
 
 void EditorTabs::TabTree_Click(int PreviousTab)
 {
-  auto& pages = parts_.pages;
-  const bool staysHere = !parts_.project.isOpen() || pages.isBusy();
-  if (staysHere || !pages.leave()) {
-    TabTree = PreviousTab;
-    parts_.screen.refresh(Shown::Tabs);
-    return;
-  }
-  if (PreviousTab == kTree)
-    showHead();
-  else
-    backToTree();
+  const int wanted = std::exchange(TabTree, PreviousTab);
+  failures::withStandardHandler(language(), "TabTree_Click", [&] {
+    auto& pages = parts_.pages;
+    if (!parts_.project.isOpen() || pages.isBusy() || !pages.leave())
+      return;
+    if (wanted == kHead)
+      showHead();
+    else
+      backToTree();
+  });
+  parts_.screen.refresh(Shown::Tabs);
 }
 
 void EditorTabs::showHead()
 {
   auto& pages = parts_.pages;
+  // Read before anything changes: what cannot be read must not leave an empty document in its place.
+  const auto stored = settings::StoredSettings(parts_.project.db()).value("KopfHTML");
   TabTree = kHead;
   pages.setKind(DocumentKind::Head);
   if (tabHtml == kPage) {
     tabHtml = kEditor;
-    tabHtml_Click(kPage);
+    turn(kPage);
   }
   parts_.screen.refresh(Shown::Tabs);
   auto& surface = pages.surface();
   surface.newDocument();
   waitForSurface();
-  const auto head = settings::StoredSettings(parts_.project.db()).value("KopfHTML");
-  surface.setBodyInnerHtml(head ? *head : base::format("<div align=center> {} </div>", parts_.project.fields().tbtitel));
+  surface.setBodyInnerHtml(stored ? *stored : base::format("<div align=center> {} </div>", parts_.project.fields().tbtitel));
   farbenaktualisieren_();
   // The source tab must not carry the page's text into the head.
   pages.fields.tbhtml = surface.bodyInnerHtml();
@@ -115,12 +122,14 @@ void EditorTabs::showHead()
 void EditorTabs::backToTree()
 {
   auto& pages = parts_.pages;
-  TabTree = kTree;
-  pages.setKind(DocumentKind::Page);
-  parts_.screen.refresh(Shown::Tabs);
-  pages.surface().newDocument();
-  if (const std::string key = pages.LastActivePage(); !key.empty())
+  if (const std::string key = pages.LastActivePage(); !key.empty()) {
     pages.LoadPage(key);
+  } else {
+    pages.setKind(DocumentKind::Page);
+    pages.surface().newDocument();
+  }
+  TabTree = kTree;
+  parts_.screen.refresh(Shown::Tabs);
 }
 
 bool EditorTabs::showTree()

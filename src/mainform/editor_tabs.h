@@ -42,9 +42,11 @@ public:
   void showKind();
 
 private:
+  void turn(int PreviousTab);
   void leaveEditor();
   void backToTree();
   void waitForSurface();
+  messages::Language& language() { return parts_.project.program().language; }
 
   const Parts parts_;
   const std::function<void()> farbenaktualisieren_;

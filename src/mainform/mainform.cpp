@@ -45,7 +45,10 @@ ProjectHooks Mainform::projectHooks()
             pages_.loadLastActivePage();
             projectOpened_ = true;
           },
-          [this] { pages_.changed(); },
+          [this] {
+            if (pages_.document.kind != DocumentKind::File)
+              pages_.changed();
+          },
           [this] {
             ended_ = true;
             seams_.screen.unload();
@@ -258,14 +261,18 @@ void Mainform::HelpSub1_Click(int Index)
 
 void Mainform::eng_Click()
 {
-  program_.language.eng_Click(seams_.screen);
-  showStates();
+  command("eng_Click", [&] {
+    program_.language.eng_Click(seams_.screen);
+    showStates();
+  });
 }
 
 void Mainform::GER_Click()
 {
-  program_.language.GER_Click(seams_.screen);
-  showStates();
+  command("GER_Click", [&] {
+    program_.language.GER_Click(seams_.screen);
+    showStates();
+  });
 }
 
 void Mainform::Toolbar2_ButtonClick(std::string_view Key)
@@ -328,8 +335,11 @@ void Mainform::seitenvorschau()
   }
   generator::frmHTMLExport dialog(exportEnvironment());
   dialog.selection.Lblseitenvorschauid = id;
-  if (dialog.Form_Load(project_.DbName()))
-    dialog.cbHTML_Click();
+  // Events run while the page is generated, and no second run may begin then.
+  pages_.whileBusy([&] {
+    if (dialog.Form_Load(project_.DbName()))
+      dialog.cbHTML_Click();
+  });
 }
 
 generator::ExportEnvironment Mainform::exportEnvironment()

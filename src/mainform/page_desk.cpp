@@ -144,9 +144,27 @@ void PageDesk::LoadPage(std::string_view key, std::string_view Schluessel)
   if (!open_)
     return;
   const Work work(*this);
-  setKind(DocumentKind::Page);
-  open_->store.LoadPage(key, Schluessel);
+  turnToPage([&] { open_->store.LoadPage(key, Schluessel); });
   parts_.screen.refresh(Shown::Page);
+}
+
+void PageDesk::turnToPage(const std::function<void()>& load)
+{
+  const EditedDocument before = document;
+  setKind(DocumentKind::Page);
+  try {
+    load();
+  } catch (...) {
+    setKind(before.kind);
+    document.isDirty = before.isDirty;
+    throw;
+  }
+}
+
+void PageDesk::whileBusy(const std::function<void()>& work)
+{
+  const Work busy(*this);
+  work();
 }
 
 bool PageDesk::newPage()
@@ -157,8 +175,8 @@ bool PageDesk::newPage()
   const bool isLeft = document.kind == DocumentKind::File ? leave() : SavePage();
   if (!isLeft)
     return false;
-  setKind(DocumentKind::Page);
-  const bool made = open_->store.AddNewPage();
+  bool made = false;
+  turnToPage([&] { made = open_->store.AddNewPage(); });
   if (made)
     changed();
   parts_.screen.refresh(Shown::Page);

@@ -73,6 +73,8 @@ public:
   void giveUp();
   /// A page is being loaded, saved or made: commands have to wait, for events run meanwhile.
   bool isBusy() const { return busy_ > 0; }
+  /// Runs what commands have to wait for.
+  void whileBusy(const std::function<void()>& work);
 
   /// Saves the page, or the head while that is edited; a file outside the project is none of it. False when the message of a
   /// failure or a refusal has been shown: the page is then still in the editor, and still dirty.
@@ -109,6 +111,8 @@ private:
   class Work;
 
   std::string keyToSave() const;
+  /// Puts a page into the editor. Where that fails, what the editor holds is still what it was.
+  void turnToPage(const std::function<void()>& load);
   messages::Language& language() { return parts_.project.program().language; }
 
   const Parts parts_;

@@ -1,5 +1,6 @@
 #include "pagetree/tree_view.h"
 
+#include "base/stored_text.h"
 #include "base/text.h"
 #include "frame/failures/failures.h"
 #include "frame/settings/stored_settings.h"
@@ -23,10 +24,11 @@ public:
   explicit Rows(dao::Database& db)
   {
     auto pages = db.openSnapshot("SELECT id, Überschrift, [seitentyp-id], expanded FROM Seite ORDER BY ID");
+    const std::size_t id = pages.column("id"), heading = pages.column("Überschrift"), type = pages.column("seitentyp-id"),
+                      expanded = pages.column("expanded");
     for (; !pages.eof(); pages.moveNext()) {
-      const auto type = pages.value("seitentyp-id");
-      rows_.push_back({pages.value("id").text(), base::trim(pages.value("Überschrift").text()),
-                       type.isNull() ? kNormalPage : static_cast<int>(type.integer()), pages.value("expanded").yes()});
+      const int image = pages.isNull(type) ? kNormalPage : base::wholeNumber(pages.text(type));
+      rows_.push_back({std::string(pages.text(id)), base::trim(pages.text(heading)), image, base::yesNo(pages.text(expanded))});
     }
     std::ranges::stable_sort(rows_, {}, &Row::id);
   }

@@ -32,6 +32,7 @@ public:
   virtual void setCurrentTab(std::string_view control, int page) = 0;
   /// Texts of the tab control's current page.
   virtual void setCurrentTabTexts(std::string_view control, const ControlTexts& texts) = 0;
+  /// The language menu is asked for by the code of the language: the case of the name does not count.
   virtual void setMenuChecked(std::string_view menu, bool checked) = 0;
 
   /// Texts of any page of a tab control; the current page stays.
