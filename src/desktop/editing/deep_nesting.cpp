@@ -1,7 +1,7 @@
 #include "desktop/editing/deep_nesting.h"
 
 #include "base/text.h"
-#include "platform/html/document.h"
+#include "platform/html/flatten.h"
 
 #include <algorithm>
 #include <array>
@@ -53,7 +53,7 @@ std::string withBoundedDepth(std::string_view html)
 {
   if (mostOpenElements(html) <= kMaxOpenElements)
     return std::string(html);
-  return html::Document::fromText(html).body().innerHtml();
+  return html::flattenTags(html, html::Flattening::Balanced);
 }
 
 } // namespace mrd::desktop
