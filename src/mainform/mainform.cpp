@@ -375,6 +375,7 @@ void Mainform::menu_Click(std::string_view name, std::optional<int> index)
       Entry{"NewProject", [](Mainform& window, int) { window.NewProject_Click(); }},
       Entry{"OpenProject", [](Mainform& window, int) { window.OpenProject_Click(); }},
       Entry{"FileExit", [](Mainform& window, int) { window.FileExit_Click(); }},
+      Entry{"editsub", [](Mainform& window, int entry) { window.tools_.editsub_Click(entry); }},
       Entry{"ViewSub", [](Mainform& window, int entry) { window.tools_.ViewSub_Click(entry); }},
       Entry{"SeiteSub", [](Mainform& window, int entry) { window.SeiteSub_Click(entry); }},
       Entry{"NetSub", [](Mainform& window, int entry) { window.NetSub_Click(entry); }},

@@ -26,7 +26,7 @@ constexpr std::array kMenuEntries{
     MenuEntry{"Edit", "editsub", 5, "Paste", false},
     MenuEntry{"Edit", "editsub", 6, "Select All", false},
     MenuEntry{"Edit", "editsub", 7, kSeparator, false},
-    MenuEntry{"Edit", "editsub", 8, "Find Text", false},
+    MenuEntry{"Edit", "editsub", 8, "Find Text"},
     MenuEntry{"Edit", "editsub", 9, kSeparator, false},
     MenuEntry{"Edit", "editsub", 10, "Snap To Grid", false},
     MenuEntry{"Edit", "editsub", 11, "Replace", false},

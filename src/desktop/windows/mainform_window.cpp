@@ -1,5 +1,6 @@
 #include "desktop/windows/mainform_window.h"
 
+#include "base/product.h"
 #include "desktop/looks/icons.h"
 #include "desktop/seams/shown_text.h"
 #include "desktop/windows/pictures.h"
@@ -38,6 +39,7 @@ MainformWindow::MainformWindow(mainform::Program& program, QtUi& userInterface, 
       program, mainform::Mainform::Seams{screen_, dialogs_, *ui_->DHTMLEdit1, tree_, shell_, userSettings_});
   fields_ = std::make_unique<MainformFields>(*ui_, *form_, screen_.controls(), *this);
   connectMenus();
+  connectPrompts();
   connectToolbars();
   connectTree();
   connectTabs();
@@ -81,6 +83,18 @@ void MainformWindow::connectMenus()
     action->setEnabled(entry.works);
     connect(action, &QAction::triggered, this, [this, name = entry.name, index = entry.index] { form_->menu_Click(name, index); });
   }
+}
+
+void MainformWindow::connectPrompts()
+{
+  ui::SurfacePrompts prompts;
+  prompts.searchText = [this](std::string_view present) {
+    const QString question = ui_->editsub_8->text().remove('&').remove('.') + ':';
+    const auto text = userInterface_.inputBox(question.toStdString(), base::kProductName, present.empty() ? searched_ : present);
+    searched_ = text.value_or(searched_);
+    return text;
+  };
+  ui_->DHTMLEdit1->setPrompts(std::move(prompts));
 }
 
 void MainformWindow::connectToolbars()

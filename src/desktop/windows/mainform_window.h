@@ -42,6 +42,8 @@ protected:
 private:
   void addStatusPanels();
   void connectMenus();
+  /// What the editing surface asks the user.
+  void connectPrompts();
   void connectToolbars();
   void connectTree();
   void connectTabs();
@@ -64,6 +66,8 @@ private:
   FormDialogs dialogs_;
   std::unique_ptr<mainform::Mainform> form_;
   std::unique_ptr<MainformFields> fields_;
+  /// The text that was searched last.
+  std::string searched_;
   QTimer timer_;
   QLabel* panel1_ = nullptr;
   QLabel* panel2_ = nullptr;

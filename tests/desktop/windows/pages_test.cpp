@@ -50,8 +50,12 @@ struct Pages : testing::Test {
   }
   void type(const char* text)
   {
+    desk->window().activateWindow();
     desk->surface().setFocus();
-    QTest::keyClicks(desk->surface().findChild<QWebEngineView*>()->focusProxy(), text);
+    QWidget* const page = desk->surface().findChild<QWebEngineView*>()->focusProxy();
+    QTest::mouseClick(page, Qt::LeftButton, {}, QPoint(30, 60));
+    letPass(200);
+    QTest::keyClicks(page, text);
     letPass(200);
   }
   std::string html(std::string_view id) { return project.column(id, "html").text(); }
@@ -192,17 +196,22 @@ TEST_F(Pages, show_what_belongs_to_auctions_only_on_their_type)
   EXPECT_TRUE(frame.isVisible());
 }
 
-TEST_F(Pages, are_deleted_with_all_below_after_both_questions)
+TEST_F(Pages, are_deleted_after_a_question_that_names_what_goes_with_them)
 {
   desk->answers.buttons = {Button::Yes, Button::Yes};
   desk->tree().setFocus();
-
   QTest::keyClick(&desk->tree(), Qt::Key_Delete);
   desk->settle();
-
-  EXPECT_THAT(desk->answers.boxes, SizeIs(2));
   EXPECT_THAT(project.ids(), ElementsAre("00", "01", "02"));
   EXPECT_EQ(project.column("01", "Überschrift").text(), "Garten");
+  desk->clickNode("@02");
+
+  desk->action("seitelöschen").trigger();
+  desk->settle();
+
+  EXPECT_THAT(desk->answers.boxes, ElementsAre("Soll diese Seite mit allen ihren Unterseiten wirklich gelöscht werden?",
+                                               "Soll diese Seite wirklich gelöscht werden?"));
+  EXPECT_THAT(project.ids(), ElementsAre("00", "01"));
   EXPECT_EQ(desk->window().windowTitle(), "Mirandel: Start");
 }
 

@@ -112,7 +112,7 @@ TEST_F(Settings, colours_are_chosen_at_the_swatch)
   desk->find<ColourSwatch>("Labelfarbe_6").click();
   desk->settle();
 
-  EXPECT_EQ(desk->find<QLineEdit>("tbhintergrundaussen").text(), "0a5566");
+  EXPECT_EQ(desk->find<QLineEdit>("tbhintergrundaussen").text(), "0A5566");
   EXPECT_TRUE(desk->find<ColourSwatch>("Labelfarbe_6").isFramed());
   EXPECT_FALSE(desk->find<ColourSwatch>("Labelfarbe_1").isFramed());
   EXPECT_EQ(background("frmhintergrund"), QColor("#0a5566"));
