@@ -9,8 +9,8 @@
 
 namespace mrd::desktop {
 
-/// The tree of pages as a widget. It tells the mouse as the owner understands it: buttons and nodes under the cursor, by key. A drag
-/// stays inside the tree, so that it needs neither the system's clipboard nor another program.
+/// The tree of pages as a widget. It tells the mouse as the owner understands it: buttons and nodes under the cursor, by key. A
+/// drag stays inside the tree, so that it needs neither the system's clipboard nor another program.
 class PageTree : public QTreeWidget {
 public:
   /// Key of the node under the cursor; nothing outside of nodes.

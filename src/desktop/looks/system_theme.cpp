@@ -1,9 +1,10 @@
 #include "desktop/looks/system_theme.h"
 
+#include "desktop/looks/theme_listener.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusReply>
-#include <QDBusVariant>
 #include <QGuiApplication>
 
 #include <optional>
@@ -29,7 +30,10 @@ std::optional<Theme> themeOf(uint scheme)
   return scheme == kPrefersLight ? std::optional(Theme::Light) : std::nullopt;
 }
 
-Theme themeOfPalette() { return QGuiApplication::palette().window().color().lightness() < kHalfLight ? Theme::Dark : Theme::Light; }
+Theme themeOfPalette()
+{
+  return QGuiApplication::palette().window().color().lightness() < kHalfLight ? Theme::Dark : Theme::Light;
+}
 
 std::optional<Theme> askedTheme()
 {
@@ -48,27 +52,6 @@ std::optional<Theme> askedTheme()
   return themeOf(value.toUInt());
 }
 
-class ThemeListener : public QObject {
-  Q_OBJECT
-public:
-  ThemeListener(QObject& owner, std::function<void(Theme)> changed) : QObject(&owner), changed_(std::move(changed))
-  {
-    QDBusConnection::sessionBus().connect(kService, kPath, kInterface, "SettingChanged", this,
-                                          SLOT(settingChanged(QString, QString, QDBusVariant)));
-  }
-
-private slots:
-  void settingChanged(const QString& space, const QString& key, const QDBusVariant& value)
-  {
-    if (space != kAppearance || key != kColourScheme)
-      return;
-    changed_(themeOf(value.variant().toUInt()).value_or(Theme::Light));
-  }
-
-private:
-  std::function<void(Theme)> changed_;
-};
-
 } // namespace
 
 Theme systemTheme()
@@ -77,8 +60,18 @@ Theme systemTheme()
   return asked ? *asked : themeOfPalette();
 }
 
+ThemeListener::ThemeListener(QObject& owner, std::function<void(Theme)> changed) : QObject(&owner), changed_(std::move(changed))
+{
+  QDBusConnection::sessionBus().connect(kService, kPath, kInterface, "SettingChanged", this,
+                                        SLOT(settingChanged(QString, QString, QDBusVariant)));
+}
+
+void ThemeListener::settingChanged(const QString& space, const QString& key, const QDBusVariant& value)
+{
+  if (space == kAppearance && key == kColourScheme)
+    changed_(themeOf(value.variant().toUInt()).value_or(Theme::Light));
+}
+
 void onSystemThemeChange(QObject& owner, std::function<void(Theme)> changed) { new ThemeListener(owner, std::move(changed)); }
 
 } // namespace mrd::desktop
-
-#include "system_theme.moc"

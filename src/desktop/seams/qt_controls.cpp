@@ -45,7 +45,8 @@ void setCaption(QObject& object, const QString& caption)
 }
 
 /// The same three properties of what is no widget and what is one.
-template <class Object> void setStates(Object& object, const ui::ControlTexts& texts)
+template <class Object>
+void setStates(Object& object, const ui::ControlTexts& texts)
 {
   if (texts.toolTip)
     object.setToolTip(shown(*texts.toolTip));

@@ -15,8 +15,8 @@ class QWidget;
 
 namespace mrd::desktop {
 
-/// A window's controls by the names of their objects; an element of a control array is named by the array, "_" and its number. All
-/// controls are there when this is made.
+/// A window's controls by the names of their objects; an element of a control array is named by the array, "_" and its number.
+/// All controls are there when this is made.
 class QtControls : public ui::WindowControls {
 public:
   /// `name` is the window's name in the language tables.

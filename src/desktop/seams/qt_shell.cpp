@@ -18,9 +18,9 @@ struct Tool {
   const char* argument;
 };
 /// The desktops' own tools that describe the computer, the first one found counts.
-constexpr std::array kInformationTools{Tool{"kinfocenter", nullptr}, Tool{"gnome-control-center", "info-overview"},
-                                       Tool{"cinnamon-settings", "info"}, Tool{"mate-about", nullptr}, Tool{"hardinfo", nullptr},
-                                       Tool{"xfce4-about", nullptr}};
+constexpr std::array kInformationTools{Tool{"kinfocenter", nullptr},      Tool{"gnome-control-center", "info-overview"},
+                                       Tool{"cinnamon-settings", "info"}, Tool{"mate-about", nullptr},
+                                       Tool{"hardinfo", nullptr},         Tool{"xfce4-about", nullptr}};
 
 } // namespace
 

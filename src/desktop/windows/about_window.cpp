@@ -3,7 +3,7 @@
 #include "desktop/looks/icons.h"
 #include "desktop/seams/qt_controls.h"
 #include "desktop/seams/shown_text.h"
-#include "desktop/windows/ui_about_window.h"
+#include "desktop/windows/about_window.ui.h"
 
 namespace mrd::desktop {
 

@@ -2,8 +2,8 @@
 
 #include "base/product.h"
 #include "desktop/seams/shown_text.h"
+#include "desktop/windows/assistent_window.ui.h"
 #include "desktop/windows/pictures.h"
-#include "desktop/windows/ui_assistent_window.h"
 #include "platform/files/path.h"
 
 #include <QUrl>

@@ -2,7 +2,7 @@
 
 #include "desktop/seams/qt_controls.h"
 #include "desktop/seams/shown_text.h"
-#include "desktop/windows/ui_html_export_window.h"
+#include "desktop/windows/html_export_window.ui.h"
 
 namespace mrd::desktop {
 

@@ -3,7 +3,8 @@
 #include "base/text.h"
 #include "desktop/seams/qt_controls.h"
 #include "desktop/seams/shown_text.h"
-#include "desktop/windows/ui_mainform_window.h"
+#include "desktop/windows/mainform_window.ui.h"
+#include "frame/settings/fields.h"
 #include "mainform/site_colours.h"
 
 #include <QCompleter>
@@ -81,7 +82,8 @@ constexpr std::array kLists{
 constexpr std::array kPageTypes{&Window::opseitentyp_1, &Window::opseitentyp_2, &Window::opseitentyp_3, &Window::opseitentyp_4};
 constexpr int kAuctionPage = 4;
 
-constexpr std::array kHeadTypes{&Window::Opimmodekopf_0, &Window::Opimmodekopf_1, &Window::Opimmodekopf_2, &Window::Opimmodekopf_3};
+constexpr std::array kHeadTypes{&Window::Opimmodekopf_0, &Window::Opimmodekopf_1, &Window::Opimmodekopf_2,
+                                &Window::Opimmodekopf_3};
 
 /// Entries, choice and text of a list; a text that is no entry is shown all the same.
 void showList(QComboBox& widget, const ComboBox& box)
@@ -333,7 +335,8 @@ void MainformFields::showColours()
         colour(*like, use, shownColour);
   }
   for (const auto& field : mainform::colourFields())
-    dynamic_cast<ColourSwatch&>(controls_.object("Labelfarbe", field.index)).setFramed(field.index == form_.settings().framedSwatch);
+    dynamic_cast<ColourSwatch&>(controls_.object("Labelfarbe", field.index))
+        .setFramed(field.index == form_.settings().framedSwatch);
   fitPreviews();
   showRadius();
 }

@@ -1,7 +1,8 @@
 #include "desktop/windows/mainform_screen.h"
 
+#include "desktop/editing/web_editing_surface.h"
 #include "desktop/windows/mainform_window.h"
-#include "desktop/windows/ui_mainform_window.h"
+#include "desktop/windows/mainform_window.ui.h"
 #include "platform/ui/twips.h"
 
 #include <QApplication>

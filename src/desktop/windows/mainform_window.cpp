@@ -3,8 +3,8 @@
 #include "base/product.h"
 #include "desktop/looks/icons.h"
 #include "desktop/seams/shown_text.h"
+#include "desktop/windows/mainform_window.ui.h"
 #include "desktop/windows/pictures.h"
-#include "desktop/windows/ui_mainform_window.h"
 #include "mainform/draft_keeper.h"
 #include "mainform/menu_table.h"
 #include "mainform/window_placement.h"
@@ -81,7 +81,8 @@ void MainformWindow::connectMenus()
     if (!action)
       continue;
     action->setEnabled(entry.works);
-    connect(action, &QAction::triggered, this, [this, name = entry.name, index = entry.index] { form_->menu_Click(name, index); });
+    connect(action, &QAction::triggered, this,
+            [this, name = entry.name, index = entry.index] { form_->menu_Click(name, index); });
   }
 }
 

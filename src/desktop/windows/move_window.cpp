@@ -2,7 +2,7 @@
 
 #include "desktop/seams/qt_controls.h"
 #include "desktop/seams/shown_text.h"
-#include "desktop/windows/ui_move_window.h"
+#include "desktop/windows/move_window.ui.h"
 
 #include <array>
 
@@ -19,8 +19,7 @@ FrmMoveWindow::FrmMoveWindow(pagetree::frmMove1& form, QWidget* parent)
   refresh();
   const std::array<QRadioButton*, 3> options{ui_->optMove_0, ui_->optMove_1, ui_->optMove_2};
   for (std::size_t i = 0; i < options.size(); ++i)
-    connect(options[i], &QRadioButton::clicked, this,
-            [this, i] { form_.optMove_Click(static_cast<pagetree::MoveOption>(i)); });
+    connect(options[i], &QRadioButton::clicked, this, [this, i] { form_.optMove_Click(static_cast<pagetree::MoveOption>(i)); });
   connect(ui_->btnMove, &QPushButton::clicked, this, [this] { form_.btnMove_Click(); });
   connect(ui_->btnCancel, &QPushButton::clicked, this, [this] { form_.btnCancel_Click(); });
 }

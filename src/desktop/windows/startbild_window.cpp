@@ -2,7 +2,7 @@
 
 #include "desktop/looks/icons.h"
 #include "desktop/seams/shown_text.h"
-#include "desktop/windows/ui_startbild_window.h"
+#include "desktop/windows/startbild_window.ui.h"
 
 #include <QGuiApplication>
 #include <QPainter>

@@ -32,8 +32,8 @@ protected:
     home.setIniValue("LastFile", "File1", project.file());
     home.setIniValue("Language", "Lang", GetParam());
     files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] : {std::pair{"Assistent", "nein"}, {"MainWidth", "17700"}, {"MainHeight", "12000"},
-                                     {"picSplitterLeft", "2400"}})
+    for (const auto& [key, value] :
+         {std::pair{"Assistent", "nein"}, {"MainWidth", "17700"}, {"MainHeight", "12000"}, {"picSplitterLeft", "2400"}})
       settings.setValue("Settings", key, value);
   }
 

@@ -1,6 +1,5 @@
 #include "desktop/windows/desk.h"
 
-
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>

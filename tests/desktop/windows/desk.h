@@ -1,5 +1,6 @@
 #pragma once
-// The program at its desk: a program directory and settings of its own, the main window on the screen, and a user who answers boxes.
+// The program at its desk: a program directory and settings of its own, the main window on the screen, and a user who answers
+// boxes.
 
 #include "desktop/editing/web_editing_surface.h"
 #include "desktop/seams/qt_ui.h"
@@ -66,7 +67,11 @@ public:
 
   MainformWindow& window() { return *window_; }
   mainform::Mainform& form() { return window_->form(); }
-  template <class Widget> Widget& find(const char* name) { return *window_->findChild<Widget*>(QString::fromUtf8(name)); }
+  template <class Widget>
+  Widget& find(const char* name)
+  {
+    return *window_->findChild<Widget*>(QString::fromUtf8(name));
+  }
   QAction& action(const char* name) { return find<QAction>(name); }
   WebEditingSurface& surface() { return find<WebEditingSurface>("DHTMLEdit1"); }
   PageTree& tree() { return find<PageTree>("TreeView1"); }

@@ -6,11 +6,11 @@
 #include "desktop/windows/startbild_window.h"
 
 #include <QAbstractButton>
-#include <QComboBox>
-#include <QMenu>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QMenu>
 #include <QTabWidget>
 
 #include <gtest/gtest.h>
@@ -25,10 +25,7 @@ struct Look {
   Theme theme;
 };
 
-std::string nameOf(const Look& look)
-{
-  return std::string(look.language) + (look.theme == Theme::Light ? "-light" : "-dark");
-}
+std::string nameOf(const Look& look) { return std::string(look.language) + (look.theme == Theme::Light ? "-light" : "-dark"); }
 
 void save(QWidget& window, const Look& look, const std::string& name)
 {
@@ -65,9 +62,14 @@ public:
     project_.setSetting("Titel", "Möwe & Meer");
     project_.setSetting("grundlayout", "Navigation linke Seite");
     project_.setSetting("blättern", "0");
-    for (const auto& [key, colour] : {std::pair{"Textfarbe", "203040"}, {"Menütextfarbe", "f0f4f8"}, {"Tabellenfarbe", "2b6777"},
-                                      {"Menüaktivfarbe", "ffd166"}, {"Hyperlink", "2b6777"}, {"Hintergrundfarbe", "ffffff"},
-                                      {"Hintergrundfarbeaussen", "e7eef0"}, {"Rahmeninaktivfarbe", "7aa5b0"}})
+    for (const auto& [key, colour] : {std::pair{"Textfarbe", "203040"},
+                                      {"Menütextfarbe", "f0f4f8"},
+                                      {"Tabellenfarbe", "2b6777"},
+                                      {"Menüaktivfarbe", "ffd166"},
+                                      {"Hyperlink", "2b6777"},
+                                      {"Hintergrundfarbe", "ffffff"},
+                                      {"Hintergrundfarbeaussen", "e7eef0"},
+                                      {"Rahmeninaktivfarbe", "7aa5b0"}})
       project_.setSetting(key, colour);
     project_.setSetting("rundeEcke", "1");
     project_.setSetting("LastActivePage", "01");
@@ -95,8 +97,12 @@ protected:
     home.setIniValue("LastFile", "File1", site.file());
     home.setIniValue("Language", "Lang", GetParam().language);
     files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, twips] : {std::pair{"MainLeft", "0"}, {"MainTop", "0"}, {"MainWidth", "17700"}, {"MainHeight", "12000"},
-                                     {"picSplitterLeft", "3600"}, {"Assistent", "nein"}})
+    for (const auto& [key, twips] : {std::pair{"MainLeft", "0"},
+                                     {"MainTop", "0"},
+                                     {"MainWidth", "17700"},
+                                     {"MainHeight", "12000"},
+                                     {"picSplitterLeft", "3600"},
+                                     {"Assistent", "nein"}})
       settings.setValue("Settings", key, twips);
   }
 
@@ -181,8 +187,8 @@ TEST_P(Pictures, of_menus_and_the_opening_picture)
 {
   Desk desk(home);
   ASSERT_TRUE(desk.start());
-  for (const auto* const name : {"File", "Edit", "View", "Seite", "pix", "net", "Insert1", "Format", "Table", "D2D", "Extras",
-                                 "Language", "Help1"}) {
+  for (const auto* const name :
+       {"File", "Edit", "View", "Seite", "pix", "net", "Insert1", "Format", "Table", "D2D", "Extras", "Language", "Help1"}) {
     auto& menu = desk.find<QMenu>(name);
     menu.popup(desk.window().mapToGlobal(QPoint(40, 60)));
     save(menu, GetParam(), std::string("menu-") + name);

@@ -178,8 +178,12 @@ struct Window : testing::Test {
   {
     home.setIniValue("LastFile", "File1", project.file());
     files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] : {std::pair{"Assistent", "nein"}, {"MainLeft", "150"}, {"MainTop", "75"}, {"MainWidth", "15000"},
-                                     {"MainHeight", "9000"}, {"picSplitterLeft", "4500"}})
+    for (const auto& [key, value] : {std::pair{"Assistent", "nein"},
+                                     {"MainLeft", "150"},
+                                     {"MainTop", "75"},
+                                     {"MainWidth", "15000"},
+                                     {"MainHeight", "9000"},
+                                     {"picSplitterLeft", "4500"}})
       settings.setValue("Settings", key, value);
   }
   support::TemporaryProject project{{"00", "Start"}, {"01", "Haus"}, {"0101", "Küche"}, {"02", "Garten"}};
