@@ -375,6 +375,30 @@
     return document.importNode(template.content, true);
   }
 
+  const kHeadings = "h1,h2,h3,h4,h5,h6";
+
+  /// The engine puts lists and quotations into paragraphs. Read again, they would end them, and leave empty ones behind.
+  function liftBlocks() {
+    const saved = saveSelection();
+    const within = closest(`p,${kHeadings}`) || parentElement();
+    const parents = [within, ...within.querySelectorAll(`p,${kHeadings}`)].filter(parent => parent.matches(`p,${kHeadings}`));
+    for (const parent of parents)
+      for (let block; (block = [...parent.children].find(child => child.matches("ul,ol,dir,menu,dl,blockquote,div,p")));)
+        liftOut(block, parent);
+    restoreSelection(saved);
+  }
+
+  function liftOut(block, parent) {
+    const rest = parent.cloneNode(false);
+    rest.removeAttribute("id");
+    while (block.nextSibling)
+      rest.append(block.nextSibling);
+    parent.after(block, rest);
+    for (const half of [parent, rest])
+      if (isEmpty(half))
+        half.remove();
+  }
+
   const isEmpty = element => element.textContent.trim() === "" && !element.querySelector("img,hr,input,table,object,br");
 
   /// Cuts the element in two at the cursor and moves the cursor between them.
@@ -409,9 +433,19 @@
     }
   }
 
+  /// The engine's own deletion joins blocks, and turns blanks that come to stand at an end into ones that do not break.
+  function makePlace() {
+    const range = rangeOfSelection();
+    const blockOf = node => (node.nodeType === Node.ELEMENT_NODE ? node : node.parentElement).closest(`${kBlocks},td,th,body`);
+    if (!selectedControl() && blockOf(range.startContainer) === blockOf(range.endContainer))
+      range.deleteContents();
+    else
+      deleteSelection();
+  }
+
   /// Puts a fragment in place of the selection, with the cursor behind it.
   function insertFragment(fragment) {
-    deleteSelection();
+    makePlace();
     const last = fragment.lastChild;
     if (!last)
       return;
@@ -881,7 +915,7 @@
     const present = closest(kLists);
     if (present)
       return rename(present, tag);
-    document.execCommand(tag === "ol" ? "insertOrderedList" : "insertUnorderedList");
+    runInEngine(tag === "ol" ? "insertOrderedList" : "insertUnorderedList");
     const made = closest(kLists);
     if (made && made.tagName.toLowerCase() !== tag)
       rename(made, tag);
@@ -916,7 +950,7 @@
       return true;
     }
     leaveList();
-    document.execCommand("formatBlock", false, tag);
+    runInEngine("formatBlock", tag);
     if (tag === "dt" || tag === "dd")
       wrapDefinitions();
     return true;
@@ -937,8 +971,14 @@
 
   const ofEngine = name => ({
     status: () => statusOf(name),
-    run: argument => edit(() => document.execCommand(name, false, argument)),
+    run: argument => edit(() => runInEngine(name, argument)),
   });
+
+  function runInEngine(name, argument) {
+    const done = document.execCommand(name, false, argument);
+    liftBlocks();
+    return done;
+  }
 
   const withArgument = (name, value) => ({
     status: () => statusIf(document.queryCommandEnabled(name)),

@@ -15,9 +15,9 @@ namespace {
 constexpr int kMaxOpenElements = 1000;
 
 /// Never open, or ended by the next of their kind: old pages leave out the end tags of thousands.
-constexpr std::array<std::string_view, 26> kNotCounted{"area",     "base",  "basefont", "br",    "col",   "dd",   "dt",     "embed", "frame",
-                                                       "hr",       "image", "img",      "input", "keygen", "li",  "link",   "meta",  "option",
-                                                       "optgroup", "p",     "param",    "tbody", "td",     "th",  "tr",     "wbr"};
+constexpr std::array<std::string_view, 26> kNotCounted{
+    "area",   "base", "basefont", "br",   "col",    "dd",       "dt", "embed", "frame", "hr", "image", "img", "input",
+    "keygen", "li",   "link",     "meta", "option", "optgroup", "p",  "param", "tbody", "td", "th",    "tr",  "wbr"};
 
 constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
 constexpr std::string_view kNameEnd = " \t\r\n\f/>";

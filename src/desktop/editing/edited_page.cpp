@@ -1,6 +1,5 @@
 #include "desktop/editing/edited_page.h"
 
-#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
 #include <QJsonDocument>
@@ -19,7 +18,8 @@ namespace {
 Q_LOGGING_CATEGORY(editing, "mirandel.editing")
 
 constexpr auto kWorld = QWebEngineScript::ApplicationWorld;
-constexpr int kAnswerMs = 4000;
+// Long, because what comes back is what is saved; other work may keep the machine busy.
+constexpr int kAnswerMs = 10000;
 constexpr int kAnswerOfStuckMs = 300;
 
 QString resourceText(const QString& path)
@@ -53,14 +53,11 @@ EditedPage::EditedPage(QWebEngineProfile& profile, ScriptNotes& notes, QObject* 
   installScript();
   connect(this, &QWebEnginePage::loadFinished, this, [this](bool succeeded) {
     if (succeeded)
-      onReady();
+      checkScript();
   });
   connect(this, &QWebEnginePage::renderProcessTerminated, this, [this](RenderProcessTerminationStatus status) {
-    if (status == NormalTerminationStatus)
-      return;
-    brokenDown_ = true;
-    // Not from within the engine's own handling of the end.
-    QTimer::singleShot(0, this, [this] { onBreakdown(); });
+    if (status != NormalTerminationStatus)
+      breakDown();
   });
 }
 
@@ -73,6 +70,25 @@ void EditedPage::installScript()
   script.setRunsOnSubFrames(false);
   script.setSourceCode(resourceText(":/qtwebchannel/qwebchannel.js") + resourceText(":/editor/editor.js"));
   scripts().insert(script);
+}
+
+/// A process that follows one which broke down may show the document and know nothing of the script.
+void EditedPage::checkScript()
+{
+  runJavaScript("typeof editor", kWorld, [this](const QVariant& type) {
+    // What has no type at all is the answer of a page that is being destroyed.
+    if (type.toString() == "object")
+      onReady();
+    else if (type.isValid() && !brokenDown_)
+      breakDown();
+  });
+}
+
+void EditedPage::breakDown()
+{
+  brokenDown_ = true;
+  // Not from within the engine's own handling of the end; and a copy, because the page may be destroyed by it.
+  QTimer::singleShot(0, this, [tellOwner = onBreakdown] { tellOwner(); });
 }
 
 void EditedPage::start(std::string_view directory)
@@ -105,13 +121,12 @@ std::optional<QVariant> EditedPage::ask(const QString& function, const QJsonArra
 void EditedPage::waitUntil(const std::function<bool()>& isOver, int milliseconds)
 {
   const QPointer<EditedPage> alive(this);
-  QElapsedTimer clock;
-  clock.start();
+  // It also wakes the loop, which sleeps while nothing happens.
   QTimer alarm;
   alarm.setSingleShot(true);
   alarm.start(milliseconds);
   QEventLoop loop;
-  while (alive && !isOver() && clock.elapsed() < milliseconds)
+  while (alive && !isOver() && alarm.isActive())
     loop.processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
 }
 

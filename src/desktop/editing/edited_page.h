@@ -43,13 +43,15 @@ public:
 
   /// Runs when the empty document is there and the script is ready; again after each start.
   std::function<void()> onReady;
-  /// Runs when the process that shows the page has ended by itself.
+  /// Runs when the process that shows the page has ended by itself, or is of no use. The page may be destroyed then.
   std::function<void()> onBreakdown;
 
   void start(std::string_view directory);
 
-  /// Calls a function of the script; the answer comes later, or never when the process ends.
-  void tell(const QString& function, const QJsonArray& arguments, Answer answer = [](const QVariant&) {});
+  /// Calls a function of the script; the answer comes later. It is invalid when the page is destroyed, and never comes when its
+  /// process ends.
+  void tell(
+      const QString& function, const QJsonArray& arguments, Answer answer = [](const QVariant&) {});
   /// Calls and waits; nothing when no answer comes in time. One who did not answer is not waited for as long again.
   std::optional<QVariant> ask(const QString& function, const QJsonArray& arguments);
   /// The page is busy with itself and does not answer.
@@ -65,6 +67,8 @@ protected:
 
 private:
   void installScript();
+  void checkScript();
+  void breakDown();
 
   QWebChannel channel_;
   bool brokenDown_ = false;

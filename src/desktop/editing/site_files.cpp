@@ -37,10 +37,7 @@ QUrl urlOf(std::string_view path)
   return url;
 }
 
-std::string pathOf(const QUrl& url)
-{
-  return files::pathFromReference("file://" + url.path(QUrl::FullyEncoded).toStdString());
-}
+std::string pathOf(const QUrl& url) { return files::pathFromReference("file://" + url.path(QUrl::FullyEncoded).toStdString()); }
 
 bool beginsAtRoot(std::string_view path) { return path.starts_with('\\') || (path.size() > 1 && path[1] == ':'); }
 

@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <QWebEngineView>
 
+#include <functional>
 #include <utility>
 
 namespace mrd::desktop {
@@ -28,7 +29,7 @@ constexpr int kDisplayDelayMs = 30;
 /// A page that takes longer to load is shown when it is ready; its owner need not wait for it.
 constexpr int kLoadMs = 15000;
 /// A page that ends its process so often in a row is not shown any more.
-constexpr int kMaxBreakdowns = 3;
+constexpr int kMaxBreakdowns = 5;
 constexpr int kHealthyMs = 10000;
 
 QString text(std::string_view utf8) { return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())); }
@@ -46,6 +47,10 @@ std::optional<std::string> optionalText(const std::optional<QVariant>& value)
 class WebEditingSurface::Document {
 public:
   explicit Document(QWidget& owner);
+  /// The page first: it gives its last answers to what is still whole.
+  ~Document() { page_.reset(); }
+  Document(const Document&) = delete;
+  Document& operator=(const Document&) = delete;
 
   void load(std::string_view html);
   void setBody(std::string_view html);
@@ -74,6 +79,7 @@ public:
 
 private:
   void connectNotes();
+  void later(std::function<void()> work);
   void openPage();
   void startLoading();
   void stopWaiting();
@@ -138,20 +144,27 @@ void WebEditingSurface::Document::openPage()
 
 void WebEditingSurface::Document::connectNotes()
 {
-  notes_.onChanged = [this](int version) { noticeChange(version); };
+  notes_.onChanged = [this](int version) { later([=, this] { noticeChange(version); }); };
   notes_.onDisplay = [this] {
     if (!displayTimer_.isActive())
       displayTimer_.start(kDisplayDelayMs);
   };
   notes_.onPastePicture = [this] {
-    if (const auto picture = clipboardContent().picture)
-      pastePicture(*picture);
+    later([this] {
+      if (const auto picture = clipboardContent().picture)
+        pastePicture(*picture);
+    });
   };
   notes_.onContextMenu = [this](int x, int y, const QVariantMap& state) {
-    display = state;
-    events.showContextMenu(x, y);
+    later([=, this] {
+      display = state;
+      events.showContextMenu(x, y);
+    });
   };
 }
+
+/// While the engine hands over a note or an answer, it gives no other answer. What may ask again runs after it.
+void WebEditingSurface::Document::later(std::function<void()> work) { QTimer::singleShot(0, &view, std::move(work)); }
 
 // --- loading
 
@@ -230,10 +243,12 @@ void WebEditingSurface::Document::takeLoaded(const QVariant& answer)
   loadTimer_.stop();
   const bool wasBusy = std::exchange(busy, false);
   const bool restored = std::exchange(restoring_, false);
-  if (wasBusy)
-    events.documentComplete();
-  if (restored)
-    events.restored();
+  later([=, this] {
+    if (wasBusy)
+      events.documentComplete();
+    if (restored)
+      events.restored();
+  });
 }
 
 bool WebEditingSurface::Document::waitUntilLoaded()
@@ -283,8 +298,10 @@ void WebEditingSurface::Document::fetchBody()
 {
   if (ready_ && !busy)
     page_->tell("read", {version_}, [this, load = loads_](const QVariant& answer) {
-      if (load == loads_)
-        takeBody(answer);
+      later([=, this] {
+        if (load == loads_)
+          takeBody(answer);
+      });
     });
 }
 
@@ -311,7 +328,7 @@ void WebEditingSurface::Document::onBreakdown()
   ++loads_;
   startLoading();
   if (breakdowns_ <= kMaxBreakdowns)
-    page_->start(directory_);
+    openPage();
 }
 
 // --- commands
@@ -325,8 +342,12 @@ void WebEditingSurface::Document::fetchDisplay()
 {
   if (ready_ && !busy)
     page_->tell("display", {}, [this](const QVariant& answer) {
-      display = answer.toMap();
-      events.displayChanged();
+      if (!answer.isValid())
+        return;
+      later([=, this] {
+        display = answer.toMap();
+        events.displayChanged();
+      });
     });
 }
 

@@ -8,8 +8,8 @@
 
 namespace mrd::desktop {
 
-/// The editing surface on the web engine. The document lives in a process of its own; the surface keeps a copy of its text that is
-/// never older than a moment, and comes back with it when that process ends.
+/// The editing surface on the web engine. The document lives in a process of its own; the surface keeps a copy of its text that
+/// is never older than a moment, and comes back with it when that process ends.
 class WebEditingSurface : public QWidget, public ui::EditingSurface {
 public:
   /// To be called before the application object is made.

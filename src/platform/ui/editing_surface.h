@@ -21,7 +21,8 @@ struct SurfaceEvents {
   /// A picture was pasted: keeps its bytes, and answers with the reference under which the page shows it, or nothing to refuse.
   std::function<std::optional<std::string>(std::string_view bytes, std::string_view mimeType)> storePicture =
       [](std::string_view, std::string_view) { return std::nullopt; };
-  /// The surface had broken down and shows the document again as it last knew it; the selection and what could be undone are lost.
+  /// The surface had broken down and shows the document again as it last knew it; the selection and what could be undone are
+  /// lost.
   std::function<void()> restored = [] {};
 };
 

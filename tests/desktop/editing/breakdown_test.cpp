@@ -3,11 +3,19 @@
 #include <gmock/gmock.h>
 
 #include <csignal>
+#include <stdexcept>
 
 namespace mrd::desktop {
 namespace {
 
-void killProcessOf(const ShownSurface& surface) { ::kill(static_cast<pid_t>(surface.page().renderProcessPid()), SIGKILL); }
+pid_t processOf(const ShownSurface& surface)
+{
+  const auto process = static_cast<pid_t>(surface.page().renderProcessPid());
+  // No process is 0, which would name all of ours.
+  return process > 0 ? process : throw std::runtime_error("the page has no process");
+}
+
+void killProcessOf(const ShownSurface& surface) { ::kill(processOf(surface), SIGKILL); }
 
 bool isRestored(const ShownSurface& surface, int times = 1)
 {
@@ -96,8 +104,8 @@ TEST(Breakdown, while_a_page_is_read_answers_with_the_copy)
   ShownSurface surface;
   surface.load("<p id=\"ueberschrift\">Text</p>");
 
-  ::kill(static_cast<pid_t>(surface.page().renderProcessPid()), SIGSTOP);
-  const auto process = static_cast<pid_t>(surface.page().renderProcessPid());
+  const auto process = processOf(surface);
+  ::kill(process, SIGSTOP);
   const std::string read = surface.bodyInnerHtml();
   const auto heading = surface.textOfElement("ueberschrift");
   ::kill(process, SIGKILL);
@@ -111,7 +119,7 @@ TEST(Breakdown, again_and_again_ends_in_a_surface_that_keeps_the_text)
 {
   ShownSurface surface;
   surface.load("<p>Text</p>");
-  for (int times = 1; times <= 3; ++times) {
+  for (int times = 1; times <= 5; ++times) {
     killProcessOf(surface);
     ASSERT_TRUE(isRestored(surface, times));
   }

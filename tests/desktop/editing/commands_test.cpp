@@ -44,18 +44,35 @@ TEST_P(TextCommands, change_the_selected_text_and_tell_so)
 
 INSTANTIATE_TEST_SUITE_P(
     Each, TextCommands,
-    testing::Values(TextCommand{kBold, "", "<p><b>Text</b></p>", true}, TextCommand{kItalic, "", "<p><i>Text</i></p>", true},
-                    TextCommand{kUnderline, "", "<p><u>Text</u></p>", true},
-                    TextCommand{kNumbers, "", "<ol><li>Text</li></ol>", true}, TextCommand{kBullets, "", "<ul><li>Text</li></ul>", true},
-                    TextCommand{kCentre, "", "<p style=\"text-align: center;\">Text</p>", true},
-                    TextCommand{kRight, "", "<p style=\"text-align: right;\">Text</p>", true},
-                    TextCommand{kSetForeColour, "#ff0000", "<p><font color=\"#ff0000\">Text</font></p>", false},
-                    TextCommand{kSetFontName, "Arial", "<p><font face=\"Arial\">Text</font></p>", false},
-                    TextCommand{kSetFontSize, "5", "<p><font size=\"5\">Text</font></p>", false},
-                    TextCommand{kSetBackColour, "#ffff00", "<p><span style=\"background-color: rgb(255, 255, 0);\">Text</span></p>", false},
-                    TextCommand{kHyperlink, "seite.htm", "<p><a href=\"seite.htm\">Text</a></p>", false},
-                    TextCommand{kSetBlockFormat, "Heading 2", "<h2>Text</h2>", false},
-                    TextCommand{kDelete, "", "<p><br></p>", false}));
+    testing::Values(
+        TextCommand{kBold, "", "<p><b>Text</b></p>", true}, TextCommand{kItalic, "", "<p><i>Text</i></p>", true},
+        TextCommand{kUnderline, "", "<p><u>Text</u></p>", true}, TextCommand{kNumbers, "", "<ol><li>Text</li></ol>", true},
+        TextCommand{kBullets, "", "<ul><li>Text</li></ul>", true},
+        TextCommand{kCentre, "", "<p style=\"text-align: center; \">Text</p>", true},
+        TextCommand{kRight, "", "<p style=\"text-align: right; \">Text</p>", true},
+        TextCommand{kSetForeColour, "#ff0000", "<p><font color=\"#ff0000\">Text</font></p>", false},
+        TextCommand{kSetFontName, "Arial", "<p><font face=\"Arial\">Text</font></p>", false},
+        TextCommand{kSetFontSize, "5", "<p><font size=\"5\">Text</font></p>", false},
+        TextCommand{kSetBackColour, "#ffff00", "<p><span style=\"background-color: rgb(255, 255, 0);\">Text</span></p>", false},
+        TextCommand{kHyperlink, "seite.htm", "<p><a href=\"seite.htm\">Text</a></p>", false},
+        TextCommand{kSetBlockFormat, "Heading 2", "<h2>Text</h2>", false}, TextCommand{kDelete, "", "<p><br></p>", false}));
+
+TEST(Lists, made_of_a_part_of_a_paragraph_come_back_the_same)
+{
+  ShownSurface surface;
+  for (const char* const page :
+       {"<p>eins<br>zwei<br>drei</p>", "<h2>eins<br>zwei</h2>", "eins<br>zwei", "<p>eins</p><p>zwei</p>"}) {
+    for (const int command : {kNumbers, kBullets, kIndent}) {
+      surface.load(page);
+      surface.execCommand(kSelectAll);
+      surface.execCommand(command);
+      const std::string html = surface.bodyInnerHtml();
+
+      EXPECT_THAT(html, HasSubstr("zwei"));
+      EXPECT_EQ(surface.reloaded(), html) << page << command;
+    }
+  }
+}
 
 TEST(LeftAlignment, is_latched_where_text_stands_left_and_takes_back_another)
 {
@@ -217,8 +234,9 @@ TEST(BlockFormats, have_sixteen_names_in_either_language)
   ShownSurface surface;
 
   EXPECT_THAT(surface.blockFormatNames(),
-              ElementsAre("Normal", "Formatted", "Address", "Heading 1", "Heading 2", "Heading 3", "Heading 4", "Heading 5", "Heading 6",
-                          "Numbered List", "Bulleted List", "Directory List", "Menu List", "Definition Term", "Definition", "Paragraph"));
+              ElementsAre("Normal", "Formatted", "Address", "Heading 1", "Heading 2", "Heading 3", "Heading 4", "Heading 5",
+                          "Heading 6", "Numbered List", "Bulleted List", "Directory List", "Menu List", "Definition Term",
+                          "Definition", "Paragraph"));
   surface.setLanguage("GER");
   EXPECT_EQ(surface.blockFormatNames().size(), 16U);
   EXPECT_EQ(surface.blockFormatNames()[3], "Überschrift 1");

@@ -158,10 +158,10 @@ TEST_P(NestedTags, neither_hang_the_surface_nor_break_it_down)
 }
 
 INSTANTIATE_TEST_SUITE_P(AMegabyteOf, NestedTags,
-                         testing::Values("<div>", "<b>", "<font color=red>", "<table>", "<table><tr><td>", "<ul><li>", "<blockquote>",
-                                         "<span>", "<a>", "<form>", "<p>", "<svg>", "<dl><dd>", "<center>", "<select>", "<i><b><u>",
-                                         "<marquee>", "<fieldset>", "<b><p>", "<br>", "<td>", "<neu>", "<!-- ", "<template>", "x ",
-                                         "<div></div>", "<img src=x>", "<a href=x>y</a>"));
+                         testing::Values("<div>", "<b>", "<font color=red>", "<table>", "<table><tr><td>", "<ul><li>",
+                                         "<blockquote>", "<span>", "<a>", "<form>", "<p>", "<svg>", "<dl><dd>", "<center>",
+                                         "<select>", "<i><b><u>", "<marquee>", "<fieldset>", "<b><p>", "<br>", "<td>", "<neu>",
+                                         "<!-- ", "<template>", "x ", "<div></div>", "<img src=x>", "<a href=x>y</a>"));
 
 TEST(ALoadThatTakesTooLong, is_waited_for_no_more_and_gives_way_to_the_next_one)
 {
@@ -235,7 +235,8 @@ TEST(Loading, of_pictures_and_styles_is_no_change)
 {
   ShownSurface surface;
 
-  surface.load("<img src=x.jpg><img src=\"data:image/gif;base64,R0lGODlhAQABAAAAACw=\"><marquee>x</marquee><details open>y</details>");
+  surface.load(
+      "<img src=x.jpg><img src=\"data:image/gif;base64,R0lGODlhAQABAAAAACw=\"><marquee>x</marquee><details open>y</details>");
   surface.setDocumentColours("#ff0000", "#00ff00");
   surface.setStyleRules("p { color: blue }");
   surface.setShowBorders(true);

@@ -26,7 +26,8 @@ void putIntoClipboard(const QString& html, const QString& text)
 }
 
 /// What an office program puts into the clipboard for a heading, a paragraph with bold text, a list of two levels and a table.
-constexpr auto kOfficeDocument = R"(<html xmlns:v="urn:schemas-microsoft-com:vml" xmlns:o="urn:schemas-microsoft-com:office:office">
+constexpr auto kOfficeDocument =
+    R"(<html xmlns:v="urn:schemas-microsoft-com:vml" xmlns:o="urn:schemas-microsoft-com:office:office">
 <head><meta name=Generator content="Word 11"><link rel=File-List href="file:///C:/x/filelist.xml">
 <!--[if gte mso 9]><xml><o:OfficeDocumentSettings/></xml><![endif]-->
 <style><!-- p.MsoNormal {mso-style-parent:""; font-size:12.0pt;} --></style></head>
@@ -58,8 +59,8 @@ TEST(PastedOfficeDocument, leaves_its_rubbish_behind)
   EXPECT_TRUE(surface.execCommand(kPaste));
 
   const std::string html = surface.bodyInnerHtml();
-  for (const char* const rubbish : {"mso", "Mso", "<o:", "o:p", "<style", "<meta", "<link", "<!--", "lang=", "Times", "font-size", "xmlns",
-                                    "clip_image", "_Toc", "<span></span>", "StartFragment", "windowtext"})
+  for (const char* const rubbish : {"mso", "Mso", "<o:", "o:p", "<style", "<meta", "<link", "<!--", "lang=", "Times", "font-size",
+                                    "xmlns", "clip_image", "_Toc", "<span></span>", "StartFragment", "windowtext"})
     EXPECT_THAT(html, Not(HasSubstr(rubbish)));
 }
 
@@ -74,7 +75,9 @@ TEST(PastedOfficeDocument, keeps_what_the_author_meant)
 
   const std::string html = surface.bodyInnerHtml();
   EXPECT_THAT(html, HasSubstr("<h1>Das Haus</h1>"));
-  EXPECT_THAT(html, HasSubstr("<p style=\"text-align: center\">Es steht <b>am Meer</b> und ist <span style=\"color: red\">rot</span>.</p>"));
+  EXPECT_THAT(
+      html,
+      HasSubstr("<p style=\"text-align: center\">Es steht <b>am Meer</b> und ist <span style=\"color: red\">rot</span>.</p>"));
   EXPECT_THAT(html, HasSubstr("<ul><li>eins<ol><li>zwei</li></ol></li><li>drei</li></ul>"));
   EXPECT_THAT(html, HasSubstr("<td width=\"307\" valign=\"top\" style=\"width: 230.3pt\"><p>Zelle</p></td>"));
   EXPECT_THAT(html, HasSubstr("<a href=\"http://www.beispiel.de/\">Verweis</a>"));
@@ -102,7 +105,9 @@ TEST(PastedHtml, from_elsewhere_brings_no_scripts)
   ShownSurface surface;
   surface.load("<p>Text</p>");
   surface.placeCursor("p", 4);
-  putIntoClipboard("<b onclick=\"f()\">x</b><script>g()</script><iframe src=\"http://a\"></iframe><img src=\"http://127.0.0.1:1/x.jpg\" onerror=\"h()\">", "x");
+  putIntoClipboard("<b onclick=\"f()\">x</b><script>g()</script><iframe src=\"http://a\"></iframe><img "
+                   "src=\"http://127.0.0.1:1/x.jpg\" onerror=\"h()\">",
+                   "x");
 
   surface.execCommand(kPaste);
 

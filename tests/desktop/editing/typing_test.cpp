@@ -72,7 +72,8 @@ TEST(Typing, of_a_line_end_begins_a_paragraph)
 TEST(Typing, leaves_the_rest_of_the_page_byte_for_byte)
 {
   ShownSurface surface;
-  const std::string rest = "<img src=\"file://\\home\\web\\pix/x.jpg\" onload=\"f()\"><!-- x --><neu a=\"\"></neu>\r\n<pre>\r\n\r\nx</pre>";
+  const std::string rest =
+      "<img src=\"file://\\home\\web\\pix/x.jpg\" onload=\"f()\"><!-- x --><neu a=\"\"></neu>\r\n<pre>\r\n\r\nx</pre>";
   surface.load("<p>Text</p>" + rest);
   surface.placeCursor("p", 4);
 
@@ -129,14 +130,14 @@ TEST(Undo, takes_back_commands_and_typing_in_their_order)
   surface.setBodyInnerHtml("<p>ganz anders</p>");
 
   std::vector<std::string> texts;
-  for (int i = 0; i < 7; ++i) {
+  for (int i = 0; i < 8; ++i) {
     texts.push_back(surface.bodyInnerHtml());
     EXPECT_TRUE(surface.execCommand(kUndo)) << i;
   }
 
   EXPECT_EQ(surface.bodyInnerHtml(), "<p>Text</p>");
   EXPECT_FALSE(surface.execCommand(kUndo));
-  for (int i = 6; i >= 0; --i) {
+  for (int i = 7; i >= 0; --i) {
     EXPECT_TRUE(surface.execCommand(kRedo));
     EXPECT_EQ(surface.bodyInnerHtml(), texts[static_cast<std::size_t>(i)]);
   }

@@ -27,7 +27,10 @@ struct CountingServer {
       }
     });
   }
-  std::string url(std::string_view path) const { return "http://127.0.0.1:" + std::to_string(server.serverPort()) + std::string(path); }
+  std::string url(std::string_view path) const
+  {
+    return "http://127.0.0.1:" + std::to_string(server.serverPort()) + std::string(path);
+  }
 
   QTcpServer server;
   int connections = 0;
@@ -66,7 +69,8 @@ TEST(ScriptsOfThePage, never_run)
                "<details open ontoggle=\"document.title = 'j'\">y</details>"
                "<input autofocus onfocus=\"document.title = 'k'\"><marquee onstart=\"document.title = 'l'\">z</marquee>"
                "<video src=x onerror=\"document.title = 'm'\"></video><object data=\"javascript:document.title = 'n'\"></object>"
-               "<style onload=\"document.title = 'o'\">p {}</style><p style=\"animation: x 1ms\" onanimationend=\"document.title = 'p'\">p</p>");
+               "<style onload=\"document.title = 'o'\">p {}</style><p style=\"animation: x 1ms\" onanimationend=\"document.title "
+               "= 'p'\">p</p>");
   surface.inDocument("document.getElementById('link').click()");
   surface.inDocument("document.querySelector('input').focus()");
   letPass(500);
@@ -77,7 +81,8 @@ TEST(ScriptsOfThePage, never_run)
 TEST(ScriptsOfThePage, never_run_in_a_whole_document_nor_when_they_are_set_or_pasted_or_undone)
 {
   ShownSurface surface;
-  surface.load("<html><head><script>document.title = 'a'</script></head><body onload=\"document.title = 'b'\" onfocus=\"document.title = 'c'\">"
+  surface.load("<html><head><script>document.title = 'a'</script></head><body onload=\"document.title = 'b'\" "
+               "onfocus=\"document.title = 'c'\">"
                "<script>document.title = 'd'</script></body></html>");
   const std::string harmful = "<p>x</p><script>document.title = 'e'</script><img src=x onerror=\"document.title = 'f'\">";
 
@@ -128,13 +133,14 @@ TEST(TheNetwork, is_not_reached_by_a_page_without_pictures_on_it)
   CountingServer server;
   ShownSurface surface;
 
-  surface.load("<link rel=\"stylesheet\" href=\"" + server.url("/a.css") + "\"><link rel=\"preconnect\" href=\"" + server.url("/") +
-               "\"><link rel=\"prefetch\" href=\"" + server.url("/b") + "\"><link rel=\"icon\" href=\"" + server.url("/i.ico") +
-               "\"><link rel=\"preload\" as=\"fetch\" href=\"" + server.url("/p") + "\"><script src=\"" + server.url("/c.js") +
-               "\"></script><iframe src=\"" + server.url("/d.htm") + "\"></iframe><video src=\"" + server.url("/e.mp4") +
-               "\" autoplay></video><audio src=\"" + server.url("/f.mp3") + "\" preload=auto></audio><object data=\"" + server.url("/g.swf") +
-               "\"></object><embed src=\"" + server.url("/h") + "\"><style>@import url(" + server.url("/i.css") +
-               "); @font-face { font-family: x; src: url(" + server.url("/j.woff") + ") } p { font-family: x }</style><p>Text</p>");
+  surface.load("<link rel=\"stylesheet\" href=\"" + server.url("/a.css") + "\"><link rel=\"preconnect\" href=\"" +
+               server.url("/") + "\"><link rel=\"prefetch\" href=\"" + server.url("/b") + "\"><link rel=\"icon\" href=\"" +
+               server.url("/i.ico") + "\"><link rel=\"preload\" as=\"fetch\" href=\"" + server.url("/p") + "\"><script src=\"" +
+               server.url("/c.js") + "\"></script><iframe src=\"" + server.url("/d.htm") + "\"></iframe><video src=\"" +
+               server.url("/e.mp4") + "\" autoplay></video><audio src=\"" + server.url("/f.mp3") +
+               "\" preload=auto></audio><object data=\"" + server.url("/g.swf") + "\"></object><embed src=\"" + server.url("/h") +
+               "\"><style>@import url(" + server.url("/i.css") + "); @font-face { font-family: x; src: url(" +
+               server.url("/j.woff") + ") } p { font-family: x }</style><p>Text</p>");
   letPass(1500);
 
   EXPECT_EQ(server.connections, 0) << server.requests;
@@ -170,7 +176,8 @@ TEST(LocalPicture, shows_whatever_the_case_of_its_name_and_with_umlauts_and_blan
   writePicture(site, "Pix/Großes Haus 50%.PNG");
   ShownSurface surface(site.path());
 
-  surface.load("<img src=\"pix/großes haus 50%25.png\"><img src=\"file://" + site.path() + "\\PIX/GROßES%20HAUS%2050%25.png\"><img src=\"pix/gro%DFes%20haus%2050%25.png\">");
+  surface.load("<img src=\"pix/großes haus 50%25.png\"><img src=\"file://" + site.path() +
+               "\\PIX/GROßES%20HAUS%2050%25.png\"><img src=\"pix/gro%DFes%20haus%2050%25.png\">");
 
   EXPECT_EQ(pictureWidths(surface), "12 12 12");
 }
@@ -193,7 +200,8 @@ TEST(LocalPicture, is_looked_for_in_the_directory_of_the_present_site)
 TEST(LocalPicture, that_is_missing_or_on_a_drive_that_is_not_there_leaves_its_reference_as_it_is)
 {
   ShownSurface surface;
-  const std::string page = "<img src=\"file:///C:/fotos/x.jpg\"><img src=\"C:\\fotos\\x.jpg\"><img src=\"pix/x.jpg\"><img src=\"\">";
+  const std::string page =
+      "<img src=\"file:///C:/fotos/x.jpg\"><img src=\"C:\\fotos\\x.jpg\"><img src=\"pix/x.jpg\"><img src=\"\">";
 
   surface.load(page);
 
@@ -208,7 +216,8 @@ TEST(LocalFile, that_is_no_picture_is_not_read)
   site.write("a.css", "p { color: rgb(1, 2, 3) }");
   ShownSurface surface(site.path());
 
-  surface.load("<link rel=\"stylesheet\" href=\"a.css\"><iframe src=\"file://" + site.path() + "\\geheim.txt\"></iframe><img src=\"geheim.txt\"><p>Text</p>");
+  surface.load("<link rel=\"stylesheet\" href=\"a.css\"><iframe src=\"file://" + site.path() +
+               "\\geheim.txt\"></iframe><img src=\"geheim.txt\"><p>Text</p>");
   letPass(300);
 
   EXPECT_EQ(surface.textInDocument("getComputedStyle(document.querySelector('p')).color"), "rgb(0, 0, 0)");
