@@ -8,6 +8,7 @@
 #include "pagetree/page_move.h"
 #include "pagetree/page_store.h"
 #include "pagetree/plain_tree.h"
+#include "platform/html/document.h"
 
 #include <CLI/CLI.hpp>
 
@@ -76,9 +77,7 @@ public:
 
   void fill(const PageArguments& arguments)
   {
-    if (arguments.heading)
-      setBody(pagetree::withHeading("", *arguments.heading));
-    if (arguments.html)
+    if (arguments.heading || arguments.html)
       setBody(bodyFrom(arguments));
     fields_.tbdateiname = arguments.fileName.value_or(fields_.tbdateiname);
     fields_.opseitentyp = arguments.type.value_or(fields_.opseitentyp);
@@ -95,8 +94,8 @@ public:
 private:
   static std::string bodyFrom(const PageArguments& arguments)
   {
-    const std::string html = Session::textOfFile(*arguments.html);
-    return arguments.heading ? pagetree::withHeading(html, *arguments.heading) : html;
+    const std::string html = arguments.html ? Session::textOfFile(*arguments.html) : "";
+    return arguments.heading ? pagetree::withHeading(html, html::escapeText(*arguments.heading)) : html;
   }
 
   void setBody(const std::string& html)
@@ -230,7 +229,9 @@ void addPage(CLI::App& app, Session& session)
   add->add_option("--heading", arguments->heading, "Heading, where the body brings none")->type_name("TEXT");
   addContentOptions(*add, *arguments);
 
-  addWork(*page, session, "delete", "Deletes a page and all below it", deletePage, arguments)->add_option("ID", arguments->id)->required();
+  addWork(*page, session, "delete", "Deletes a page and all below it", deletePage, arguments)
+      ->add_option("ID", arguments->id)
+      ->required();
 
   auto* const move = addWork(*page, session, "move", "Moves a page and all below it", movePage, arguments);
   move->add_option("ID", arguments->id)->required();

@@ -14,7 +14,8 @@ namespace {
 void printPages(dao::Database& db, bool json)
 {
   std::vector<std::string> elements;
-  for (auto pages = db.openSnapshot("select id, Überschrift, [seitentyp-id] from Seite ORDER BY ID"); !pages.eof(); pages.moveNext()) {
+  for (auto pages = db.openSnapshot("select id, Überschrift, [seitentyp-id] from Seite ORDER BY ID"); !pages.eof();
+       pages.moveNext()) {
     const std::string id = pages.value("id").text();
     const std::string heading = pages.value("Überschrift").text();
     const dao::Value type = pages.value("seitentyp-id");

@@ -32,7 +32,7 @@ void listSettings(dao::Database& db, bool json)
 /// One argument: a key to show, or key=value to set.
 ExitStatus workOn(const std::string& argument, mainform::Mainform& mainform, bool json)
 {
-  if (const auto equals = argument.find('='); equals != std::string::npos) {
+  if (const auto equals = argument.find('='); equals != std::string::npos && equals > 0) {
     settings::StoredSettings(mainform.db()).set(argument.substr(0, equals), argument.substr(equals + 1));
     return ExitStatus::Done;
   }

@@ -5,8 +5,8 @@
 
 namespace mrd::editor {
 
-/// An editing surface without a screen, over the HTML parser: for the command line and for tests. Its cursor stands at the start of
-/// the body.
+/// An editing surface without a screen, over the HTML parser: for the command line and for tests. Its cursor stands at the start
+/// of the body.
 class DocumentSurface : public ui::EditingSurface {
 public:
   DocumentSurface() : document_(html::Document::fromText("")) {}

@@ -1,15 +1,19 @@
 #include "generator/picture_links.h"
 
+#include "base/format.h"
 #include "base/text.h"
 #include "frame/paths/paths.h"
 #include "platform/files/files.h"
 #include "platform/files/path.h"
+
+#include <algorithm>
 
 namespace mrd::generator {
 namespace {
 
 constexpr std::string_view kFileScheme = "file:";
 constexpr std::string_view kHttpScheme = "http:";
+constexpr std::size_t kFileSchemeWithSlashes = 7;
 /// Characters of a link's path and of what follows its quote that are looked at.
 constexpr std::size_t kLinkWindow = 250;
 
@@ -54,6 +58,15 @@ void rewriteLink(html::Element& link, const html::Document& document, LinkAddres
   found.uses.push_back(std::move(use));
 }
 
+/// `rest` stands behind "file://"; `root` is what of the path's root is not in it.
+LinkPieces piecesOf(std::string_view prefix, std::string_view root, std::string_view rest)
+{
+  const std::string_view window = base::left(rest, kLinkWindow);
+  const auto quote = window.find('\'');
+  return {std::string(prefix), base::format("{}//{}{}", kFileScheme, root, window.substr(0, quote)),
+          quote == std::string_view::npos ? "" : std::string(window.substr(quote))};
+}
+
 } // namespace
 
 PictureUse pictureOf(std::string_view path, bool enter)
@@ -75,10 +88,13 @@ LinkPieces splitLink(std::string_view href)
   const auto start = shortened.find(kFileScheme);
   const std::string_view rest = std::string_view(shortened).substr(start + kFileScheme.size());
   const bool hasAuthority = rest.starts_with("//") || rest.starts_with("\\\\");
-  const std::string_view window = base::left(rest.substr(hasAuthority ? 2 : 0), kLinkWindow);
-  const auto quote = window.find('\'');
-  return {shortened.substr(0, start), std::string(kFileScheme) + "//" + root + std::string(window.substr(0, quote)),
-          quote == std::string_view::npos ? "" : std::string(window.substr(quote))};
+  return piecesOf(shortened.substr(0, start), root, rest.substr(hasAuthority ? 2 : 0));
+}
+
+LinkPieces splitLinkAsWritten(std::string_view value)
+{
+  const auto scheme = std::min(value.find(kFileScheme), value.size());
+  return piecesOf(value.substr(0, scheme), "", value.substr(std::min(scheme + kFileSchemeWithSlashes, value.size())));
 }
 
 std::string sourcePath(const PictureUse& use, std::string_view exportpfad)

@@ -30,6 +30,8 @@ struct LinkPieces {
   std::string prefix, reference, suffix;
 };
 LinkPieces splitLink(std::string_view href);
+/// The same for the value of a text that no document has read: its slashes stay, and the root of a path is part of the window.
+LinkPieces splitLinkAsWritten(std::string_view value);
 
 /// What the new references are made of.
 struct LinkAddresses {

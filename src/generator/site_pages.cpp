@@ -24,7 +24,7 @@ std::optional<std::string> menuParent(std::string_view id)
 
 } // namespace
 
-SitePages::SitePages(const PageIndex& index)
+SitePages::SitePages(const PageIndex& index, dao::Database& db) : db_(db)
 {
   for (const auto& page : index.pages())
     if (page.isShown())
@@ -56,6 +56,14 @@ const templates::PageRow* SitePages::at(std::string_view id)
 {
   const auto found = std::lower_bound(rows_.begin(), rows_.end(), id, sortsBefore);
   return found != rows_.end() && base::compareText(found->id, id) == 0 ? &*found : nullptr;
+}
+
+templates::PageText SitePages::text(std::string_view id)
+{
+  const auto page = db_.openSnapshot("select html, script from Seite WHERE ID = ?", {dao::Value(id)});
+  if (page.eof())
+    return {};
+  return {page.value("html").text(), page.value("script").text()};
 }
 
 } // namespace mrd::generator

@@ -12,14 +12,16 @@ namespace mrd::generator {
 /// The pages of a run's index as template layouts ask for them.
 class SitePages : public templates::PageSource {
 public:
-  explicit SitePages(const PageIndex& index);
+  SitePages(const PageIndex& index, dao::Database& db);
 
   const std::vector<const templates::PageRow*>& level(std::string_view parent) override;
   const templates::PageRow* after(std::string_view id) override;
   const templates::PageRow* before(std::string_view id) override;
   const templates::PageRow* at(std::string_view id) override;
+  templates::PageText text(std::string_view id) override;
 
 private:
+  dao::Database& db_;
   /// Shown pages by id.
   std::vector<templates::PageRow> rows_;
   std::map<std::string, std::vector<const templates::PageRow*>, std::less<>> levels_;

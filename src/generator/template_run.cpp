@@ -64,7 +64,7 @@ std::string wandelUmlaute(std::string_view text)
 }
 
 TemplateRun::TemplateRun(const RunJob& job)
-    : GenerationRun(job, kDifferences), pages_(index_),
+    : GenerationRun(job, kDifferences), pages_(index_, job.db),
       pictures_(job.environment.program, job.exportpfad, register_, job.environment.fields.tbbasisurl)
 {
   ui_.status(ui::StatusPlace::Panel1, "Generator wird gestartet ");
@@ -184,7 +184,8 @@ void TemplateRun::closeRun() { ui_.status(ui::StatusPlace::Panel1, ""); }
 std::string TemplateRun::fileFor(const RunPage& page) const
 {
   const std::string_view id = page.id == kHomepageId ? "index" : std::string_view(page.id);
-  return job_.tbNamenszusatz + fileOfPattern(page.dateiname.starts_with("http") ? "" : page.dateiname, id);
+  const bool ownPattern = !page.dateiname.empty() && !page.dateiname.starts_with("http");
+  return fileOfPattern(job_.tbNamenszusatz + (ownPattern ? page.dateiname : "*.htm"), id);
 }
 
 void TemplateRun::generatePage(const RunPage& page)

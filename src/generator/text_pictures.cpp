@@ -62,9 +62,9 @@ std::string TextPictures::HTMBilderAnpassen(std::string_view text, std::string_v
 std::string TextPictures::pictureValue(std::string_view value, std::string_view basislink)
 {
   const std::string base(basislink);
-  if (value.empty() || value == "xxx" || files::isForeignReference(value))
+  if (files::isForeignReference(value))
     return std::string(value);
-  if (base::contains(value, "http:"))
+  if (value.empty() || value == "xxx" || base::contains(value, "http:"))
     return base + std::string(value);
   auto use = pictureOf(files::pathFromReference(value));
   const std::string target = pathInPix(use, exportpfad_);
@@ -93,7 +93,7 @@ std::string TextPictures::linkValue(std::string_view value, std::string_view bas
   if (files::isForeignReference(value))
     return link;
   if (base::contains(value, "file:")) {
-    const auto [prefix, reference, suffix] = splitLink(value);
+    const auto [prefix, reference, suffix] = splitLinkAsWritten(value);
     const auto use = pictureOf(files::pathFromReference(base::lower(reference)));
     Bildkopie(use, exportpfad_);
     register_.dateiindatenbank(pathInPix(use, exportpfad_), project::Dateityp::Picture);

@@ -15,7 +15,6 @@
 namespace mrd::mainform {
 namespace {
 
-constexpr std::string_view kEmptyProject = "\\mrdleer.mdb";
 constexpr std::string_view kOpening = "DialogOpenChangeNewDB";
 constexpr int kMessageExists = 5, kMessageNoTemplate = 6, kMessageNoEmptyFile = 13, kMessageRetry = 14, kMessageNoProject = 15,
               kMessageAccessDenied = 16, kMessageNothingOpen = 24, kMessageNoExportDirectory = 37;
@@ -175,7 +174,9 @@ void Mainform::openWithWindow()
     return;
   }
   open(std::string(DbName_));
+  hooks_.emptyEditor();
   loadSettings();
+  hooks_.farbenaktualisieren();
   project::Migration(*db_, program_.ui).UpdDatabase();
   hooks_.ZeigeStruktur();
   hooks_.loadLastActivePage();
@@ -185,8 +186,8 @@ void Mainform::rememberProject() { paths::SchreibeIni("LastFile", "File1", DbNam
 
 bool Mainform::NewProject_Click()
 {
-  const auto chosen = program_.ui.openFileDialog(
-      {"Datenbank anlegen", "Mirandel-Datenbanken|*.mdb", program_.files.directory(), "mrdneu.mdb"});
+  const auto chosen =
+      program_.ui.openFileDialog({"Datenbank anlegen", "Mirandel-Datenbanken|*.mdb", program_.files.directory(), "mrdneu.mdb"});
   if (!chosen || paths::teile_dateipfad(*chosen).name.empty() || !createProject(*chosen))
     return false;
   bool denied = false;
@@ -204,9 +205,8 @@ void Mainform::OpenProject_Click()
 void Mainform::CheckDatabase()
 {
   const ui::WaitPointer wait(program_.ui);
-  const std::string path = base::trim(DbName_);
-  db_.reset();
-  db_ = project::openProject(path);
+  // Opened first and closed then: a file that has become unreadable leaves the program what it has.
+  db_ = project::openProject(base::trim(DbName_));
 }
 
 void Mainform::close()

@@ -22,6 +22,10 @@ struct ProjectHooks {
   std::function<void()> opseitentyp_Click = [] {};
   /// Closes the window and with it the program.
   std::function<void()> unload = [] {};
+  /// Puts a document without content into the editor.
+  std::function<void()> emptyEditor = [] {};
+  /// Recolours the editor and the previews from the fields.
+  std::function<void()> farbenaktualisieren = [] {};
 };
 
 /// Where the files of a project's site go.
@@ -43,8 +47,8 @@ public:
   /// Adds the users' layouts to the layout box. Warns of files that are not well-formed.
   void ladebenutzerlayouts();
 
-  /// The one way into a project for a window: opens the file, or asks for one when the path is empty or leads nowhere. `Abgebrochen`
-  /// becomes true when access was denied.
+  /// The one way into a project for a window: opens the file, or asks for one when the path is empty or leads nowhere.
+  /// `Abgebrochen` becomes true when access was denied.
   void DialogOpenChangeNewDB(std::string_view Pfad, bool& Abgebrochen);
   /// Asks for a name and makes a project from the empty template. True when one was made and opened.
   bool NewProject_Click();

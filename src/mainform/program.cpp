@@ -14,8 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kEmptyProject = "\\mrdleer.mdb";
-
 fs::path executableDirectory()
 {
   std::error_code failure;

@@ -5,7 +5,14 @@
 #include "frame/paths/paths.h"
 #include "platform/ui/ui.h"
 
+#include <string>
+#include <string_view>
+#include <utility>
+
 namespace mrd::mainform {
+
+/// The empty project in the program directory: what new projects are copies of, and what tells a program directory from others.
+inline constexpr std::string_view kEmptyProject = "\\mrdleer.mdb";
 
 /// What lasts as long as the program runs: where it lives, its clock, its user and the language spoken with him.
 class Program {
@@ -26,8 +33,8 @@ public:
   messages::Language language;
 };
 
-/// The program directory, in the system's form: `named` when it is not empty; else the executable's directory if it holds the empty project
-/// and can be written; else the user's data directory, filled from the installed resources where it lacks them.
+/// The program directory, in the system's form: `named` when it is not empty; else the executable's directory if it holds the
+/// empty project and can be written; else the user's data directory, filled from the installed resources where it lacks them.
 std::string findProgramDirectory(std::string_view named);
 
 } // namespace mrd::mainform

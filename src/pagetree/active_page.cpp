@@ -2,44 +2,34 @@
 
 #include "base/text.h"
 #include "frame/failures/failures.h"
+#include "frame/settings/stored_settings.h"
 #include "pagetree/page_id.h"
 
 namespace mrd::pagetree {
 namespace {
 
-constexpr std::string_view kRowOfActivePage = "Einstellung = 'LastActivePage'";
+constexpr std::string_view kKey = "LastActivePage";
 
 } // namespace
 
 void ActivePage::WriteLastActivePage()
 {
   failures::withPlainHandler(ui_, "WriteLastActivePage", [&] {
-    auto settings = db_.openRecordset("Select * from Einstellungen");
-    settings.findFirst(kRowOfActivePage);
-    if (settings.noMatch())
-      return;
-    settings.edit();
-    settings.set("Wert", LastActivePage.empty() ? std::string(kRootId) : idOf(LastActivePage));
-    settings.update();
+    settings::StoredSettings stored(db_);
+    if (stored.value(kKey))
+      stored.edit(kKey, LastActivePage.empty() ? std::string(kRootId) : idOf(LastActivePage));
   });
 }
 
 void ActivePage::SetLastActivePage()
 {
   failures::withPlainHandler(ui_, "SetLastActivePage", [&] {
-    std::string id(kRootId);
-    auto settings = db_.openRecordset("Select * from Einstellungen");
-    settings.findFirst(kRowOfActivePage);
-    if (settings.noMatch()) {
-      settings.addNew();
-      settings.set("Einstellung", "LastActivePage");
-      settings.set("Wert", kRootId);
-      settings.update();
-    } else {
-      id = base::trim(settings.value("Wert").text());
-    }
+    settings::StoredSettings stored(db_);
+    const auto id = stored.value(kKey);
+    if (!id)
+      stored.set(kKey, kRootId);
     ui_.pumpEvents();
-    const std::string key = keyOf(id);
+    const std::string key = keyOf(base::trim(id.value_or(std::string(kRootId))));
     try {
       tree_.select(key);
       LastActivePage = key;

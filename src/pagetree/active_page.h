@@ -22,7 +22,8 @@ public:
 
   /// Stores the current id in the project; a missing row stays missing.
   void WriteLastActivePage();
-  /// Selects the stored page in the tree; adds the row with "00" where it is missing. A page that is gone leaves the tree as it is.
+  /// Selects the stored page in the tree; adds the row with "00" where it is missing. A page that is gone leaves the tree as it
+  /// is.
   void SetLastActivePage();
 
 private:

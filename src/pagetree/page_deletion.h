@@ -14,8 +14,8 @@ class PageDeletion {
 public:
   PageDeletion(dao::Database& db, messages::Language& language) : db_(db), language_(language) {}
 
-  /// Asks, deletes the page of the tree key and renumbers, in one transaction. True when pages were deleted; the caller then shows the
-  /// homepage. A refusal or a failure, which is shown, leaves the table as it was.
+  /// Asks, deletes the page of the tree key and renumbers, in one transaction. True when pages were deleted; the caller then
+  /// shows the homepage. A refusal or a failure, which is shown, leaves the table as it was.
   bool DelPage(std::string_view key);
 
 private:

@@ -113,8 +113,11 @@ bool frmMove1::workOut(IdTable& pages) const
 
   // By row, not by flag: a row with a flag from elsewhere keeps it.
   const auto takeFlagOff = [&] {
-    for (const std::size_t row : onTheMove)
-      pages.setId(row, pages.ids()[row].substr(kMoveFlag.size()));
+    for (const std::size_t row : onTheMove) {
+      const std::string old = pages.ids()[row], arrived = old.substr(kMoveFlag.size());
+      failures::WriteLogFile("Entferne Move Flag:  " + old + " --> " + arrived);
+      pages.setId(row, arrived);
+    }
   };
   bool fits = true;
   if (base::compareText(move_.MoveSourceID, move_.MoveTargetID) < 0) {
@@ -143,8 +146,12 @@ bool frmMove1::ReorgZielPos(IdTable& pages, int Modus) const
   const std::string parent = parentOf(fixed);
   auto rows = pages.level(base::length(fixed));
   // Room is made from the last page on, a gap is closed from its end on: so no number is taken when it is written.
-  if (Modus == kTarget)
+  if (Modus == kTarget) {
+    failures::WriteLogFile("ReorgZielPos:  Ziel , Recordcount:" + std::to_string(rows.size()));
     std::reverse(rows.begin(), rows.end());
+  } else {
+    failures::WriteLogFile("ReorgZielPos:  Quelle ");
+  }
   std::string moved, movedTo;
   for (const std::size_t row : rows) {
     const std::string old = pages.ids()[row];

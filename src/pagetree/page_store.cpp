@@ -19,7 +19,8 @@ constexpr int kLastPageType = 4;
 
 std::string centredHeading(std::string_view label)
 {
-  return base::format("<h3 align=center style=\"font-size:16pt;\" id=\"ueberschrift\">{}</h3>\r\n<div align=center>&nbsp;</div>", label);
+  return base::format("<h3 align=center style=\"font-size:16pt;\" id=\"ueberschrift\">{}</h3>\r\n<div align=center>&nbsp;</div>",
+                      label);
 }
 
 bool hasServerCode(std::string_view fileName) { return base::contains(fileName, ".php") || base::contains(fileName, ".asp"); }

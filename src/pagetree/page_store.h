@@ -54,8 +54,8 @@ public:
   {
   }
 
-  /// Opens the page of the tree node with the key `node`; `Schluessel`, when not empty, is the id to take in its place. The page may have
-  /// no row yet.
+  /// Opens the page of the tree node with the key `node`; `Schluessel`, when not empty, is the id to take in its place. The page
+  /// may have no row yet.
   void LoadPage(std::string_view node, std::string_view Schluessel = {});
   /// Stores the page with the key or id; nothing for an empty one. Has the standard failure handler; false when it failed.
   bool SavePage(std::string_view Schluessel);

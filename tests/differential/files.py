@@ -1,4 +1,5 @@
 """Paths in the form of the system (backslashes) and the files behind them, found whatever the case of the path."""
+import codecs
 import os
 import re
 import shutil
@@ -57,11 +58,16 @@ def split_path(path):
     return directory, name, extension
 
 
+def _as_windows_1252(error):
+    return error.object[error.start:error.end].decode("cp1252", "replace"), error.end
+
+
+codecs.register_error("windows-1252", _as_windows_1252)
+
+
 def decoded(reference):
-    try:
-        return unquote_to_bytes(reference).decode("utf-8")
-    except UnicodeDecodeError:
-        return reference
+    """Percent signs decoded; bytes that are no UTF-8 are taken as Windows-1252."""
+    return unquote_to_bytes(reference).decode("utf-8", "windows-1252")
 
 
 def rooted(rest):

@@ -1,4 +1,5 @@
 #include "open_window.h"
+#include "platform/files/path.h"
 
 #include <gmock/gmock.h>
 
@@ -23,7 +24,7 @@ TEST_F(OpenProjectTest, opens_the_file_that_is_given_without_a_question)
   EXPECT_EQ(window.DbName(), project.file());
   EXPECT_EQ(window.fields().tbtitel, "Am Meer");
   EXPECT_EQ(window.db().openRecordset("Seite").recordCount(), 2u);
-  EXPECT_THAT(calls, ElementsAre("opseitentyp_Click", "ZeigeStruktur", "LoadPage"));
+  EXPECT_THAT(calls, ElementsAre("opseitentyp_Click", "emptyEditor", "farbenaktualisieren", "ZeigeStruktur", "LoadPage"));
   EXPECT_EQ(iniValue("LastFile", "File1"), project.file());
 }
 
@@ -104,7 +105,7 @@ TEST_F(OpenProjectTest, tells_any_other_failure_in_the_standard_form)
 
   EXPECT_FALSE(open(project.file()));
 
-  EXPECT_THAT(calls, ElementsAre("opseitentyp_Click", "ZeigeStruktur"));
+  EXPECT_THAT(calls, ElementsAre("opseitentyp_Click", "emptyEditor", "farbenaktualisieren", "ZeigeStruktur"));
 }
 
 TEST_F(OpenProjectTest, remembers_a_file_before_it_turns_out_to_be_no_project)
@@ -256,6 +257,16 @@ TEST_F(OpenProjectTest, is_closed_and_opened_anew_with_a_wait_pointer)
 
   EXPECT_EQ(window.db().openRecordset("Seite").recordCount(), 3u);
   EXPECT_EQ(ui.pointerShape, ui::Pointer::Default);
+}
+
+TEST_F(OpenProjectTest, stays_open_where_its_file_cannot_be_opened_anew)
+{
+  open(project.file());
+  std::filesystem::remove(files::nativePath(project.file()));
+
+  EXPECT_THROW(window.CheckDatabase(), base::Error);
+
+  EXPECT_TRUE(window.isOpen());
 }
 
 TEST_F(OpenProjectTest, is_closed_with_the_program)

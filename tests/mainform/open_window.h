@@ -40,8 +40,11 @@ struct OpenWindow : Surroundings {
               if (failure)
                 throw base::Error(*failure);
             },
-            [this] { calls.emplace_back("LoadPage"); }, [this] { calls.emplace_back("opseitentyp_Click"); },
-            [this] { calls.emplace_back("Unload"); }};
+            [this] { calls.emplace_back("LoadPage"); },
+            [this] { calls.emplace_back("opseitentyp_Click"); },
+            [this] { calls.emplace_back("Unload"); },
+            [this] { calls.emplace_back("emptyEditor"); },
+            [this] { calls.emplace_back("farbenaktualisieren"); }};
   }
 
   std::string storedVersion()

@@ -108,13 +108,25 @@ class Page:
         return self.browser.send(method, self.session, **parameters)
 
     def go(self, address):
-        self.browser.events = [e for e in self.browser.events if e.get("sessionId") != self.session]
+        self.forget_events()
         answer = self.command("Page.navigate", url=address)
         if answer.get("errorText"):
             raise AssertionError("%s: %s" % (address, answer["errorText"]))
+        self.wait_until_loaded(address)
+
+    def follow(self, expression):
+        """Runs what leaves the page for another one, which is loaded afterwards."""
+        self.forget_events()
+        self.ask("void setTimeout(() => { %s; })" % expression)
+        self.wait_until_loaded(expression)
+
+    def forget_events(self):
+        self.browser.events = [e for e in self.browser.events if e.get("sessionId") != self.session]
+
+    def wait_until_loaded(self, what):
         loaded = lambda e: e.get("sessionId") == self.session and e["method"] == "Page.loadEventFired"
         if not self.browser.wait_for(loaded):
-            raise AssertionError("not loaded: " + address)
+            raise AssertionError("not loaded: " + what)
 
     def ask(self, expression, **options):
         """The value of a JavaScript expression; a promise is waited for."""

@@ -1,5 +1,6 @@
 #include "frame/messages/caption_rows.h"
 
+#include "base/stored_text.h"
 #include "base/text.h"
 
 #include <array>
@@ -18,26 +19,17 @@ struct CaptionRow {
   ui::ControlTexts texts() const { return {caption, toolTip, enabled, visible}; }
 };
 
-/// Yes/no in a text column, by number or by word; nothing for an empty one.
-std::optional<bool> yesNo(const std::string& text)
-{
-  if (text.empty())
-    return std::nullopt;
-  const auto word = base::lower(text);
-  return word == "true" || word == "wahr" || base::numericValue(text) != 0;
-}
+/// Nothing for an empty column: the control then stays as it is.
+std::optional<bool> state(const std::string& text) { return text.empty() ? std::nullopt : std::optional(base::yesNo(text)); }
 
 CaptionRow readRow(const dao::Recordset& row)
 {
   const auto field = [&](std::string_view column) { return base::trim(row.value(column).text()); };
   const auto index = field("Index");
-  return {field("ControlType"),
-          field("controlname"),
-          index.empty() ? std::nullopt : std::optional(static_cast<int>(base::numericValue(index))),
-          field("CaptionText"),
-          field("ToolTipText"),
-          yesNo(field("controlenabled")),
-          yesNo(field("controlvisible"))};
+  return {
+      field("ControlType"),          field("controlname"), index.empty() ? std::nullopt : std::optional(base::wholeNumber(index)),
+      field("CaptionText"),          field("ToolTipText"), state(field("controlenabled")),
+      state(field("controlvisible"))};
 }
 
 void applyControl(const CaptionRow& row, ui::WindowControls& Fenster)

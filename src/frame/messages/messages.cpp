@@ -2,6 +2,7 @@
 
 #include "base/errors.h"
 #include "base/format.h"
+#include "base/stored_text.h"
 #include "base/text.h"
 #include "frame/messages/caption_rows.h"
 
@@ -35,7 +36,7 @@ std::optional<StoredMessage> findMessage(dao::Database& db, int MsgNo, std::stri
                        field(row, "MsgTitle"),
                        field(row, "MsgHelpFile"),
                        static_cast<int>(row.value("MsgContext").integer()),
-                       static_cast<int>(base::numericValue(field(row, "MsgCButtons")))};
+                       base::wholeNumber(field(row, "MsgCButtons"))};
 }
 
 /// The pieces with a value between them. A value without a place is not shown, and neither are the pieces behind the first.

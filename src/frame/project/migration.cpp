@@ -3,6 +3,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "frame/failures/failures.h"
+#include "frame/settings/stored_settings.h"
 
 #include <array>
 
@@ -25,13 +26,6 @@ constexpr std::array kColumnSteps{
     ColumnStep{"4", "changingdate", "DATE"},
 };
 constexpr std::string_view kArtikelVersion = "5";
-
-dao::Recordset openRow(dao::Database& db, std::string_view key)
-{
-  auto rows = db.openRecordset("Select * from Einstellungen");
-  rows.findFirst("Einstellung = ?", {key});
-  return rows;
-}
 
 } // namespace
 
@@ -62,13 +56,9 @@ void Migration::UpdDatabase()
 void Migration::UpdTblEinstellungenAddRec(std::string_view Schluessel, std::string_view Wert)
 {
   withPlainHandler(ui_, "UpdTblEinstellungenAddRec", [&] {
-    auto rows = openRow(db_, Schluessel);
-    if (!rows.noMatch())
-      return;
-    rows.addNew();
-    rows.set("Einstellung", base::trim(Schluessel));
-    rows.set("Wert", base::trim(Wert));
-    rows.update();
+    settings::StoredSettings stored(db_);
+    if (!stored.value(Schluessel))
+      stored.set(base::trim(Schluessel), base::trim(Wert));
   });
 }
 
@@ -76,13 +66,9 @@ std::string Migration::UpdTblEinstellungenReadRec(std::string_view Schluessel, b
 {
   std::string Wert;
   withPlainHandler(ui_, "UpdTblEinstellungenReadRec", [&] {
-    const auto rows = openRow(db_, Schluessel);
-    if (!rows.noMatch()) {
-      Wert = base::trim(rows.value("Wert").text());
-      return;
-    }
-    Wert = kUnreadable;
-    if (Meldung)
+    const auto stored = settings::StoredSettings(db_).value(Schluessel);
+    Wert = stored ? base::trim(*stored) : std::string(kUnreadable);
+    if (!stored && Meldung)
       ui_.messageBox({base::format("{}  konnte nicht gelesen werden.  Wert: ", Schluessel), "", ui::box::kOk});
   });
   return Wert;
@@ -91,14 +77,11 @@ std::string Migration::UpdTblEinstellungenReadRec(std::string_view Schluessel, b
 void Migration::UpdTblEinstellungenWriteRec(std::string_view Schluessel, std::string_view Wert)
 {
   withPlainHandler(ui_, "UpdTblEinstellungenWriteRec", [&] {
-    auto rows = openRow(db_, Schluessel);
-    if (rows.noMatch()) {
+    settings::StoredSettings stored(db_);
+    if (stored.value(Schluessel))
+      stored.edit(Schluessel, base::trim(Wert));
+    else
       ui_.messageBox({base::format("{}  konnte nicht aktualisiert werden.  Wert: {}", Schluessel, Wert), "", ui::box::kOk});
-      return;
-    }
-    rows.edit();
-    rows.set("Wert", base::trim(Wert));
-    rows.update();
   });
 }
 

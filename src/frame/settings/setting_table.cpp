@@ -1,6 +1,7 @@
 #include "frame/settings/setting_table.h"
 
 #include "base/format.h"
+#include "base/stored_text.h"
 #include "base/text.h"
 #include "frame/settings/export_path.h"
 
@@ -32,7 +33,7 @@ constexpr Form meta{
 
 template <bool Fields::*field>
 constexpr Form checkBox{
-    [](Loading& loading, const std::string& value) { loading.fields.*field = yesNo(value); },
+    [](Loading& loading, const std::string& value) { loading.fields.*field = base::yesNo(value); },
     [](const Fields& fields) { return std::string(fields.*field ? "True" : "False"); },
 };
 
@@ -44,9 +45,7 @@ constexpr Form entryText{
 
 template <ComboBox Fields::*field>
 constexpr Form entryNumber{
-    [](Loading& loading, const std::string& value) {
-      (loading.fields.*field).selectIndex(static_cast<int>(base::numericValue(value)));
-    },
+    [](Loading& loading, const std::string& value) { (loading.fields.*field).selectIndex(base::wholeNumber(value)); },
     [](const Fields& fields) { return base::format("{}", (fields.*field).ListIndex); },
 };
 
@@ -208,11 +207,5 @@ const Setting* findSetting(std::string_view key)
 }
 
 std::span<const SavedKey> savingOrder() { return kSavingOrder; }
-
-bool yesNo(std::string_view text)
-{
-  const auto word = base::lower(base::trim(text));
-  return word == "true" || word == "wahr" || base::numericValue(word) != 0;
-}
 
 } // namespace mrd::settings

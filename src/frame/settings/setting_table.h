@@ -48,7 +48,4 @@ struct SavedKey {
 };
 std::span<const SavedKey> savingOrder();
 
-/// Yes/no in a setting's text, by word or by number.
-bool yesNo(std::string_view text);
-
 } // namespace mrd::settings

@@ -13,6 +13,11 @@ struct PageRow {
   int seitentyp = 1;
 };
 
+/// What a page holds beside what menus know of it.
+struct PageText {
+  std::string html, script;
+};
+
 /// The site's pages that menus show: blind pages and pages without a type are not among them.
 class PageSource {
 public:
@@ -23,6 +28,8 @@ public:
   virtual const PageRow* after(std::string_view id) = 0;
   virtual const PageRow* before(std::string_view id) = 0;
   virtual const PageRow* at(std::string_view id) = 0;
+  /// Read when it is asked for: few layouts show the text of other pages than the current one.
+  virtual PageText text(std::string_view id) = 0;
 };
 
 } // namespace mrd::templates

@@ -13,6 +13,14 @@ constexpr std::string_view kStrip = "[mrd:BlätternNavigation]";
 constexpr std::string_view kLink = "[mrd:ID]";
 constexpr std::string_view kBase = "[mrd:Kompletterlink]";
 constexpr std::string_view kHomepageId = "00";
+constexpr std::string_view kRootName = "root";
+
+/// What a node below a row is given.
+TemplatePage pageOfRow(std::string_view Seitenid, const PageRow& row, PageSource& pages)
+{
+  auto [html, script] = pages.text(row.id);
+  return {std::string(Seitenid), row.Überschrift, std::move(html), row.seitentyp, row.dateiname, std::move(script)};
+}
 
 /// Whether a row's text still holds what a later row's values would fill.
 bool holdsPagePlaceholder(std::string_view text)
@@ -69,6 +77,11 @@ void HTMLTemplates::Remove(std::size_t position)
   nodes_.erase(nodes_.begin() + static_cast<std::ptrdiff_t>(position) - 1);
 }
 
+bool Template::closesText() const
+{
+  return TemplateName == kRootName || std::ranges::any_of(Children, [](const auto& child) { return child->closesText(); });
+}
+
 Template& Template::spare()
 {
   if (!spare_)
@@ -86,7 +99,7 @@ std::string Template::getHtmlZeile(const TemplatePage& page, std::string_view pa
     for (const auto& child : Children)
       result += child->getHtmlZeile(page, parent, seitentyp, site);
   }
-  if (TemplateName == "root")
+  if (TemplateName == kRootName)
     closePage(result, page, seitentyp, site);
   return result.append(base::kCrLf).append(base::kCrLf);
 }
@@ -129,7 +142,9 @@ bool Template::appendRowChildren(std::string& result, const TemplatePage& page, 
   for (const auto& child : Children) {
     if (row.id == kHomepageId && child->isMenuitem)
       continue;
-    const std::string text = child->getHtmlZeile(page, row.id, row.seitentyp, site);
+    const std::string text = child->closesText()
+                                 ? child->getHtmlZeile(pageOfRow(page.Seitenid, row, site.pages), row.id, row.seitentyp, site)
+                                 : child->getHtmlZeile(page, row.id, row.seitentyp, site);
     leftover |= holdsPagePlaceholder(text);
     result += text;
   }

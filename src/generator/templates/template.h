@@ -39,7 +39,7 @@ private:
   std::map<std::string, const Template*, std::less<>> keys_;
 };
 
-/// The page that is being generated, as it goes down the tree.
+/// The page that is being generated, as it goes down the tree: `Seitenid` is its id everywhere; below a menu row the rest is the row's.
 struct TemplatePage {
   std::string Seitenid, Überschrift, html;
   int seitentyp = 1;
@@ -73,6 +73,8 @@ public:
   bool isShowChildren = false;
 
   bool hasChildren() const { return Children.Count() > 0; }
+  /// Whether it, or a node below it, puts the values of a page into its text.
+  bool closesText() const;
   /// A spare node that nothing uses, made when it is first asked for.
   Template& spare();
 

@@ -70,7 +70,7 @@ LayoutFolder readLayoutFolder(std::string_view directory)
     const auto document = xml::loadXml(std::string(directory) + "\\" + file);
     if (!document)
       folder.malformed.push_back(file);
-    else if (const xml::Element* const root = findRoot(*document))
+    else if (const xml::Element* const root = findRoot(*document); root && root->attributes.contains("name"))
       folder.layouts.push_back({std::string(root->attribute("name")), file});
   }
   return folder;

@@ -5,12 +5,19 @@
 #include "base/windows1252.h"
 #include "platform/files/files.h"
 
+#include <expat.h>
 #include <pugixml.hpp>
+
+#include <algorithm>
+#include <memory>
+#include <type_traits>
 
 namespace mrd::xml {
 namespace {
 
-constexpr unsigned kParseFlags = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_ws_pcdata | pugi::parse_wconv_attribute;
+constexpr unsigned kParseFlags = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_ws_pcdata | pugi::parse_wconv_attribute |
+                                 pugi::parse_comments | pugi::parse_pi;
+constexpr std::size_t kDeclarationLength = 100;
 
 bool isTooDeep(const pugi::xml_document& document)
 {
@@ -33,14 +40,47 @@ Element convert(const pugi::xml_node& node)
   for (const auto& child : node.children()) {
     if (isText(child)) {
       element.text += base::toCrLf(child.value());
-      element.hasChildNodes |= !isBlank(child.value());
+      element.hasChildNodes |= child.type() == pugi::node_cdata || !isBlank(child.value());
     } else if (child.type() == pugi::node_element) {
       element.children.push_back(convert(child));
       element.text += element.children.back().text;
       element.hasChildNodes = true;
+    } else {
+      element.hasChildNodes = true;
     }
   }
   return element;
+}
+
+/// Whether the parser decodes the bytes: it knows the encodings of Unicode by their marks or zeros, and Latin-1 by its declaration.
+bool isKnownToParser(std::string_view bytes)
+{
+  const std::string_view declaration = bytes.substr(0, std::min(bytes.find("?>"), kDeclarationLength));
+  return base::contains(bytes, std::string_view("\0", 1)) || base::containsIgnoringCase(declaration, "iso-8859-1\"") ||
+         base::containsIgnoringCase(declaration, "iso-8859-1'") || base::containsIgnoringCase(declaration, "latin1");
+}
+
+/// A file's text, in UTF-8 unless its encoding is one that parsers know by themselves.
+struct Readable {
+  std::string text;
+  bool isUtf8;
+};
+
+/// What is neither is Windows-1252, as editors on Windows write it.
+Readable readable(std::string bytes)
+{
+  if (isKnownToParser(bytes))
+    return {std::move(bytes), false};
+  return {base::decodeText(bytes), true};
+}
+
+/// The tree's parser reads texts that are not well-formed too, and makes of them what their author did not mean; this one is strict, and
+/// gives up on entities that grow without bounds.
+bool isWellFormed(const Readable& xml)
+{
+  const std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> parser(
+      XML_ParserCreate(xml.isUtf8 ? "UTF-8" : nullptr), XML_ParserFree);
+  return XML_Parse(parser.get(), xml.text.data(), static_cast<int>(xml.text.size()), XML_TRUE) == XML_STATUS_OK;
 }
 
 } // namespace
@@ -53,14 +93,18 @@ std::string_view Element::attribute(std::string_view attributeName) const
 
 std::optional<Element> loadXml(std::string_view path)
 {
-  std::string bytes;
+  constexpr std::uint64_t kLargest = 64U << 20U;
+  Readable xml;
   try {
-    bytes = files::readFile(path);
+    if (files::fileSize(path) > kLargest)
+      return std::nullopt;
+    xml = readable(files::readFile(path));
   } catch (const base::Error&) {
     return std::nullopt;
   }
   pugi::xml_document document;
-  if (!document.load_buffer(bytes.data(), bytes.size(), kParseFlags) || isTooDeep(document) || !document.document_element())
+  if (!isWellFormed(xml) || !document.load_buffer(xml.text.data(), xml.text.size(), kParseFlags) || isTooDeep(document) ||
+      !document.document_element())
     return std::nullopt;
   return convert(document.document_element());
 }

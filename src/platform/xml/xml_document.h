@@ -16,13 +16,13 @@ struct Element {
   std::vector<Element> children;
   /// All text of the element and of those in it, as it stands, with CR LF line ends.
   std::string text;
-  /// An element or text that is not blank stands in it.
+  /// Something stands in it: an element, text that is not blank, a comment.
   bool hasChildNodes = false;
 
   std::string_view attribute(std::string_view attributeName) const;
 };
 
-/// The document element of a file (UTF-8, UTF-16 or what its declaration names); nothing for a file that is missing, not well-formed, or
+/// The document element of a file (Unicode, Latin-1 or Windows-1252); nothing for a file that is missing, larger than 64 MB, not well-formed, or
 /// nested more than kMaxDepth deep. Entities of its own are not expanded. `path` in the system's form.
 std::optional<Element> loadXml(std::string_view path);
 

@@ -46,13 +46,5 @@ TEST(SettingTable, knows_the_defaults)
   EXPECT_EQ(shown("imodekopfgif"), "max. 120 Pixel Breite");
 }
 
-TEST(YesNo, is_read_by_word_and_by_number)
-{
-  for (const auto* yes : {"True", "true", "Wahr", "WAHR", "1", "-1", " True "})
-    EXPECT_TRUE(yesNo(yes)) << yes;
-  for (const auto* no : {"False", "Falsch", "0", "", "nein"})
-    EXPECT_FALSE(yesNo(no)) << no;
-}
-
 } // namespace
 } // namespace mrd::settings
