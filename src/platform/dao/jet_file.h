@@ -1,6 +1,7 @@
 #pragma once
-// Databases of earlier versions (Jet 3 and 4): recognising one, and reading all that its tables hold. A program of its own does the
-// reading, under limits of memory and time, since a damaged file can bring the library that knows the format to a fall or a standstill.
+// Databases of earlier versions (Jet 3 and 4): recognising one, and reading all that its tables hold. A program of its own does
+// the reading, under limits of memory and time, since a damaged file can bring the library that knows the format to a fall or a
+// standstill.
 
 #include "platform/dao/value.h"
 

@@ -1,26 +1,35 @@
 #include "platform/dao/jet_process.h"
 
 #include "base/errors.h"
-#include "platform/dao/jet_wire.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace mrd::dao {
 namespace {
 
 constexpr int kNoProgram = 127;
 constexpr rlim_t kMemory = rlim_t{1} << 30, kProcessorSeconds = 60;
-/// More than the largest file of the format can hold.
-constexpr std::uint64_t kMostBytes = std::uint64_t{6} << 30;
+/// The sanitizer's bookkeeping takes address space beyond any limit.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kHasShadowMemory = true;
+#elif defined(__has_feature)
+constexpr bool kHasShadowMemory = __has_feature(address_sanitizer);
+#else
+constexpr bool kHasShadowMemory = false;
+#endif
+/// What a file of some size can hold at most as records: a chain of pieces that runs in a ring could fill a disk.
+constexpr std::uint64_t kMostBytes = std::uint64_t{64} << 20, kMostBytesForOne = 16;
 /// Variables that change how the library reads.
 constexpr std::array<std::string_view, 4> kForeignSettings{"MDBICONV=", "MDBOPTS=", "MDB_JET3_CHARSET=", "MDBPATH="};
 
@@ -48,9 +57,8 @@ void limit(int resource, rlim_t value)
 void restrainChild()
 {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-#ifndef __SANITIZE_ADDRESS__
-  limit(RLIMIT_AS, kMemory); // the sanitizer's shadow memory would not fit
-#endif
+  if constexpr (!kHasShadowMemory)
+    limit(RLIMIT_AS, kMemory);
   limit(RLIMIT_CPU, kProcessorSeconds);
   limit(RLIMIT_CORE, 0);
   limit(RLIMIT_FSIZE, 0);
@@ -58,8 +66,12 @@ void restrainChild()
 
 } // namespace
 
-JetProcess::JetProcess(const std::filesystem::path& file, const JetReading& reading) : deadline_(Clock::now() + reading.wallTime)
+JetProcess::JetProcess(const std::filesystem::path& file, const JetReading& reading)
+    : deadline_(Clock::now() + reading.wallTime), mostBytes_(kMostBytes)
 {
+  std::error_code failure;
+  if (const auto size = std::filesystem::file_size(file, failure); !failure)
+    mostBytes_ += kMostBytesForOne * size;
   start(reading.program.c_str(), file.c_str());
 }
 
@@ -77,7 +89,8 @@ void JetProcess::start(const char* program, const char* file)
   if (child_ == 0) {
     restrainChild();
     // What the library complains about in a damaged file can be endless.
-    const bool ready = ::dup2(nothing, STDIN_FILENO) >= 0 && ::dup2(nothing, STDERR_FILENO) >= 0 && ::dup2(ends[1], STDOUT_FILENO) >= 0;
+    const bool ready =
+        ::dup2(nothing, STDIN_FILENO) >= 0 && ::dup2(nothing, STDERR_FILENO) >= 0 && ::dup2(ends[1], STDOUT_FILENO) >= 0;
     if (ready)
       ::execve(program, arguments.data(), environment.data());
     ::_exit(kNoProgram);
@@ -114,73 +127,34 @@ void JetProcess::failAtEnd()
   fail("Die Datei ist beschädigt und kann nicht gelesen werden.");
 }
 
-void JetProcess::fill()
+void JetProcess::waitForBytes()
 {
-  const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline_ - Clock::now()).count();
-  pollfd waiting{pipe_, POLLIN, 0};
-  const int ready = left > 0 ? ::poll(&waiting, 1, static_cast<int>(left)) : 0;
-  if (ready < 0 && errno == EINTR)
-    return;
-  if (ready <= 0)
-    fail("Die Datei ist beschädigt: Das Lesen findet kein Ende.");
-  const auto count = ::read(pipe_, buffer_.data(), buffer_.size());
-  if (count < 0 && errno == EINTR)
-    return;
-  if (count <= 0)
-    failAtEnd();
-  begin_ = 0;
-  end_ = static_cast<std::size_t>(count);
-  received_ += end_;
-  if (received_ > kMostBytes)
-    fail("Die Datei ist beschädigt: Das Lesen findet kein Ende.");
-}
-
-void JetProcess::take(char* target, std::size_t count)
-{
-  while (count > 0) {
-    if (begin_ == end_) {
-      fill();
+  for (;;) {
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline_ - Clock::now()).count();
+    pollfd waiting{pipe_, POLLIN, 0};
+    const int ready = left > 0 ? ::poll(&waiting, 1, static_cast<int>(left)) : 0;
+    if (ready < 0 && errno == EINTR)
       continue;
-    }
-    const auto part = std::min(count, end_ - begin_);
-    std::memcpy(target, buffer_.data() + begin_, part);
-    begin_ += part;
-    target += part;
-    count -= part;
+    if (ready <= 0)
+      fail("Die Datei ist beschädigt: Das Lesen findet kein Ende.");
+    return;
   }
 }
 
-std::uint64_t JetProcess::number(std::size_t bytes)
+std::size_t JetProcess::read(char* target, std::size_t count)
 {
-  std::array<unsigned char, 8> raw{};
-  take(reinterpret_cast<char*>(raw.data()), bytes);
-  std::uint64_t out = 0;
-  for (std::size_t i = bytes; i-- > 0;)
-    out = out << 8 | raw[i];
-  return out;
-}
-
-std::string JetProcess::text()
-{
-  const auto length = number(4);
-  if (length > wire::kLongestText)
-    fail("Die Datei ist beschädigt: Ein Text ist zu lang.");
-  // Grows with what really comes.
-  std::string out;
-  while (out.size() < length) {
-    const auto old = out.size();
-    out.resize(std::min<std::size_t>(length, old + buffer_.size()));
-    take(out.data() + old, out.size() - old);
+  for (;;) {
+    waitForBytes();
+    const auto got = ::read(pipe_, target, count);
+    if (got < 0 && errno == EINTR)
+      continue;
+    if (got <= 0)
+      failAtEnd();
+    received_ += static_cast<std::size_t>(got);
+    if (received_ > mostBytes_)
+      fail("Die Datei ist beschädigt: Das Lesen findet kein Ende.");
+    return static_cast<std::size_t>(got);
   }
-  return storedText(out);
-}
-
-void JetProcess::greeting()
-{
-  std::string start(wire::kGreeting.size(), '\0');
-  take(start.data(), start.size());
-  if (start != wire::kGreeting)
-    fail("Das Leseprogramm für alte Datenbanken gehört zu einer anderen Version.");
 }
 
 } // namespace mrd::dao

@@ -1,6 +1,6 @@
 #pragma once
-// What the reader of old databases and the program say to each other over the pipe. Numbers are little-endian, a text is its length
-// (four bytes) and its UTF-8 bytes:
+// What the reader of old databases and the program say to each other over the pipe. Numbers are little-endian, a text is its
+// length (four bytes) and its UTF-8 bytes:
 //
 //   greeting, then records until End or Failure, each one byte and
 //   Table    name, number of columns (two bytes), for each column its name and its type as a statement writes it

@@ -1,6 +1,6 @@
 #pragma once
-// Tables of a Jet file, walked by the row tables of their pages. The library's own row reader takes stale copies of edited rows for
-// rows and loses moved ones, hence the walk here; it keeps to what the file can hold wherever a damaged one would lead it.
+// Tables of a Jet file, walked by the row tables of their pages. The library's own row reader takes stale copies of edited rows
+// for rows and loses moved ones, hence the walk here; it keeps to what the file can hold wherever a damaged one would lead it.
 
 #include <functional>
 #include <memory>

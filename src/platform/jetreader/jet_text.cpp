@@ -1,4 +1,4 @@
-#include "jetreader/jet_text.h"
+#include "platform/jetreader/jet_text.h"
 
 #include <array>
 #include <chrono>

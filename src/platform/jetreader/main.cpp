@@ -1,10 +1,11 @@
 // Writes what the tables of an old database hold to standard output. A program of its own, started under limits: a damaged file
 // may bring it to a fall, and nothing else with it.
 
-#include "jetreader/jet_rows.h"
-#include "jetreader/jet_text.h"
-#include "jetreader/output.h"
+#include "platform/jetreader/jet_rows.h"
+#include "platform/jetreader/jet_text.h"
+#include "platform/jetreader/output.h"
 
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -21,6 +22,14 @@ constexpr std::uint32_t kSystemFlags = 0x80000002;
 std::int64_t integer(const Field& field)
 {
   std::int64_t out = 0;
+  if (field && field->size() == sizeof out)
+    std::memcpy(&out, field->data(), sizeof out);
+  return out;
+}
+
+double real(const Field& field)
+{
+  double out = 0;
   if (field && field->size() == sizeof out)
     std::memcpy(&out, field->data(), sizeof out);
   return out;
@@ -71,13 +80,8 @@ void putField(JetFile& file, const Column& column, const Field& field)
     return putText(file.text(*field));
   }
   if (column.type == Type::Date) {
-    double days = 0;
-    std::memcpy(&days, field->data(), sizeof days);
-    const auto date = dateOf(days);
-    put(date ? wire::Field::Text : wire::Field::Null);
-    if (date)
-      putText(*date);
-    return;
+    put(wire::Field::Text);
+    return putText(*dateOf(real(field)));
   }
   put(column.type == Type::Double ? wire::Field::Double : wire::Field::Integer);
   putNumber(static_cast<std::uint64_t>(integer(field)), 8);
@@ -101,11 +105,27 @@ void putColumns(const std::string& name, const std::vector<Column>& columns)
     }
 }
 
+/// Only damage gives a number that is none, or a day before the year 100 or behind 9999.
+void dropNonsense(const std::string& table, const std::vector<Column>& columns, std::vector<Field>& fields)
+{
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (!fields[i])
+      continue;
+    const bool isDate = columns[i].type == Type::Date;
+    if ((isDate && !dateOf(real(fields[i]))) || (columns[i].type == Type::Double && std::isnan(real(fields[i])))) {
+      leaveOut("Tabelle " + table + ": Ein Wert der Spalte " + columns[i].name +
+               (isDate ? " ist kein Datum" : " ist keine Zahl") + " und fehlt.");
+      fields[i].reset();
+    }
+  }
+}
+
 void putTable(JetFile& file, const TableEntry& entry)
 {
   const bool found = file.walk(
       entry.page, entry.name, [&](const auto& columns) { putColumns(entry.name, columns); },
       [&](const std::vector<Column>& columns, std::vector<Field>& fields) {
+        dropNonsense(entry.name, columns, fields);
         put(wire::Record::Row);
         for (std::size_t i = 0; i < columns.size(); ++i)
           if (columns[i].type != Type::Other)

@@ -1,4 +1,4 @@
-#include "jetreader/output.h"
+#include "platform/jetreader/output.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,7 +1,7 @@
-#include "jetreader/jet_rows.h"
+#include "platform/jetreader/jet_rows.h"
 
-#include "jetreader/jet_text.h"
-#include "jetreader/output.h"
+#include "platform/jetreader/jet_text.h"
+#include "platform/jetreader/output.h"
 
 #include <algorithm>
 #include <array>
@@ -55,7 +55,8 @@ std::uint32_t number32(std::string_view bytes, std::size_t at)
 }
 
 /// Number fields as eight bytes, whatever width the file has them in.
-template <typename T> std::string widened(T value)
+template <typename T>
+std::string widened(T value)
 {
   std::string out(8, '\0');
   std::memcpy(out.data(), &value, sizeof value);
@@ -252,7 +253,8 @@ std::optional<Place> placeOf(MdbHandle* mdb, int row)
 {
   Place out;
   const int count = mdb_get_int16(mdb->pg_buf, mdb->fmt->row_count_offset);
-  if (row >= count || mdb->fmt->row_count_offset + 4 + 2 * row > mdb->fmt->pg_size || mdb_find_row(mdb, row, &out.start, &out.length) != 0)
+  if (row >= count || mdb->fmt->row_count_offset + 4 + 2 * row > mdb->fmt->pg_size ||
+      mdb_find_row(mdb, row, &out.start, &out.length) != 0)
     return std::nullopt;
   out.flags = mdb_get_int16(mdb->pg_buf, mdb->fmt->row_count_offset + 2 + 2 * row);
   out.start &= kPlace;
@@ -288,7 +290,8 @@ JetFile::JetFile(const char* path) : state_(std::make_unique<State>())
   if (state_->mdb == nullptr)
     throw std::runtime_error("Die Datei ist beschädigt und kann nicht gelesen werden.");
   if (hasPassword(*state_->mdb))
-    throw std::runtime_error("Die Datenbank ist mit einem Kennwort geschützt. Bitte entfernen Sie es zuerst mit dem alten Programm.");
+    throw std::runtime_error(
+        "Die Datenbank ist mit einem Kennwort geschützt. Bitte entfernen Sie es zuerst mit dem alten Programm.");
 }
 
 JetFile::~JetFile() = default;
@@ -311,7 +314,8 @@ bool JetFile::walk(unsigned long page, std::string_view name, const Columns& col
     const auto current = walk.table()->cur_phys_pg;
     if (!seen.insert(current).second)
       break;
-    const int count = std::min<int>(mdb_get_int16(mdb->pg_buf, mdb->fmt->row_count_offset), static_cast<int>(mdb->fmt->pg_size / 2));
+    const int count =
+        std::min<int>(mdb_get_int16(mdb->pg_buf, mdb->fmt->row_count_offset), static_cast<int>(mdb->fmt->pg_size / 2));
     for (int i = 0; i < count; ++i) {
       auto place = placeOf(mdb, i);
       if (place && (place->flags & kDeleted))
