@@ -60,26 +60,31 @@ bool Mainform::importProject(std::string_view jetFile, const std::optional<std::
     program_.language.GetMsg(kMessageExists);
     return false;
   }
-  OldProjects old(program_);
-  return failures::withStandardHandler(program_.language, kImporting, [&] {
+  bool done = false;
+  failures::withStandardHandler(program_.language, kImporting, [&] {
+    OldProjects old(program_);
     const bool isThere = target ? old.convertTo(jetFile, *target) : !dao::isJetFile(jetFile) || old.convertInPlace(jetFile);
     if (!isThere)
       return;
     DbName_ = target ? *target : std::string(jetFile);
     db_ = project::openProject(DbName_);
-  }) && isOpen();
+    done = true;
+  });
+  return done;
 }
 
 bool Mainform::openProject(std::string_view path)
 {
-  auto opened = Opened::Refused;
-  return failures::withStandardHandler(program_.language, kOpening, [&] {
+  bool done = false;
+  failures::withStandardHandler(program_.language, kOpening, [&] {
     if (!paths::datei_vorhanden(path) && !files::directoryExists(path))
       throw base::Error(base::ErrorNumber::FileNotFound, "Datei nicht gefunden: " + std::string(path));
-    opened = open(path);
-    if (opened != Opened::Refused)
-      project::Migration(*db_, program_.ui).UpdDatabase();
-  }) && opened != Opened::Refused;
+    if (open(path) == Opened::Refused)
+      return;
+    project::Migration(*db_, program_.ui).UpdDatabase();
+    done = true;
+  });
+  return done;
 }
 
 bool Mainform::loadSettings(const ExportPath& exportPath)

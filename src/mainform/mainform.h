@@ -59,8 +59,8 @@ public:
   bool openProject(std::string_view path);
   /// Fills the fields from the open project. False, with message 37, when the export directory that was given does not exist.
   bool loadSettings(const ExportPath& exportPath = {});
-  /// Makes a project from a database of an earlier version: in a file of its own, or without `target` in the place of the old one, as
-  /// opening it does. False, with a message, when there is none.
+  /// Makes a project from a database of an earlier version: in a file of its own, or without `target` in the place of the old
+  /// one, as opening it does. False, with a message, when there is none.
   bool importProject(std::string_view jetFile, const std::optional<std::string>& target);
   /// Makes a project from the empty template. False, with message 5 or 6, when the file exists or the template is missing.
   bool createProject(std::string_view path);

@@ -22,11 +22,20 @@ constexpr std::string_view kPages = "Seite", kSettings = "Einstellungen", kFiles
 constexpr std::string_view kRoot = "00";
 /// How the first version numbered the home page.
 constexpr std::string_view kFirstRoot = "index";
+/// All of whose tables and columns are there, or damaged.
+constexpr std::string_view kPresentVersion = "5";
 constexpr std::size_t kMostNotes = 1000;
 constexpr std::size_t kShownCharacters = 40;
 
 constexpr std::array<std::string_view, 6> kPlainTypes{"TEXT", "MEMO", "LONG", "DOUBLE", "BIT", "DATE"};
 constexpr std::string_view kCounterType = "COUNTER";
+
+/// Columns that no project leaves Null in all its rows.
+struct FilledColumn {
+  std::string_view table, column;
+};
+constexpr std::array kFilledColumns{FilledColumn{kPages, "Überschrift"}, FilledColumn{kPages, "html"},
+                                    FilledColumn{kSettings, "Einstellung"}, FilledColumn{kSettings, "Wert"}};
 
 /// No statement can name what has a bracket in its name, and only damage has; names of that start are the engine's own.
 bool isUsableName(std::string_view name)
@@ -145,19 +154,31 @@ void JetContent::finish(std::string_view name)
   checkTables(db_, name);
   if (pages_.empty())
     throw Error(ErrorNumber::NotADatabase, base::format("In \"{}\" ist keine einzige Seite lesbar.", name));
+  noteEmptyColumns();
   completeTables();
   completeRoot();
   noteMissingParents();
   lowerDamagedVersion();
 }
 
+void JetContent::noteEmptyColumns()
+{
+  for (const auto& [table, column] : kFilledColumns) {
+    const bool hasRows = !db_.openRecordset(base::format("SELECT TOP 1 * FROM [{}]", table)).eof();
+    if (hasRows && db_.openRecordset(base::format("SELECT TOP 1 * FROM [{}] WHERE [{}] IS NOT NULL", table, column)).eof())
+      note(base::format("Tabelle {}: Die Spalte {} ist in keiner Zeile lesbar.", table, column));
+  }
+}
+
 void JetContent::completeTables()
 {
   db_.execute("CREATE INDEX SeiteId ON Seite (id)");
+  if (db_.hasTable(kFiles))
+    return;
   // Every run writes the register anew.
-  if (!db_.hasTable(kFiles))
-    db_.execute("CREATE TABLE Dateien (pfad TEXT, dateiname TEXT, erweiterung TEXT, [dateityp-id] LONG, übertragen BIT, "
-                "dateidatum DATE, pfadLokal TEXT)");
+  db_.execute("CREATE TABLE Dateien (pfad TEXT, dateiname TEXT, erweiterung TEXT, [dateityp-id] LONG, übertragen BIT, "
+              "dateidatum DATE, pfadLokal TEXT)");
+  note("Die Tabelle Dateien fehlt. Das nächste Erzeugen der Seiten füllt sie neu.");
 }
 
 void JetContent::completeRoot()
@@ -186,9 +207,12 @@ void JetContent::lowerDamagedVersion()
   const auto columns = db_.columns(kPages);
   const auto has = [&](std::string_view column) { return dao::findName(columns, column) != columns.size(); };
   settings::StoredSettings stored(db_);
+  const auto version = base::trim(stored.value("dbVersion").value_or("0"));
   const bool isComplete = has("expanded") && has("script") && has("changingdate") && db_.hasTable("Artikel");
-  if (!isComplete && stored.value("dbVersion"))
-    stored.set("dbVersion", "0");
+  if (isComplete || version < kPresentVersion)
+    return;
+  stored.set("dbVersion", "0");
+  note("Spalten der Tabelle Seite oder die Tabelle Artikel fehlen. Sie sind neu angelegt und leer.");
 }
 
 } // namespace mrd::project

@@ -39,6 +39,7 @@ private:
   void defineTable(const std::vector<std::string>& definitions);
   bool acceptPage(const std::vector<dao::Value>& values);
   bool acceptCounter(const std::vector<dao::Value>& values);
+  void noteEmptyColumns();
   void completeTables();
   void completeRoot();
   void noteMissingParents();

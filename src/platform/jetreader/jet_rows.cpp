@@ -18,6 +18,7 @@ namespace {
 constexpr int kDeleted = 0x8000, kMoved = 0x4000, kPlace = 0x1fff;
 constexpr std::size_t kMemoHeader = 12, kPointer = 4;
 constexpr std::uint32_t kMemoInRow = 0x80000000, kMemoOnOnePage = 0x40000000, kMemoLength = 0x3fffffff;
+constexpr const char* kUnreadable = "Die Datei ist beschädigt und kann nicht gelesen werden.";
 constexpr std::size_t kLongestMemo = std::size_t{32} << 20;
 
 Column describe(const MdbColumn& column)
@@ -284,11 +285,86 @@ std::optional<Place> follow(MdbHandle* mdb, Place place, unsigned long table)
 
 } // namespace
 
+/// The rows of a table, in the order of its pages.
+class JetFile::RowWalk {
+public:
+  RowWalk(State& state, Walk& walk, unsigned long page, std::string_view name, const Row& row)
+      : state_(state), mdb_(state.mdb), walk_(walk), page_(page), name_(name), row_(row), cracked_(256 + walk.columns()),
+        fields_(walk.columns())
+  {
+    for (std::size_t i = 0; i < walk_.columns(); ++i)
+      columns_.push_back(describe(walk_.column(i)));
+  }
+
+  const std::vector<Column>& columns() const { return columns_; }
+
+  void run()
+  {
+    std::set<guint32> seen;
+    while (mdb_read_next_dpg(walk_.table())) {
+      const auto current = walk_.table()->cur_phys_pg;
+      if (!seen.insert(current).second)
+        break;
+      const int most = static_cast<int>(mdb_->fmt->pg_size / 2);
+      const int count = std::min<int>(mdb_get_int16(mdb_->pg_buf, mdb_->fmt->row_count_offset), most);
+      for (int i = 0; i < count; ++i)
+        visit(current, i);
+    }
+    // Whole pages of rows can be gone without a trace but this.
+    const auto said = walk_.table()->num_rows;
+    if (read_ + lost_ != said)
+      note("Die Datei nennt " + std::to_string(said) + " Zeilen, gelesen wurden " + std::to_string(read_) + ".");
+  }
+
+private:
+  void visit(guint32 current, int number)
+  {
+    auto place = placeOf(mdb_, number);
+    if (place && (place->flags & kDeleted))
+      return;
+    const bool moved = place && (place->flags & kMoved);
+    if (moved)
+      place = follow(mdb_, *place, page_);
+    if (place && place->length > 0 && mdb_crack_row(walk_.table(), place->start, place->length, cracked_.data()) >= 0) {
+      take();
+    } else {
+      note("Eine Zeile ist beschädigt und fehlt.");
+      ++lost_;
+    }
+    if (moved && mdb_read_pg(mdb_, current) != mdb_->fmt->pg_size)
+      throw std::runtime_error(kUnreadable);
+  }
+
+  void take()
+  {
+    bool complete = true;
+    for (std::size_t i = 0; i < fields_.size(); ++i)
+      fields_[i] = state_.field(walk_.column(i), cracked_[i], complete);
+    if (!complete)
+      note("Eine Zeile ist unvollständig.");
+    row_(columns_, fields_);
+    ++read_;
+  }
+
+  void note(std::string_view what) const { leaveOut("Tabelle " + std::string(name_) + ": " + std::string(what)); }
+
+  State& state_;
+  MdbHandle* mdb_;
+  Walk& walk_;
+  unsigned long page_;
+  std::string_view name_;
+  const Row& row_;
+  std::vector<Column> columns_;
+  std::vector<MdbField> cracked_;
+  std::vector<Field> fields_;
+  std::size_t read_ = 0, lost_ = 0;
+};
+
 JetFile::JetFile(const char* path) : state_(std::make_unique<State>())
 {
   state_->mdb = mdb_open(path, MDB_NOFLAGS);
   if (state_->mdb == nullptr)
-    throw std::runtime_error("Die Datei ist beschädigt und kann nicht gelesen werden.");
+    throw std::runtime_error(kUnreadable);
   if (hasPassword(*state_->mdb))
     throw std::runtime_error(
         "Die Datenbank ist mit einem Kennwort geschützt. Bitte entfernen Sie es zuerst mit dem alten Programm.");
@@ -298,45 +374,12 @@ JetFile::~JetFile() = default;
 
 bool JetFile::walk(unsigned long page, std::string_view name, const Columns& columns, const Row& row)
 {
-  MdbHandle* const mdb = state_->mdb;
-  Walk walk(mdb, page);
+  Walk walk(state_->mdb, page);
   if (!walk)
     return false;
-  std::vector<Column> described;
-  for (std::size_t i = 0; i < walk.columns(); ++i)
-    described.push_back(describe(walk.column(i)));
-  columns(described);
-  std::vector<MdbField> cracked(256 + walk.columns());
-  std::vector<Field> fields(walk.columns());
-  const auto note = [&](std::string_view what) { leaveOut("Tabelle " + std::string(name) + ": " + std::string(what)); };
-  std::set<guint32> seen;
-  while (mdb_read_next_dpg(walk.table())) {
-    const auto current = walk.table()->cur_phys_pg;
-    if (!seen.insert(current).second)
-      break;
-    const int count =
-        std::min<int>(mdb_get_int16(mdb->pg_buf, mdb->fmt->row_count_offset), static_cast<int>(mdb->fmt->pg_size / 2));
-    for (int i = 0; i < count; ++i) {
-      auto place = placeOf(mdb, i);
-      if (place && (place->flags & kDeleted))
-        continue;
-      const bool moved = place && (place->flags & kMoved);
-      if (moved)
-        place = follow(mdb, *place, page);
-      if (place && place->length > 0 && mdb_crack_row(walk.table(), place->start, place->length, cracked.data()) >= 0) {
-        bool complete = true;
-        for (std::size_t c = 0; c < fields.size(); ++c)
-          fields[c] = state_->field(walk.column(c), cracked[c], complete);
-        if (!complete)
-          note("Eine Zeile ist unvollständig.");
-        row(described, fields);
-      } else {
-        note("Eine Zeile ist beschädigt und fehlt.");
-      }
-      if (moved && mdb_read_pg(mdb, current) != mdb->fmt->pg_size)
-        return true;
-    }
-  }
+  RowWalk rows(*state_, walk, page, name, row);
+  columns(rows.columns());
+  rows.run();
   return true;
 }
 

@@ -40,6 +40,7 @@ public:
 
 private:
   struct State;
+  class RowWalk;
   std::unique_ptr<State> state_;
 };
 

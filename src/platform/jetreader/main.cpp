@@ -35,6 +35,8 @@ double real(const Field& field)
   return out;
 }
 
+bool isText(const Column& column) { return column.type == Type::Text || column.type == Type::Memo; }
+
 struct TableEntry {
   std::string name;
   unsigned long page;
@@ -67,7 +69,8 @@ std::vector<TableEntry> tablesOf(JetFile& file)
   return out;
 }
 
-void putField(JetFile& file, const Column& column, const Field& field)
+/// Of a field whose text is UTF-8 already.
+void putField(const Column& column, const Field& field)
 {
   if (column.type == Type::Yes) {
     put(wire::Field::Integer);
@@ -75,9 +78,9 @@ void putField(JetFile& file, const Column& column, const Field& field)
   }
   if (!field)
     return put(wire::Field::Null);
-  if (column.type == Type::Text || column.type == Type::Memo) {
+  if (isText(column)) {
     put(wire::Field::Text);
-    return putText(file.text(*field));
+    return putText(*field);
   }
   if (column.type == Type::Date) {
     put(wire::Field::Text);
@@ -105,32 +108,52 @@ void putColumns(const std::string& name, const std::vector<Column>& columns)
     }
 }
 
-/// Only damage gives a number that is none, or a day before the year 100 or behind 9999.
-void dropNonsense(const std::string& table, const std::vector<Column>& columns, std::vector<Field>& fields)
+/// Whether a text holds what no keyboard makes: a zero, the unit with all bits set, half a pair of units (the replacement
+/// character).
+bool isGarbled(std::string_view text)
+{
+  return text.find('\0') != std::string_view::npos || text.find("\xef\xbf\xbf") != std::string_view::npos ||
+         text.find("\xef\xbf\xbd") != std::string_view::npos;
+}
+
+/// What only damage can have done to a field, in words for the user; empty for a sound one. Dates reach from the year 100 to
+/// 9999.
+std::string_view damageOf(const Column& column, const Field& field)
+{
+  if (!field)
+    return {};
+  if (isText(column) && isGarbled(*field))
+    return " ist teilweise unlesbar.";
+  if (column.type == Type::Date && !dateOf(real(field)))
+    return " ist kein Datum und fehlt.";
+  if (column.type == Type::Double && std::isnan(real(field)))
+    return " ist keine Zahl und fehlt.";
+  return {};
+}
+
+void putRow(JetFile& file, const std::string& table, const std::vector<Column>& columns, std::vector<Field>& fields)
 {
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (!fields[i])
+    if (fields[i] && isText(columns[i]))
+      fields[i] = file.text(*fields[i]);
+    const auto damage = damageOf(columns[i], fields[i]);
+    if (damage.empty())
       continue;
-    const bool isDate = columns[i].type == Type::Date;
-    if ((isDate && !dateOf(real(fields[i]))) || (columns[i].type == Type::Double && std::isnan(real(fields[i])))) {
-      leaveOut("Tabelle " + table + ": Ein Wert der Spalte " + columns[i].name +
-               (isDate ? " ist kein Datum" : " ist keine Zahl") + " und fehlt.");
+    leaveOut("Tabelle " + table + ": Ein Wert der Spalte " + columns[i].name + std::string(damage));
+    if (!isText(columns[i]))
       fields[i].reset();
-    }
   }
+  put(wire::Record::Row);
+  for (std::size_t i = 0; i < columns.size(); ++i)
+    if (columns[i].type != Type::Other)
+      putField(columns[i], fields[i]);
 }
 
 void putTable(JetFile& file, const TableEntry& entry)
 {
   const bool found = file.walk(
       entry.page, entry.name, [&](const auto& columns) { putColumns(entry.name, columns); },
-      [&](const std::vector<Column>& columns, std::vector<Field>& fields) {
-        dropNonsense(entry.name, columns, fields);
-        put(wire::Record::Row);
-        for (std::size_t i = 0; i < columns.size(); ++i)
-          if (columns[i].type != Type::Other)
-            putField(file, columns[i], fields[i]);
-      });
+      [&](const auto& columns, auto& fields) { putRow(file, entry.name, columns, fields); });
   if (!found)
     leaveOut("Die Tabelle " + entry.name + " ist beschädigt und fehlt.");
 }
