@@ -12,6 +12,8 @@
 
 #include <map>
 #include <optional>
+#include <set>
+#include <utility>
 
 namespace mrd::pictures {
 namespace {
@@ -125,7 +127,8 @@ private:
       return std::nullopt;
     const auto& name = nameInPix(path);
     if (name.empty()) {
-      result_.missing.push_back({place, reference.written});
+      if (told_.emplace(place, reference.written).second)
+        result_.missing.push_back({place, reference.written});
       return std::nullopt;
     }
     return referenceTo(exportPath_ + "pix/" + name, reference.endsAtBlank);
@@ -180,6 +183,7 @@ private:
   const std::string exportPath_;
   const PictureFolder* folder_;
   std::map<std::string, std::string> names_;
+  std::set<std::pair<std::string, std::string>> told_;
   TurnedReferences result_;
 };
 

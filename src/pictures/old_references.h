@@ -22,6 +22,7 @@ struct MissingPicture {
 struct TurnedReferences {
   /// References that lead to this machine now, and files that were copied for them.
   std::size_t turned = 0, copied = 0;
+  /// Each once.
   std::vector<MissingPicture> missing;
   /// Pictures that were found and could not be copied, each with the reason.
   std::vector<std::string> failed;

@@ -209,7 +209,7 @@ void JetContent::lowerDamagedVersion()
   settings::StoredSettings stored(db_);
   const auto version = base::trim(stored.value("dbVersion").value_or("0"));
   const bool isComplete = has("expanded") && has("script") && has("changingdate") && db_.hasTable("Artikel");
-  if (isComplete || version < kPresentVersion)
+  if (isComplete || version != kPresentVersion)
     return;
   stored.set("dbVersion", "0");
   note("Spalten der Tabelle Seite oder die Tabelle Artikel fehlen. Sie sind neu angelegt und leer.");

@@ -103,6 +103,8 @@ std::optional<Conversion> convertInPlace(std::string_view path, const dao::JetRe
 
 Conversion convertTo(std::string_view jetFile, std::string_view target, const dao::JetReading& reading)
 {
+  if (!dao::isJetFile(jetFile))
+    throw Error(ErrorNumber::NotADatabase, "Die Datei ist keine Datenbank einer älteren Version.");
   const files::FileLock lock(jetFile);
   Draft draft(target);
   Conversion out{std::string(jetFile), draft.write(jetFile, reading)};

@@ -87,6 +87,8 @@ std::optional<std::string> dateOf(double days)
                       seconds(std::llround(std::fabs(days - whole) * 86400));
   const auto day = floor<std::chrono::days>(moment);
   const year_month_day date(day);
+  if (date.year() > year(9999))
+    return std::nullopt; // by rounding
   const hh_mm_ss time(moment - day);
   std::array<char, 80> text{};
   std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d:%02d:%02d", int(date.year()), unsigned(date.month()),
