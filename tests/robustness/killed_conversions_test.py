@@ -13,21 +13,20 @@ ROUNDS = 30
 
 
 class KilledConversions(OldFiles):
-    def library(self):
-        built = self.top / "kill_at_call.so"
-        subprocess.run(["cc", "-shared", "-fPIC", "-o", built, HERE / "kill_at_call.c", "-ldl"], check=True)
-        return built
-
     def run_once(self, library, number, *arguments):
         """Exit status, negative when it was killed; 0 as the number kills nothing."""
-        counts = self.top / "counts"
-        counts.unlink(missing_ok=True)
-        # Not in front of the sanitizer's own library, if there is one.
-        extra = {"LD_PRELOAD": str(library), "MRD_KILL_AT": str(number), "MRD_CALL_COUNT": str(counts)}
-        sanitizer = {"ASAN_OPTIONS": self.environment()["ASAN_OPTIONS"] + ":verify_asan_link_order=0"}
-        status = subprocess.run(self.command(*arguments), cwd=self.work, env={**self.environment(), **extra, **sanitizer},
-                                stdin=subprocess.DEVNULL, capture_output=True, timeout=60).returncode
-        return status, counts
+        self.counts = self.top / "counts"
+        self.counts.unlink(missing_ok=True)
+        variables = self.loading(library, MRD_KILL_AT=number, MRD_CALL_COUNT=self.counts)
+        return subprocess.run(self.command(*arguments), cwd=self.work, env={**self.environment(), **variables},
+                              stdin=subprocess.DEVNULL, capture_output=True, timeout=60).returncode
+
+    def number_of_calls(self, library, *arguments):
+        self.assertEqual(self.run_once(library, 0, *arguments), 0)
+        # The reader is another program, which counts by itself.
+        total = max(map(int, self.counts.read_text().split()))
+        self.assertGreater(total, 20)
+        return total
 
     def assert_old_or_new(self, name, where):
         """And what the next opening makes of it."""
@@ -47,18 +46,14 @@ class KilledConversions(OldFiles):
         self.assertEqual(self.rows("SELECT count(*), count(DISTINCT id) FROM Seite"), [(pages, pages)])
 
     def test_at_every_call_that_changes_a_file(self):
-        library = self.library()
+        library = self.library(HERE / "kill_at_call.c")
         self.put(PRESENT)
-        status, counts = self.run_once(library, 0, "import", self.file)
-        self.assertEqual(status, 0)
-        total = max(map(int, counts.read_text().split()))
-        self.assertGreater(total, 20)
+        total = self.number_of_calls(library, "import", self.file)
         old_left = new_there = 0
         for number in range(1, total + 1):
             self.start_anew()
             self.put(PRESENT)
-            status, _ = self.run_once(library, number, "import", self.file)
-            self.assertEqual(status, -9, f"call {number} of {total}")
+            self.assertEqual(self.run_once(library, number, "import", self.file), -9, f"call {number} of {total}")
             old_left += self.file.read_bytes() == bytes_of(PRESENT)
             new_there += self.file.read_bytes() != bytes_of(PRESENT)
             self.assert_old_or_new(PRESENT, f"call {number} of {total}")
@@ -66,12 +61,10 @@ class KilledConversions(OldFiles):
         self.assertGreater(new_there, 0, "no kill came behind the last rename")
 
     def test_a_new_file_is_there_whole_or_not_at_all(self):
-        library = self.library()
+        library = self.library(HERE / "kill_at_call.c")
         old, target = self.work / "alt.mdb", self.file
         old.write_bytes(bytes_of(GROWN))
-        status, counts = self.run_once(library, 0, "import", old, target)
-        self.assertEqual(status, 0)
-        for number in range(1, max(map(int, counts.read_text().split())) + 1):
+        for number in range(1, self.number_of_calls(library, "import", old, target) + 1):
             target.unlink(missing_ok=True)
             self.run_once(library, number, "import", old, target)
             if not target.exists():

@@ -3,6 +3,7 @@
 import json
 import pathlib
 import shutil
+import subprocess
 
 from house import House
 
@@ -61,6 +62,20 @@ class OldFiles(House):
             self.assertEqual(columns, [column["name"] for column in content["columns"]], table)
             self.assertEqual(list(map(repr, in_any_order(self.rows_of(table, content["columns"])))),
                              list(map(repr, in_any_order(expected_rows(content)))), table)
+
+    def library(self, source):
+        """A library to be loaded in front of the others, which changes what calls do: from a file, or from its text."""
+        if not isinstance(source, pathlib.Path):
+            text, source = source, self.top / "vorweg.c"
+            source.write_text(text)
+        built = self.top / f"{source.stem}.so"
+        subprocess.run(["cc", "-shared", "-fPIC", "-o", built, source, "-ldl"], check=True)
+        return built
+
+    def loading(self, library, **variables):
+        """Environment for a run with such a library. A sanitizer would like to be the first."""
+        options = self.environment()["ASAN_OPTIONS"] + ":verify_asan_link_order=0"
+        return {"LD_PRELOAD": str(library), "ASAN_OPTIONS": options, **{name: str(value) for name, value in variables.items()}}
 
     def start_anew(self):
         for path in list(self.work.iterdir()):

@@ -137,18 +137,11 @@ class OldProjects(OldFiles):
             #include <errno.h>
             int link(const char* from, const char* to) { errno = EPERM; return -1; }
         """)
-        self.assert_done("pages", self.file, env={"LD_PRELOAD": library})
+        self.assert_done("pages", self.file, env=self.loading(library))
         self.assertEqual(self.kept.read_bytes(), bytes_of(GROWN))
         self.assert_sound()
-        self.assert_done("import", self.kept, self.work / "zweites.mdb", env={"LD_PRELOAD": library})
+        self.assert_done("import", self.kept, self.work / "zweites.mdb", env=self.loading(library))
         self.assertEqual(set(self.files()), {"haus.mdb", "haus.jet.mdb", "zweites.mdb"})
-
-    def library(self, text):
-        """A library to be loaded in front of the others, which changes what a call does."""
-        source, built = self.top / "vorweg.c", self.top / "vorweg.so"
-        source.write_text(text)
-        subprocess.run(["cc", "-shared", "-fPIC", "-o", built, source], check=True)
-        return str(built)
 
 
 class Refusals(OldFiles):
