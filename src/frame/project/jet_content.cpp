@@ -50,14 +50,6 @@ std::string shown(std::string_view text)
   return base::format("\"{}{}\"", start, start.size() < text.size() ? "..." : "");
 }
 
-std::string joined(const std::vector<std::string>& pieces)
-{
-  std::string out;
-  for (const auto& piece : pieces)
-    out += (out.empty() ? "" : ", ") + piece;
-  return out;
-}
-
 } // namespace
 
 void JetContent::leftOut(std::string what) { note(what); }
@@ -71,7 +63,7 @@ void JetContent::note(std::string_view what)
 
 void JetContent::table(dao::JetTable table)
 {
-  name_ = table.name;
+  name_ = std::move(table.name);
   insert_.clear();
   taken_.clear();
   counters_.clear();
@@ -80,7 +72,8 @@ void JetContent::table(dao::JetTable table)
     note(base::format("Die Tabelle {} ist beschädigt und fehlt.", shown(name_)));
     return;
   }
-  std::vector<std::string> names, definitions, places;
+  std::vector<std::string> names;
+  std::string definitions, bracketed, places;
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
     const auto& [name, type] = table.columns[i];
     const bool isCounter = type == kCounterType && counter_ == kNowhere;
@@ -91,28 +84,32 @@ void JetContent::table(dao::JetTable table)
     }
     if (isCounter)
       counter_ = i;
-    else if (sameName(name_, kPages) && sameName(name, "id"))
-      id_ = i;
-    else if (sameName(name_, kPages) && sameName(name, "Überschrift"))
-      heading_ = i;
+    rememberPlace(name, i);
+    const std::string_view separator = names.empty() ? "" : ", ";
+    definitions += separator;
+    definitions +=
+        isCounter ? base::format("[{0}] COUNTER CONSTRAINT [{0}] PRIMARY KEY", name) : base::format("[{}] {}", name, type);
+    bracketed += base::format("{}[{}]", separator, name);
+    places += base::format("{}?", separator);
     names.push_back(name);
-    places.emplace_back("?");
-    definitions.push_back(isCounter ? base::format("[{0}] COUNTER CONSTRAINT [{0}] PRIMARY KEY", name)
-                                    : base::format("[{}] {}", name, type));
     taken_.push_back(i);
   }
   if (names.empty()) {
     note(base::format("Die Tabelle {} hat keine Spalten und fehlt.", shown(name_)));
     return;
   }
-  defineTable(definitions);
-  insert_ =
-      base::format("INSERT INTO [{}] ([{}]) VALUES ({})", name_, base::replaceAll(joined(names), ", ", "], ["), joined(places));
+  db_.execute(base::format("CREATE TABLE [{}] ({})", name_, definitions));
+  insert_ = base::format("INSERT INTO [{}] ({}) VALUES ({})", name_, bracketed, places);
 }
 
-void JetContent::defineTable(const std::vector<std::string>& definitions)
+void JetContent::rememberPlace(std::string_view column, std::size_t place)
 {
-  db_.execute(base::format("CREATE TABLE [{}] ({})", name_, joined(definitions)));
+  if (!sameName(name_, kPages))
+    return;
+  if (sameName(column, "id"))
+    id_ = place;
+  else if (sameName(column, "Überschrift"))
+    heading_ = place;
 }
 
 void JetContent::row(std::vector<dao::Value> values)

@@ -36,7 +36,7 @@ private:
   static constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
 
   void note(std::string_view what);
-  void defineTable(const std::vector<std::string>& definitions);
+  void rememberPlace(std::string_view column, std::size_t place);
   bool acceptPage(const std::vector<dao::Value>& values);
   bool acceptCounter(const std::vector<dao::Value>& values);
   void noteEmptyColumns();
