@@ -113,6 +113,7 @@ std::string replaceAll(std::string_view text, std::string_view from, std::string
   std::string out;
   if (from.empty())
     return std::string(text);
+  out.reserve(text.size() + to.size());
   for (;;) {
     const auto at = text.find(from);
     if (at == std::string_view::npos)

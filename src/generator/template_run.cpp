@@ -10,6 +10,7 @@
 #include "generator/templates/xml_layout.h"
 #include "platform/files/path.h"
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -27,6 +28,8 @@ constexpr std::array<std::string_view, 7> kPictures{"mrdbanner.gif",  "pixel.gif
 struct UmlautEntity {
   std::string_view umlaut, entity;
 };
+/// Umlauts begin with this byte in UTF-8.
+constexpr char kUmlautLead = '\xC3';
 constexpr UmlautEntity kEntities[] = {{"ä", "&auml;"}, {"Ä", "&Auml;"}, {"ö", "&ouml;"}, {"Ö", "&Ouml;"},
                                       {"ü", "&uuml;"}, {"Ü", "&Uuml;"}, {"ß", "&szlig;"}};
 
@@ -56,11 +59,19 @@ std::string layoutName(const settings::ComboBox& ComboGrundlayout)
 
 std::string wandelUmlaute(std::string_view text)
 {
-  std::string out(text);
-  for (const auto& [umlaut, entity] : kEntities)
-    if (base::contains(out, umlaut))
-      out = base::replaceAll(out, umlaut, entity);
-  return out;
+  std::string out;
+  out.reserve(text.size());
+  std::size_t copied = 0;
+  for (auto at = text.find(kUmlautLead); at != std::string_view::npos; at = text.find(kUmlautLead, at)) {
+    const auto* const known = std::ranges::find_if(kEntities, [&](const auto& row) { return text.substr(at).starts_with(row.umlaut); });
+    if (known == std::end(kEntities)) {
+      ++at;
+      continue;
+    }
+    out.append(text.substr(copied, at - copied)).append(known->entity);
+    copied = at += known->umlaut.size();
+  }
+  return out.append(text.substr(copied));
 }
 
 TemplateRun::TemplateRun(const RunJob& job)

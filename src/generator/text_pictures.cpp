@@ -5,6 +5,8 @@
 #include "platform/files/files.h"
 #include "platform/files/path.h"
 
+#include <algorithm>
+
 namespace mrd::generator {
 namespace {
 
@@ -13,41 +15,73 @@ constexpr std::size_t kQuoteWithin = 5;
 
 constexpr char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
-/// Where `word` (lower case) stands in `text`, whatever the case there.
-std::size_t findWord(std::string_view text, std::string_view word)
-{
-  const auto same = [](char a, char b) { return lowered(a) == b; };
-  const char first[] = {word[0], static_cast<char>(word[0] - ('a' - 'A')), '\0'};
-  for (std::size_t at = text.find_first_of(first); at != std::string_view::npos; at = text.find_first_of(first, at + 1))
-    if (text.size() - at >= word.size() && std::equal(word.begin(), word.end(), text.begin() + static_cast<std::ptrdiff_t>(at),
-                                                      [&](char w, char t) { return same(t, w); }))
-      return at;
-  return std::string_view::npos;
-}
+/// Finds a word (lower case) in a text, whatever the case there. It looks for the word's last letter: in pages it is the rarest one of
+/// both attribute names, so that nearly all of a text is passed at the speed of a search for one character.
+class WordSearch {
+public:
+  WordSearch(std::string_view text, std::string_view word) : text_(text), word_(word)
+  {
+    lower_.letter = word.back();
+    upper_.letter = static_cast<char>(word.back() - ('a' - 'A'));
+  }
 
-/// Passes over a text from attribute to attribute and gives each value to `rewrite`. `behindName` characters behind the name belong to it.
-template <class Rewrite>
-std::string rewriteAttributes(std::string_view rest, std::string_view name, std::size_t behindName, Rewrite rewrite)
-{
-  std::string done;
-  done.reserve(rest.size() + rest.size() / 8);
-  const auto move = [&](std::size_t count) {
-    done.append(rest.substr(0, count));
-    rest.remove_prefix(std::min(count, rest.size()));
+  /// The word's next occurrence that begins at `from` or behind; `from` never goes back.
+  std::size_t next(std::size_t from)
+  {
+    for (std::size_t last = nextLetter(from + word_.size() - 1); last != std::string_view::npos; last = nextLetter(last + 1)) {
+      const std::size_t start = last + 1 - word_.size();
+      if (std::ranges::equal(text_.substr(start, word_.size()), word_, {}, lowered))
+        return start;
+    }
+    return std::string_view::npos;
+  }
+
+private:
+  struct Cursor {
+    char letter = '\0';
+    std::size_t position = 0;
   };
-  for (std::size_t at = findWord(rest, name); at != std::string_view::npos; at = findWord(rest, name)) {
-    move(at + name.size() + behindName);
-    const std::size_t quote = std::min(rest.find_first_of("'\""), rest.size());
+
+  std::size_t nextLetter(std::size_t from)
+  {
+    for (auto* const cursor : {&lower_, &upper_})
+      if (cursor->position < from)
+        cursor->position = text_.find(cursor->letter, from);
+    return std::min(lower_.position, upper_.position);
+  }
+
+  std::string_view text_, word_;
+  Cursor lower_, upper_;
+};
+
+/// Passes over a text from attribute to attribute, in any case, and gives each value to `rewrite`. `behindName` characters behind the
+/// name belong to it.
+template <class Rewrite>
+std::string rewriteAttributes(std::string_view text, std::string_view name, std::size_t behindName, Rewrite rewrite)
+{
+  WordSearch search(text, name);
+  std::string done;
+  done.reserve(text.size() + text.size() / 8);
+  std::size_t copied = 0;
+  const auto copyTo = [&](std::size_t position) {
+    position = std::min(position, text.size());
+    done.append(text.substr(copied, position - copied));
+    copied = position;
+  };
+  for (std::size_t at = search.next(0); at != std::string_view::npos; at = search.next(copied)) {
+    copyTo(at + name.size() + behindName);
+    const std::string_view rest = text.substr(copied);
+    const std::size_t quote = std::min(rest.substr(0, kQuoteWithin).find_first_of("'\""), std::min(rest.size(), kQuoteWithin));
     if (quote + 1 > kQuoteWithin)
       continue;
     const char mark = quote < rest.size() ? rest[quote] : '\0';
-    move(quote + 1);
-    const std::size_t end = std::min(rest.find(mark), rest.size());
-    done += rewrite(rest.substr(0, end));
-    rest.remove_prefix(end);
-    move(1);
+    copyTo(copied + quote + 1);
+    const std::size_t end = std::min(text.find(mark, copied), text.size());
+    done += rewrite(text.substr(copied, end - copied));
+    copied = end;
+    copyTo(copied + 1);
   }
-  return done.append(rest);
+  return done.append(text.substr(copied));
 }
 
 } // namespace
@@ -61,27 +95,37 @@ std::string TextPictures::HTMBilderAnpassen(std::string_view text, std::string_v
 
 std::string TextPictures::pictureValue(std::string_view value, std::string_view basislink)
 {
-  const std::string base(basislink);
   if (files::isForeignReference(value))
     return std::string(value);
+  const std::string base(basislink);
   if (value.empty() || value == "xxx" || base::contains(value, "http:"))
     return base + std::string(value);
-  auto use = pictureOf(files::pathFromReference(value));
-  const std::string target = pathInPix(use, exportpfad_);
-  if (paths::datei_vorhanden(sourcePath(use, exportpfad_)) && !paths::datei_vorhanden(target))
-    Bildkopie(use, exportpfad_);
-  else if (bringFromLayout(use.fileName(), target))
-    use.verzeichnis = exportpfad_ + "pix\\";
-  if (use.verzeichnis.empty())
-    return base + std::string(value);
-  register_.dateiindatenbank(target, project::Dateityp::Picture);
-  return base + "pix/" + use.fileName();
+  if (const auto settled = settled_.find(value); settled != settled_.end())
+    return base + settled->second;
+  return base + bringPicture(value);
 }
 
-bool TextPictures::bringFromLayout(std::string_view fileName, std::string_view target) const
+std::string TextPictures::bringPicture(std::string_view value)
+{
+  auto use = pictureOf(files::pathFromReference(value));
+  const std::string target = pathInPix(use, exportpfad_);
+  const bool isThere = paths::datei_vorhanden(target);
+  if (!isThere && paths::datei_vorhanden(sourcePath(use, exportpfad_)))
+    Bildkopie(use, exportpfad_);
+  else if (!isThere && bringFromLayout(use.fileName()))
+    use.verzeichnis = exportpfad_ + "pix\\";
+  if (!use.verzeichnis.empty())
+    register_.dateiindatenbank(target, project::Dateityp::Picture);
+  std::string reference = use.verzeichnis.empty() ? std::string(value) : "pix/" + use.fileName();
+  if (isThere)
+    settled_.emplace(value, reference);
+  return reference;
+}
+
+bool TextPictures::bringFromLayout(std::string_view fileName) const
 {
   const std::string ofLayout = program_.file("\\xml\\pix\\" + std::string(fileName));
-  if (paths::datei_vorhanden(target) || !paths::datei_vorhanden(ofLayout))
+  if (!paths::datei_vorhanden(ofLayout))
     return false;
   files::copyFile(ofLayout, exportpfad_ + "pix\\" + std::string(fileName));
   return true;

@@ -4,6 +4,8 @@
 #include "frame/paths/paths.h"
 #include "frame/project/file_register.h"
 
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -23,12 +25,16 @@ public:
 private:
   std::string pictureValue(std::string_view value, std::string_view basislink);
   std::string linkValue(std::string_view value, std::string_view basislink);
-  bool bringFromLayout(std::string_view fileName, std::string_view target) const;
+  std::string bringPicture(std::string_view value);
+  bool bringFromLayout(std::string_view fileName) const;
 
   const paths::ProgramFiles& program_;
   const std::string exportpfad_;
   project::FileRegister& register_;
   std::string& tbbasisurl_;
+  /// New references of the values whose copies were there when they were met: nothing is left to be done for them, and a menu brings
+  /// the same picture with each of its rows.
+  std::map<std::string, std::string, std::less<>> settled_;
 };
 
 } // namespace mrd::generator

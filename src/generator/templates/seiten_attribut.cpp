@@ -11,6 +11,18 @@ namespace {
   throw base::Error(base::ErrorNumber::SubscriptOutOfRange, "Element nicht gefunden: " + which);
 }
 
+constexpr std::string_view kStart = "[mrd:";
+
+/// From the first placeholder of a text to the last: a page is long, and its placeholders stand close together in its head.
+std::string_view stretchOfPlaceholders(std::string_view text)
+{
+  const auto first = text.find(kStart);
+  if (first == std::string_view::npos)
+    return {};
+  const auto end = text.find(']', text.rfind(kStart));
+  return text.substr(first, end == std::string_view::npos ? end : end + 1 - first);
+}
+
 } // namespace
 
 const SeitenAttribut& SeitenAttribute::Add(std::string_view Platzhalter, std::string_view Wert, std::string_view sKey)
@@ -52,9 +64,14 @@ void SeitenAttribute::Remove(std::string_view sKey) { Remove(positionOf(sKey)); 
 
 void replaceAttributes(std::string& text, const SeitenAttribute& attributes, std::string_view except)
 {
-  for (const auto& [placeholder, value] : attributes)
-    if (placeholder != except && base::contains(text, placeholder))
-      text = base::replaceAll(text, placeholder, value);
+  std::string_view stretch = stretchOfPlaceholders(text);
+  for (const auto& [placeholder, value] : attributes) {
+    const std::string_view place = placeholder.starts_with(kStart) ? stretch : std::string_view(text);
+    if (placeholder == except || !base::contains(place, placeholder))
+      continue;
+    text = base::replaceAll(text, placeholder, value);
+    stretch = stretchOfPlaceholders(text);
+  }
 }
 
 } // namespace mrd::templates

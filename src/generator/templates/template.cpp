@@ -14,6 +14,8 @@ constexpr std::string_view kLink = "[mrd:ID]";
 constexpr std::string_view kBase = "[mrd:Kompletterlink]";
 constexpr std::string_view kHomepageId = "00";
 constexpr std::string_view kRootName = "root";
+/// What placeholders that headings bring in may add to a level's rows, in bytes. Two of them in each heading double the rows with each row.
+constexpr std::size_t kMostGrowth = 1'000'000;
 
 /// What a node below a row is given.
 TemplatePage pageOfRow(std::string_view Seitenid, const PageRow& row, PageSource& pages)
@@ -106,18 +108,17 @@ std::string Template::getHtmlZeile(const TemplatePage& page, std::string_view pa
 
 std::string Template::menuRows(const TemplatePage& page, std::string_view parent, int seitentyp, const TemplateSite& site)
 {
-  std::string result;
-  bool leftover = false;
+  MenuRows rows;
   for (const PageRow* const row : site.pages.level(parent)) {
     const bool hit = page.Seitenid.starts_with(row->id);
-    appendRow(result, leftover, *row, row->id == page.Seitenid || (hit && isActiveMenuitem), seitentyp, site);
+    appendRow(rows, *row, row->id == page.Seitenid || (hit && isActiveMenuitem), seitentyp, site);
     if ((hit || isShowChildren) && hasChildren())
-      leftover |= appendRowChildren(result, page, *row, site);
+      rows.leftover |= appendRowChildren(rows.text, page, *row, site);
   }
-  return result;
+  return std::move(rows.text);
 }
 
-void Template::appendRow(std::string& result, bool& leftover, const PageRow& row, bool active, int seitentyp, const TemplateSite& site)
+void Template::appendRow(MenuRows& rows, const PageRow& row, bool active, int seitentyp, const TemplateSite& site)
 {
   mrd::templates::SeitenAttribute list;
   list.Add("[mrd:Überschrift]", row.Überschrift);
@@ -125,14 +126,16 @@ void Template::appendRow(std::string& result, bool& leftover, const PageRow& row
   std::string text = active ? CodeActive : Code;
   text += base::kCrLf;
   // A row's values reach all that stands before it too; as a rule nothing is left there for them.
-  if (leftover) {
-    result += text;
-    HTMSetzeInhalte(result, row.id, seitentyp, list, site);
-    leftover = holdsPagePlaceholder(result);
+  if (rows.leftover && rows.growth < kMostGrowth) {
+    rows.text += text;
+    const std::size_t before = rows.text.size();
+    HTMSetzeInhalte(rows.text, row.id, seitentyp, list, site);
+    rows.growth += rows.text.size() - std::min(before, rows.text.size());
+    rows.leftover = holdsPagePlaceholder(rows.text);
   } else {
     HTMSetzeInhalte(text, row.id, seitentyp, list, site);
-    leftover = holdsPagePlaceholder(text);
-    result += text;
+    rows.leftover |= holdsPagePlaceholder(text);
+    rows.text += text;
   }
 }
 

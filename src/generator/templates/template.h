@@ -88,9 +88,17 @@ public:
                        const mrd::templates::SeitenAttribute& InhaltsAttribute, const TemplateSite& site);
 
 private:
+  /// The rows of a level, as far as they are made.
+  struct MenuRows {
+    std::string text;
+    /// The text holds placeholders that the values of further rows fill.
+    bool leftover = false;
+    /// Bytes that filling them has added.
+    std::size_t growth = 0;
+  };
+
   std::string menuRows(const TemplatePage& page, std::string_view parent, int seitentyp, const TemplateSite& site);
-  /// `leftover`: the result holds placeholders that the values of further rows fill.
-  void appendRow(std::string& result, bool& leftover, const PageRow& row, bool active, int seitentyp, const TemplateSite& site);
+  void appendRow(MenuRows& rows, const PageRow& row, bool active, int seitentyp, const TemplateSite& site);
   bool appendRowChildren(std::string& result, const TemplatePage& page, const PageRow& row, const TemplateSite& site);
   void closePage(std::string& result, const TemplatePage& page, int seitentyp, const TemplateSite& site);
 

@@ -46,9 +46,9 @@ void Nodeoutput(Template& node, const std::vector<xml::Element>& nodes)
 {
   for (const auto& element : nodes) {
     if (element.name == "code")
-      node.Code = element.text;
+      node.Code = element.textContent();
     else if (element.name == "codeactive")
-      node.CodeActive = element.text;
+      node.CodeActive = element.textContent();
     if (!element.hasChildNodes)
       continue;
     if (element.name == "root")

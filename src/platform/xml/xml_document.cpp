@@ -39,17 +39,25 @@ Element convert(const pugi::xml_node& node)
     element.attributes.emplace(attribute.name(), attribute.value());
   for (const auto& child : node.children()) {
     if (isText(child)) {
-      element.text += base::toCrLf(child.value());
+      (element.children.empty() ? element.text : element.children.back().tail) += base::toCrLf(child.value());
       element.hasChildNodes |= child.type() == pugi::node_cdata || !isBlank(child.value());
     } else if (child.type() == pugi::node_element) {
       element.children.push_back(convert(child));
-      element.text += element.children.back().text;
       element.hasChildNodes = true;
     } else {
       element.hasChildNodes = true;
     }
   }
   return element;
+}
+
+void appendText(std::string& out, const Element& element)
+{
+  out += element.text;
+  for (const auto& child : element.children) {
+    appendText(out, child);
+    out += child.tail;
+  }
 }
 
 /// Whether the parser decodes the bytes: it knows the encodings of Unicode by their marks or zeros, and Latin-1 by its declaration.
@@ -89,6 +97,13 @@ std::string_view Element::attribute(std::string_view attributeName) const
 {
   const auto found = attributes.find(attributeName);
   return found == attributes.end() ? std::string_view() : found->second;
+}
+
+std::string Element::textContent() const
+{
+  std::string out;
+  appendText(out, *this);
+  return out;
 }
 
 std::optional<Element> loadXml(std::string_view path)

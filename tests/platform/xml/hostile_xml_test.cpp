@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <sys/resource.h>
 
 namespace mrd::xml {
 namespace {
@@ -32,7 +33,7 @@ struct HostileXml : testing::Test {
   std::string read(std::string_view bytes) const
   {
     const auto root = loaded(bytes);
-    return root ? root->text + std::string(root->attribute("n")) : std::string();
+    return root ? root->textContent() + std::string(root->attribute("n")) : std::string();
   }
 
   void TearDown() override { EXPECT_LT(std::chrono::steady_clock::now() - start, kPatience); }
@@ -45,6 +46,14 @@ std::string repeated(std::string_view text, std::size_t count)
   for (std::size_t i = 0; i < count; ++i)
     out += text;
   return out;
+}
+
+/// The most memory that the process has had.
+long peakKb()
+{
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss;
 }
 
 std::string nested(int depth)
@@ -132,7 +141,19 @@ TEST_F(HostileXml, with_a_deep_tree_of_long_texts_is_read_in_time)
   const auto root = loaded(bytes + repeated("</t>", kDepth));
 
   ASSERT_TRUE(root);
-  EXPECT_EQ(root->text.size(), kDepth * text.size());
+  EXPECT_EQ(root->textContent().size(), kDepth * text.size());
+}
+
+TEST_F(HostileXml, with_a_long_text_deep_inside_takes_memory_by_the_files_length)
+{
+  constexpr long kReasonableKb = 300'000;
+  constexpr std::size_t kDepth = 490, kTextLength = 2'000'000;
+  const auto bytes = repeated("<t>", kDepth) + std::string(kTextLength, 'x') + repeated("</t>", kDepth);
+  const long before = peakKb();
+
+  loaded(bytes);
+
+  EXPECT_LT(peakKb() - before, kReasonableKb);
 }
 
 TEST_F(HostileXml, with_entities_that_grow_without_bounds_never_expands_them)
