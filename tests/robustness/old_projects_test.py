@@ -1,12 +1,15 @@
 """Databases of earlier versions: opened like any other, taken over to the last bit, or refused with a word."""
 
+import datetime
 import fcntl
 import os
+import random
 import shutil
 import subprocess
 import unittest
 
 from house import snapshot, with_file_limit
+from jet3_file import BIT, COUNTER, DATE, DOUBLE, LONG, MEMO, TEXT, Jet3File
 from old_files import FIRST, GROWN, NAMES, PAGE, PRESENT, OldFiles, bytes_of, expected_rows, tables_of
 
 # Kinds of pages by their first byte, and the flag of a row.
@@ -142,6 +145,68 @@ class OldProjects(OldFiles):
         self.assert_sound()
         self.assert_done("import", self.kept, self.work / "zweites.mdb", env=self.loading(library))
         self.assertEqual(set(self.files()), {"haus.mdb", "haus.jet.mdb", "zweites.mdb"})
+
+
+class Version3(OldFiles):
+    """The format before: other pages, one byte a character, other rows. No program writes such files any more; the tests do."""
+
+    PAGES = (("id", TEXT), ("Überschrift", TEXT), ("html", MEMO), ("dateiname", TEXT), ("seitentyp-id", LONG), ("changingdate", DATE),
+             ("expanded", BIT))
+    ROWS = (("00", "Größe – 5 €", "<p>" + "ä" * 40_000, "*.htm", 1, datetime.datetime(2003, 10, 26, 2, 30, 5), True),
+            ("01", "x" * 255, "<p>" + "é" * 900, None, None, None, False),
+            ("02", "", "", "", 2, datetime.datetime(1899, 12, 30), True),
+            ("03", None, None, "größe.htm", 3, None, False),
+            *((f"04{number:02}", f"Seite {number}", "kurz", "*.htm", 1, None, False) for number in range(1, 60)),
+            ("04", "Vier", "x" * 1499, "*.htm", 1, None, False))
+
+    def old(self, password=""):
+        file = Jet3File(password)
+        file.table("Seite", self.PAGES, self.ROWS)
+        file.table("Einstellungen", [("Einstellung", TEXT), ("Wert", MEMO)], [("Titel", "kurz „Text“"), ("Titel", "zwei"), ("leer", None)])
+        file.table("Dateien", [(name, TEXT) for name in ("pfad", "dateiname", "erweiterung", "pfadLokal")]
+                   + [("dateityp-id", LONG), ("übertragen", BIT), ("dateidatum", DATE)], [])
+        file.table("Artikel", [("Artikel_deutsch", TEXT), ("Preis_Euro", DOUBLE), ("Artikelnummer", LONG, COUNTER)],
+                   [("a", 0.1, 1), (None, 0.30000000000000004, 7)])
+        return file.bytes()
+
+    def test_arrives_to_the_last_bit(self):
+        self.put(self.old())
+        done = self.mrd("import", self.file)
+        self.assertEqual(done.returncode, 0)
+        self.assertNotIn("message 112", done.err)
+        expected = [(*row[:5], str(row[5]) if row[5] else None, int(row[6])) for row in self.ROWS]
+        self.assertEqual(self.rows("SELECT * FROM Seite ORDER BY rowid"), expected)
+        self.assertEqual(self.rows("SELECT * FROM Einstellungen ORDER BY rowid"),
+                         [("Titel", "kurz „Text“"), ("Titel", "zwei"), ("leer", None)])
+        self.assertEqual(self.rows("SELECT * FROM Artikel"), [("a", 0.1, 1), (None, 0.30000000000000004, 7)])
+        self.assertIn("AUTOINCREMENT", self.rows("SELECT sql FROM sqlite_master WHERE name = 'Artikel'")[0][0])
+
+    def test_reaches_the_present_version_and_generates(self):
+        self.put(self.old())
+        self.assert_done(*self.generate())
+        self.assertTrue((self.site / "index.htm").is_file())
+
+    def test_with_a_password_is_refused(self):
+        self.put(self.old("geheim"))
+        self.assertIn("mit einem Kennwort geschützt", self.assert_refused("pages", self.file))
+
+    def test_cut_off_or_full_of_random_bytes_is_refused_or_taken_over_in_part(self):
+        dice = random.Random(3)
+        whole = self.old()
+        for number in range(60):
+            data = bytearray(whole)
+            if number % 2:
+                del data[dice.randrange(len(data)):]
+            else:
+                for _ in range(dice.choice((1, 4, 64))):
+                    data[dice.randrange(20, len(data))] = dice.randrange(256)
+            self.start_anew()
+            self.put(bytes(data))
+            done = self.mrd("import", self.file)
+            if done.returncode == 0:
+                self.assert_sound()
+            else:
+                self.assertEqual(self.files(), {"haus.mdb": bytes(data)})
 
 
 class Refusals(OldFiles):

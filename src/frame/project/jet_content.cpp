@@ -37,6 +37,15 @@ struct FilledColumn {
 constexpr std::array kFilledColumns{FilledColumn{kPages, "Überschrift"}, FilledColumn{kPages, "html"},
                                     FilledColumn{kSettings, "Einstellung"}, FilledColumn{kSettings, "Wert"}};
 
+/// The register of files.
+struct FileColumn {
+  std::string_view column, type;
+};
+constexpr std::array kFileColumns{FileColumn{"pfad", "TEXT"},        FileColumn{"dateiname", "TEXT"},
+                                  FileColumn{"erweiterung", "TEXT"}, FileColumn{"dateityp-id", "LONG"},
+                                  FileColumn{"übertragen", "BIT"},   FileColumn{"dateidatum", "DATE"},
+                                  FileColumn{"pfadLokal", "TEXT"}};
+
 /// No statement can name what has a bracket in its name, and only damage has; names of that start are the engine's own.
 bool isUsableName(std::string_view name)
 {
@@ -170,12 +179,20 @@ void JetContent::noteEmptyColumns()
 void JetContent::completeTables()
 {
   db_.execute("CREATE INDEX SeiteId ON Seite (id)");
-  if (db_.hasTable(kFiles))
-    return;
-  // Every run writes the register anew.
-  db_.execute("CREATE TABLE Dateien (pfad TEXT, dateiname TEXT, erweiterung TEXT, [dateityp-id] LONG, übertragen BIT, "
-              "dateidatum DATE, pfadLokal TEXT)");
-  note("Die Tabelle Dateien fehlt. Das nächste Erzeugen der Seiten füllt sie neu.");
+  // Every run writes the register anew: an empty one does.
+  const bool hasFiles = db_.hasTable(kFiles);
+  if (!hasFiles) {
+    db_.execute("CREATE TABLE Dateien (pfad TEXT)");
+    note("Die Tabelle Dateien fehlt. Das nächste Erzeugen der Seiten füllt sie neu.");
+  }
+  const auto columns = db_.columns(kFiles);
+  for (const auto& [column, type] : kFileColumns) {
+    if (dao::findName(columns, column) != columns.size())
+      continue;
+    db_.execute(base::format("ALTER TABLE Dateien ADD COLUMN [{}] {}", column, type));
+    if (hasFiles)
+      note(base::format("Tabelle Dateien: Die Spalte {} fehlt. Sie ist neu angelegt und leer.", column));
+  }
 }
 
 void JetContent::completeRoot()

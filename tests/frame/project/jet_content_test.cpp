@@ -24,7 +24,14 @@ using testing::IsEmpty;
 const JetTable kPages{
     "Seite", {{"id", "TEXT"}, {"Überschrift", "TEXT"}, {"html", "MEMO"}, {"dateiname", "TEXT"}, {"seitentyp-id", "LONG"}}};
 const JetTable kSettings{"Einstellungen", {{"Einstellung", "TEXT"}, {"Wert", "MEMO"}}};
-const JetTable kFiles{"Dateien", {{"pfad", "TEXT"}}};
+const JetTable kFiles{"Dateien",
+                      {{"pfad", "TEXT"},
+                       {"dateiname", "TEXT"},
+                       {"erweiterung", "TEXT"},
+                       {"dateityp-id", "LONG"},
+                       {"übertragen", "BIT"},
+                       {"dateidatum", "DATE"},
+                       {"pfadLokal", "TEXT"}}};
 
 struct JetContentTest : testing::Test {
   void page(const std::string& id, const std::string& heading = "Text")
@@ -169,6 +176,21 @@ TEST_F(JetContentTest, gets_an_empty_register_where_it_is_lost)
 
   EXPECT_TRUE(db.hasTable("Dateien"));
   EXPECT_THAT(content.notes(), ElementsAre(HasSubstr("Die Tabelle Dateien fehlt.")));
+}
+
+TEST_F(JetContentTest, gets_columns_of_the_register_that_are_lost)
+{
+  content.table(kPages);
+  page("00");
+  content.table(kSettings);
+  content.table({"Dateien", {{"pfad", "TEXT"}, {"Erweiterung", "TEXT"}, {"meine", "TEXT"}}});
+  content.row({"c:\\", "gif", "x"});
+
+  content.finish("haus.mdb");
+
+  EXPECT_THAT(db.columns("Dateien"),
+              ElementsAre("pfad", "Erweiterung", "meine", "dateiname", "dateityp-id", "übertragen", "dateidatum", "pfadLokal"));
+  EXPECT_EQ(content.notes().size(), 5u);
 }
 
 TEST_F(JetContentTest, leaves_out_rows_without_a_number_of_their_own)
