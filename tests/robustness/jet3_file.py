@@ -64,10 +64,11 @@ class Jet3File:
             page, taken = data_page(struct.pack("<I", place), packed)
             pages.append(self.add(page))
             packed = packed[taken:]
-        bits = bytearray(128)
+        # A bit for each page behind the first that the map knows.
+        bits, first = bytearray(128), pages[0] if pages else 0
         for number in pages:
-            bits[number // 8] |= 1 << number % 8
-        maps = self.add(data_page(b"\0\0\0\0", [b"\0" + struct.pack("<I", 0) + bytes(bits)])[0])
+            bits[(number - first) // 8] |= 1 << (number - first) % 8
+        maps = self.add(data_page(b"\0\0\0\0", [b"\0" + struct.pack("<I", first) + bytes(bits)])[0])
         self.pages[place] = definition(columns, len(rows), maps)
 
     def row(self, columns, values):

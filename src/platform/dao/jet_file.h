@@ -38,6 +38,7 @@ public:
 struct JetReading {
   /// The program that reads.
   std::filesystem::path program;
+  /// A large file gets a second more for each megabyte.
   std::chrono::seconds wallTime{120};
 };
 

@@ -28,8 +28,19 @@ constexpr bool kHasShadowMemory = __has_feature(address_sanitizer);
 #else
 constexpr bool kHasShadowMemory = false;
 #endif
-/// What a file of some size can hold at most as records: a chain of pieces that runs in a ring could fill a disk.
-constexpr std::uint64_t kMostBytes = std::uint64_t{64} << 20, kMostBytesForOne = 16;
+/// What grows with the file.
+struct Bounds {
+  /// What it can hold at most as records: a chain of pieces that runs in a ring could fill a disk.
+  std::uint64_t bytes;
+  std::uint64_t moreSeconds;
+};
+
+constexpr Bounds boundsFor(std::uint64_t fileSize)
+{
+  constexpr std::uint64_t kMegabyte = std::uint64_t{1} << 20;
+  return {64 * kMegabyte + 16 * fileSize, fileSize / kMegabyte};
+}
+
 /// Variables that change how the library reads.
 constexpr std::array<std::string_view, 4> kForeignSettings{"MDBICONV=", "MDBOPTS=", "MDB_JET3_CHARSET=", "MDBPATH="};
 
@@ -54,12 +65,12 @@ void limit(int resource, rlim_t value)
 }
 
 /// Between fork and exec only calls that are safe after a fork in a program with threads.
-void restrainChild()
+void restrainChild(rlim_t processorSeconds)
 {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
   if constexpr (!kHasShadowMemory)
     limit(RLIMIT_AS, kMemory);
-  limit(RLIMIT_CPU, kProcessorSeconds);
+  limit(RLIMIT_CPU, processorSeconds);
   limit(RLIMIT_CORE, 0);
   limit(RLIMIT_FSIZE, 0);
 }
@@ -67,17 +78,18 @@ void restrainChild()
 } // namespace
 
 JetProcess::JetProcess(const std::filesystem::path& file, const JetReading& reading)
-    : deadline_(Clock::now() + reading.wallTime), mostBytes_(kMostBytes)
 {
   std::error_code failure;
-  if (const auto size = std::filesystem::file_size(file, failure); !failure)
-    mostBytes_ += kMostBytesForOne * size;
-  start(reading.program.c_str(), file.c_str());
+  const auto size = std::filesystem::file_size(file, failure);
+  const Bounds bounds = boundsFor(failure ? 0 : size);
+  deadline_ = Clock::now() + reading.wallTime + std::chrono::seconds(bounds.moreSeconds);
+  mostBytes_ = bounds.bytes;
+  start(reading.program.c_str(), file.c_str(), kProcessorSeconds + bounds.moreSeconds);
 }
 
 JetProcess::~JetProcess() { end(); }
 
-void JetProcess::start(const char* program, const char* file)
+void JetProcess::start(const char* program, const char* file, std::uint64_t processorSeconds)
 {
   std::array<int, 2> ends{};
   if (::pipe2(ends.data(), O_CLOEXEC) != 0)
@@ -87,7 +99,7 @@ void JetProcess::start(const char* program, const char* file)
   const int nothing = ::open("/dev/null", O_RDWR | O_CLOEXEC);
   child_ = ::fork();
   if (child_ == 0) {
-    restrainChild();
+    restrainChild(processorSeconds);
     // What the library complains about in a damaged file can be endless.
     const bool ready =
         ::dup2(nothing, STDIN_FILENO) >= 0 && ::dup2(nothing, STDERR_FILENO) >= 0 && ::dup2(ends[1], STDOUT_FILENO) >= 0;

@@ -19,7 +19,7 @@ public:
   std::size_t read(char* target, std::size_t count) override;
 
 private:
-  void start(const char* program, const char* file);
+  void start(const char* program, const char* file, std::uint64_t processorSeconds);
   void waitForBytes();
   [[noreturn]] void failAtEnd();
   void end();
@@ -29,7 +29,7 @@ private:
   int child_ = -1;
   int pipe_ = -1;
   Clock::time_point deadline_;
-  std::uint64_t received_ = 0, mostBytes_;
+  std::uint64_t received_ = 0, mostBytes_ = 0;
 };
 
 } // namespace mrd::dao

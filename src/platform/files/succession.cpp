@@ -35,6 +35,15 @@ bool holdsTheSame(const fs::path& a, const fs::path& b)
          readFile(systemPath(a)) == readFile(systemPath(b));
 }
 
+/// Who was allowed to read the old file may read the new one, and nobody else. A file system without owners or modes has the same
+/// for all its files.
+void giveAwayTo(const fs::path& native, const struct stat& old)
+{
+  const bool isOwned = ::chown(native.c_str(), old.st_uid, old.st_gid) == 0 || errno == EPERM;
+  if (!isOwned || (::chmod(native.c_str(), old.st_mode & 07777) != 0 && errno != EPERM))
+    fail(errno, native);
+}
+
 /// "haus.jet.mdb", "haus.jet2.mdb", ...
 std::string numbered(std::string_view stem, std::string_view ending, int number)
 {
@@ -105,9 +114,9 @@ void takePlaceOf(std::string_view path, std::string_view finished)
 {
   const auto from = nativePath(finished), to = nativePath(path);
   struct stat old {};
-  // Who was allowed to read the old content may read the new one, and nobody else.
-  if (::stat(to.c_str(), &old) != 0 || ::chmod(from.c_str(), old.st_mode & 07777) != 0)
+  if (::stat(to.c_str(), &old) != 0)
     fail(errno, to);
+  giveAwayTo(from, old);
   syncFile(from);
   if (::rename(from.c_str(), to.c_str()) != 0)
     fail(errno, to);
