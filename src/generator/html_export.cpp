@@ -2,8 +2,8 @@
 
 #include "base/text.h"
 #include "frame/failures/failures.h"
-#include "frame/settings/stored_settings.h"
 #include "frame/settings/export_path.h"
+#include "frame/settings/stored_settings.h"
 #include "generator/built_in_run.h"
 #include "generator/template_run.h"
 #include "platform/files/files.h"
@@ -52,8 +52,8 @@ RunOutcome frmHTMLExport::cbHTML_Click()
 
 RunOutcome frmHTMLExport::generate()
 {
-  const RunJob job{environment_,   *db_,           DbName_, head_, exportpfad_, selection,
-                   tbNamenszusatz, [this](std::string_view text) { showState(text); }};
+  const RunJob job{environment_, *db_,      DbName_,        head_,
+                   exportpfad_,  selection, tbNamenszusatz, [this](std::string_view text) { showState(text); }};
   const bool isBuiltIn = environment_.fields.ComboGrundlayout.ListIndex == 0;
   const RunOutcome outcome = isBuiltIn ? BuiltInRun(job).run() : TemplateRun(job).run();
   startdatei_ = outcome.startdatei;
