@@ -20,6 +20,7 @@ Q_LOGGING_CATEGORY(editing, "mirandel.editing")
 
 constexpr auto kWorld = QWebEngineScript::ApplicationWorld;
 constexpr int kAnswerMs = 4000;
+constexpr int kAnswerOfStuckMs = 300;
 
 QString resourceText(const QString& path)
 {
@@ -77,6 +78,7 @@ void EditedPage::installScript()
 void EditedPage::start(std::string_view directory)
 {
   brokenDown_ = false;
+  stuck_ = false;
   load(documentUrl(directory));
 }
 
@@ -93,7 +95,8 @@ std::optional<QVariant> EditedPage::ask(const QString& function, const QJsonArra
   // Shared, because an answer may come when nobody waits for it any more.
   const auto answer = std::make_shared<std::optional<QVariant>>();
   tell(function, arguments, [answer](const QVariant& value) { *answer = value; });
-  waitUntil([&] { return answer->has_value() || brokenDown_; }, kAnswerMs);
+  waitUntil([&] { return answer->has_value() || brokenDown_; }, stuck_ ? kAnswerOfStuckMs : kAnswerMs);
+  stuck_ = !answer->has_value() && !brokenDown_;
   if (!answer->has_value())
     qCWarning(editing) << "no answer from" << function;
   return *answer;

@@ -50,8 +50,11 @@ public:
 
   /// Calls a function of the script; the answer comes later, or never when the process ends.
   void tell(const QString& function, const QJsonArray& arguments, Answer answer = [](const QVariant&) {});
-  /// Calls and waits; nothing when no answer comes in time.
+  /// Calls and waits; nothing when no answer comes in time. One who did not answer is not waited for as long again.
   std::optional<QVariant> ask(const QString& function, const QJsonArray& arguments);
+  /// The page is busy with itself and does not answer.
+  bool isStuck() const { return stuck_; }
+  void setStuck() { stuck_ = true; }
   /// Lets events run until `isOver` or the time is up. What the user does meanwhile waits.
   void waitUntil(const std::function<bool()>& isOver, int milliseconds);
 
@@ -65,6 +68,7 @@ private:
 
   QWebChannel channel_;
   bool brokenDown_ = false;
+  bool stuck_ = false;
 };
 
 } // namespace mrd::desktop

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "desktop/editing/block_format_names.h"
 #include "desktop/editing/clipboard_content.h"
+#include "desktop/editing/deep_nesting.h"
 #include "desktop/editing/edited_page.h"
 #include "platform/html/document.h"
 #include "platform/ui/editing_commands.h"
@@ -24,6 +25,7 @@ namespace command = ui::command;
 constexpr int kCopyDelayMs = 400;
 /// Statuses are asked for once for all that happens within this time.
 constexpr int kDisplayDelayMs = 30;
+/// A page that takes longer to load is shown when it is ready; its owner need not wait for it.
 constexpr int kLoadMs = 15000;
 /// A page that ends its process so often in a row is not shown any more.
 constexpr int kMaxBreakdowns = 3;
@@ -72,6 +74,9 @@ public:
 
 private:
   void connectNotes();
+  void openPage();
+  void startLoading();
+  void stopWaiting();
   void onReady();
   void onBreakdown();
   void sendBody();
@@ -85,8 +90,8 @@ private:
   SiteFiles files_;
   SiteRequests requests_;
   ScriptNotes notes_;
-  EditedPage page_;
-  QTimer copyTimer_, displayTimer_;
+  std::unique_ptr<EditedPage> page_;
+  QTimer copyTimer_, displayTimer_, loadTimer_;
 
   std::string directory_;
   /// The text as it was last known, and the number that the script gave to this state.
@@ -103,21 +108,32 @@ private:
   QElapsedTimer sinceBreakdown_;
 };
 
-WebEditingSurface::Document::Document(QWidget& owner) : view(&owner), page_(profile_, notes_, nullptr)
+WebEditingSurface::Document::Document(QWidget& owner) : view(&owner)
 {
   profile_.installUrlSchemeHandler("mirandel", &files_);
   profile_.setUrlRequestInterceptor(&requests_);
   profile_.setSpellCheckEnabled(false);
   connectNotes();
-  page_.onReady = [this] { onReady(); };
-  page_.onBreakdown = [this] { onBreakdown(); };
-  for (QTimer* const timer : {&copyTimer_, &displayTimer_})
+  for (QTimer* const timer : {&copyTimer_, &displayTimer_, &loadTimer_})
     timer->setSingleShot(true);
-  QObject::connect(&copyTimer_, &QTimer::timeout, &page_, [this] { fetchBody(); });
-  QObject::connect(&displayTimer_, &QTimer::timeout, &page_, [this] { fetchDisplay(); });
-  view.setPage(&page_);
+  QObject::connect(&copyTimer_, &QTimer::timeout, &view, [this] { fetchBody(); });
+  QObject::connect(&displayTimer_, &QTimer::timeout, &view, [this] { fetchDisplay(); });
+  QObject::connect(&loadTimer_, &QTimer::timeout, &view, [this] { stopWaiting(); });
   view.setContextMenuPolicy(Qt::PreventContextMenu);
-  page_.start(directory_);
+  openPage();
+  startLoading();
+}
+
+/// A process that is busy for good is left behind with its page.
+void WebEditingSurface::Document::openPage()
+{
+  auto page = std::make_unique<EditedPage>(profile_, notes_, nullptr);
+  page->onReady = [this] { onReady(); };
+  page->onBreakdown = [this] { onBreakdown(); };
+  view.setPage(page.get());
+  page_ = std::move(page);
+  ready_ = false;
+  page_->start(directory_);
 }
 
 void WebEditingSurface::Document::connectNotes()
@@ -148,20 +164,35 @@ void WebEditingSurface::Document::startIn(std::string_view directory)
   directory_ = directory;
   requests_.setDirectory(directory);
   ready_ = false;
+  startLoading();
+  page_->start(directory_);
+}
+
+void WebEditingSurface::Document::startLoading()
+{
   busy = true;
-  page_.start(directory_);
+  loadTimer_.start(kLoadMs);
 }
 
 void WebEditingSurface::Document::load(std::string_view html)
 {
-  body_ = base::toCrLf(html);
-  busy = true;
-  if (breakdowns_ > kMaxBreakdowns) {
+  body_ = base::toCrLf(withBoundedDepth(html));
+  startLoading();
+  if (breakdowns_ > kMaxBreakdowns || page_->isStuck()) {
     breakdowns_ = 0;
-    page_.start(directory_);
-  }
-  if (ready_)
+    openPage();
+  } else if (ready_) {
     sendBody();
+  }
+}
+
+/// The page is worked on and will be shown. Until then its text is the one that was to be loaded.
+void WebEditingSurface::Document::stopWaiting()
+{
+  if (!std::exchange(busy, false))
+    return;
+  page_->setStuck();
+  events.documentComplete();
 }
 
 void WebEditingSurface::Document::onReady()
@@ -175,14 +206,14 @@ void WebEditingSurface::Document::showStyles()
 {
   if (!ready_)
     return;
-  page_.tell("setColours", {text(background), text(foreground)});
-  page_.tell("setRules", {text(rules)});
-  page_.tell("setMarks", {borders, details});
+  page_->tell("setColours", {text(background), text(foreground)});
+  page_->tell("setRules", {text(rules)});
+  page_->tell("setMarks", {borders, details});
 }
 
 void WebEditingSurface::Document::sendBody()
 {
-  page_.tell("load", {text(body_)}, [this, load = ++loads_](const QVariant& answer) {
+  page_->tell("load", {text(body_)}, [this, load = ++loads_](const QVariant& answer) {
     if (load == loads_)
       takeLoaded(answer);
   });
@@ -196,6 +227,7 @@ void WebEditingSurface::Document::takeLoaded(const QVariant& answer)
   body_ = withCrLf(state["body"]);
   version_ = state["version"].toInt();
   announced_ = false;
+  loadTimer_.stop();
   const bool wasBusy = std::exchange(busy, false);
   const bool restored = std::exchange(restoring_, false);
   if (wasBusy)
@@ -207,7 +239,7 @@ void WebEditingSurface::Document::takeLoaded(const QVariant& answer)
 bool WebEditingSurface::Document::waitUntilLoaded()
 {
   if (busy)
-    page_.waitUntil([this] { return !busy || breakdowns_ > kMaxBreakdowns; }, kLoadMs);
+    page_->waitUntil([this] { return !busy || breakdowns_ > kMaxBreakdowns; }, kLoadMs);
   return !busy && ready_;
 }
 
@@ -216,8 +248,8 @@ void WebEditingSurface::Document::setBody(std::string_view html)
   // A document that is not there yet is loaded with this text right away.
   if (busy)
     return load(html);
-  body_ = base::toCrLf(html);
-  page_.tell("setBody", {text(body_)}, [this, load = ++loads_](const QVariant& answer) {
+  body_ = base::toCrLf(withBoundedDepth(html));
+  page_->tell("setBody", {text(body_)}, [this, load = ++loads_](const QVariant& answer) {
     if (load == loads_)
       takeLoaded(answer);
   });
@@ -250,7 +282,7 @@ void WebEditingSurface::Document::takeBody(const QVariant& answer)
 void WebEditingSurface::Document::fetchBody()
 {
   if (ready_ && !busy)
-    page_.tell("read", {version_}, [this, load = loads_](const QVariant& answer) {
+    page_->tell("read", {version_}, [this, load = loads_](const QVariant& answer) {
       if (load == loads_)
         takeBody(answer);
     });
@@ -261,7 +293,7 @@ const std::string& WebEditingSurface::Document::body()
   if (!waitUntilLoaded())
     return body_;
   const int load = loads_;
-  const auto answer = page_.ask("read", {version_});
+  const auto answer = page_->ask("read", {version_});
   if (answer && load == loads_)
     takeBody(*answer);
   return body_;
@@ -275,24 +307,24 @@ void WebEditingSurface::Document::onBreakdown()
   breakdowns_ = wasHealthy ? 1 : breakdowns_ + 1;
   sinceBreakdown_.start();
   ready_ = false;
-  busy = true;
   restoring_ = true;
   ++loads_;
+  startLoading();
   if (breakdowns_ <= kMaxBreakdowns)
-    page_.start(directory_);
+    page_->start(directory_);
 }
 
 // --- commands
 
 std::optional<QVariant> WebEditingSurface::Document::ask(const QString& function, const QJsonArray& arguments)
 {
-  return waitUntilLoaded() ? page_.ask(function, arguments) : std::nullopt;
+  return waitUntilLoaded() ? page_->ask(function, arguments) : std::nullopt;
 }
 
 void WebEditingSurface::Document::fetchDisplay()
 {
   if (ready_ && !busy)
-    page_.tell("display", {}, [this](const QVariant& answer) {
+    page_->tell("display", {}, [this](const QVariant& answer) {
       display = answer.toMap();
       events.displayChanged();
     });
@@ -352,7 +384,7 @@ bool WebEditingSurface::Document::paste()
     return pastePicture(*content.picture);
   if (content.html.isEmpty() && content.text.isEmpty())
     return false;
-  return ask("paste", {content.html, content.text}).value_or(false).toBool();
+  return ask("paste", {text(withBoundedDepth(content.html.toStdString())), content.text}).value_or(false).toBool();
 }
 
 bool WebEditingSurface::Document::pastePicture(const ClipboardPicture& picture)
@@ -413,7 +445,7 @@ std::string WebEditingSurface::selectedText() const { return optionalText(docume
 
 bool WebEditingSurface::pasteHtml(std::string_view html)
 {
-  return document_->ask("pasteHtml", {text(html)}).value_or(false).toBool();
+  return document_->ask("pasteHtml", {text(withBoundedDepth(html))}).value_or(false).toBool();
 }
 
 std::optional<std::string> WebEditingSurface::textAroundCursor(std::string_view elementId) const

@@ -3,13 +3,28 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTest>
+#include <QTimer>
 #include <QWebEngineScript>
 #include <QWebEngineView>
 
 namespace mrd::desktop {
 
-bool comesTrue(const std::function<bool()>& condition, int milliseconds) { return QTest::qWaitFor(condition, milliseconds); }
-void letPass(int milliseconds) { QTest::qWait(milliseconds); }
+bool comesTrue(const std::function<bool()>& condition, int milliseconds)
+{
+  QElapsedTimer clock;
+  clock.start();
+  while (!condition() && clock.elapsed() < milliseconds)
+    letPass(2);
+  return condition();
+}
+
+void letPass(int milliseconds)
+{
+  // A loop that sleeps only when nothing is to do: the engine comes forward by many small events.
+  QEventLoop loop;
+  QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+  loop.exec();
+}
 
 ShownSurface::ShownSurface(std::string_view siteDirectory)
 {
