@@ -1,5 +1,5 @@
-// What reading the pages and writing the site costs at the least: each row of `Seite` is read from SQLite, and the bytes of its file, which
-// are in memory before the clock starts, are written over that file. Prints the seconds.
+// What reading the pages and writing the site costs at the least: each row of `Seite` is read from SQLite, and the bytes of its
+// file, which are in memory before the clock starts, are written over that file. Prints the seconds.
 
 #include <sqlite3.h>
 

@@ -27,8 +27,8 @@ struct RewrittenBody {
 /// Works on values alone: can run on any thread.
 RewrittenBody rewriteBody(const BodySource& source);
 
-/// Rewritten bodies of earlier runs in a side file of the project, found by the content of their source. Never a reason to fail: without
-/// the file every body is rewritten.
+/// Rewritten bodies of earlier runs in a side file of the project, found by the content of their source. Never a reason to fail:
+/// without the file every body is rewritten.
 class BodyCache {
 public:
   /// `path` in the system's form.

@@ -92,9 +92,8 @@ BuiltInRun::PendingPage BuiltInRun::begin(RunPage page)
 
 BodySource BuiltInRun::bodySource(const PendingPage& pending) const
 {
-  return {pending.page.html.value_or(""),
-          pending.page.script.value_or(""),
-          {job_.exportpfad, pending.basislink, pending.tbbasisurl}};
+  return {
+      pending.page.html.value_or(""), pending.page.script.value_or(""), {job_.exportpfad, pending.basislink, pending.tbbasisurl}};
 }
 
 const RewrittenBody* BuiltInRun::finish(PendingPage& pending)

@@ -31,18 +31,19 @@ std::string metaTags(const HeadStyle& style, const settings::Fields& fields, con
 
 std::string popupScript(const HeadStyle& style)
 {
-  return format("<script language=JavaScript>\r\n"
-                "function popupfenster({0}, bu)\r\n"
-                "     {{\r\n"
-                "    if (bu == null) {{ bu = \"\";}};\r\n"
-                "        bu = bu.replace(/ /g,\"%20\");\r\n"
-                "        {1} = {0}.replace(/ /g,\"%20\");\r\n"
-                "        f1 = open('popupbild.htm?src=' + {0} + '&bu=' + bu,'fenster1','width=320,height=350,screenx=-0,screeny=-100,"
-                "scrollbars=Yes,resizable=Yes,left=10,top=10');\r\n"
-                "        f1.focus();\r\n"
-                "     }}\r\n"
-                "</script>",
-                style.popupParameter, style.popupVariable);
+  return format(
+      "<script language=JavaScript>\r\n"
+      "function popupfenster({0}, bu)\r\n"
+      "     {{\r\n"
+      "    if (bu == null) {{ bu = \"\";}};\r\n"
+      "        bu = bu.replace(/ /g,\"%20\");\r\n"
+      "        {1} = {0}.replace(/ /g,\"%20\");\r\n"
+      "        f1 = open('popupbild.htm?src=' + {0} + '&bu=' + bu,'fenster1','width=320,height=350,screenx=-0,screeny=-100,"
+      "scrollbars=Yes,resizable=Yes,left=10,top=10');\r\n"
+      "        f1.focus();\r\n"
+      "     }}\r\n"
+      "</script>",
+      style.popupParameter, style.popupVariable);
 }
 
 } // namespace mrd::generator

@@ -1,6 +1,7 @@
 #include "generator/navigation_menu.h"
 
 #include "base/format.h"
+#include "base/stored_text.h"
 #include "base/text.h"
 #include "base/windows1252.h"
 #include "generator/placeholders.h"
@@ -25,7 +26,8 @@ struct NavigationMenu::Walk {
   }
 };
 
-NavigationMenu::NavigationMenu(const PageIndex& index, const RowTable& rows, const settings::Fields& fields, std::string basislink)
+NavigationMenu::NavigationMenu(const PageIndex& index, const RowTable& rows, const settings::Fields& fields,
+                               std::string basislink)
     : index_(index), rows_(rows), fields_(fields), basislink_(std::move(basislink))
 {
   for (std::size_t level = 0; level < kMenuLevels; ++level) {
@@ -56,9 +58,9 @@ MenuNeighbours NavigationMenu::print(std::string& out, std::string_view currentI
 
 NavigationMenu::Range NavigationMenu::childRange(std::size_t level, std::string_view parentId) const
 {
-  // The upper bound has at least as many digits as the parent; behind "99" it has one more, sorts before all children, and so pages
-  // below "99" are listed nowhere.
-  const std::string upper = base::format("{:0{}}", static_cast<long long>(base::numericValue(parentId)) + 1, 2 * level);
+  // The upper bound has at least as many digits as the parent; behind "99" it has one more, sorts before all children, and so
+  // pages below "99" are listed nowhere.
+  const std::string upper = base::format("{:0{}}", static_cast<long long>(base::wholeNumber(parentId)) + 1, 2 * level);
   const auto& pages = index_.level(level);
   const auto above = [](std::string_view bound, const IndexedPage* page) { return base::compareText(bound, page->id) < 0; };
   const auto below = [](const IndexedPage* page, std::string_view bound) { return base::compareText(page->id, bound) < 0; };

@@ -27,8 +27,8 @@ struct MenuNeighbours {
   bool seen = false;
 };
 
-/// Prints menus for one base address. Rows of pages that are not the current one look the same on every page, so each level is rendered
-/// once, in output bytes, and a page's menu is put together from runs of it.
+/// Prints menus for one base address. Rows of pages that are not the current one look the same on every page, so each level is
+/// rendered once, in output bytes, and a page's menu is put together from runs of it.
 class NavigationMenu {
 public:
   NavigationMenu(const PageIndex& index, const RowTable& rows, const settings::Fields& fields, std::string basislink);

@@ -43,10 +43,7 @@ const PageLink& Ancestors::parentOf(std::string_view id) const
   return level >= 1 && level <= kLevels ? levels_[level - 1] : none_;
 }
 
-bool hasServerCode(std::string_view dateiname)
-{
-  return base::contains(dateiname, ".php") || base::contains(dateiname, ".asp");
-}
+bool hasServerCode(std::string_view dateiname) { return base::contains(dateiname, ".php") || base::contains(dateiname, ".asp"); }
 
 struct PageAssembly::Frame {
   std::string documentHead, styleToBody, menuStart, homepageActive, homepageLink, menuEnd, documentEnd;

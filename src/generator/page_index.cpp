@@ -15,7 +15,7 @@ std::optional<std::size_t> menuLevel(const IndexedPage& page)
   const std::size_t length = base::length(page.id);
   if (length < 3)
     return base::compareText(page.id, "00") > 0 && base::compareText(page.id, "99") <= 0 ? std::optional<std::size_t>(0)
-                                                                                           : std::nullopt;
+                                                                                         : std::nullopt;
   return length % 2 == 0 && length / 2 <= kMenuLevels ? std::optional(length / 2 - 1) : std::nullopt;
 }
 

@@ -24,8 +24,8 @@ struct PictureUse {
 /// The pieces of a picture's path, entered or not.
 PictureUse pictureOf(std::string_view path, bool enter = true);
 
-/// A link's value around the reference to its picture: `javascript:popup('` + reference + `','words')`. At most 250 characters behind
-/// "file://" are looked at.
+/// A link's value around the reference to its picture: `javascript:popup('` + reference + `','words')`. At most 250 characters
+/// behind "file://" are looked at.
 struct LinkPieces {
   std::string prefix, reference, suffix;
 };
@@ -53,8 +53,8 @@ struct FoundPictures {
   bool dependsOnMissingSlash = false;
 };
 
-/// Rewrites the references of a document in place. Touches neither files nor tables: what is to be copied and entered is returned, so
-/// that documents can be worked ahead on other threads.
+/// Rewrites the references of a document in place. Touches neither files nor tables: what is to be copied and entered is
+/// returned, so that documents can be worked ahead on other threads.
 FoundPictures findebilder(html::Document& document, LinkAddresses addresses);
 
 /// Where a picture is taken from: relative paths count from the directory in which a run works. And where its copy lies.

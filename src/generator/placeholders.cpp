@@ -9,7 +9,7 @@ namespace {
 
 struct ColourPlaceholder {
   std::string_view placeholder;
-  std::string settings::Fields::* field;
+  std::string settings::Fields::*field;
 };
 
 constexpr std::array kColours{

@@ -13,8 +13,8 @@ struct RowDefinition {
   std::string_view html;
 };
 
-// Written as browsers of all kinds have got it ever since, "</SCRIPT >" included. The comment "[mrd:aktivID]" is never filled. The marks
-// %OL% to %UR% are the corners, %H% is the link colour.
+// Written as browsers of all kinds have got it ever since, "</SCRIPT >" included. The comment "[mrd:aktivID]" is never filled.
+// The marks %OL% to %UR% are the corners, %H% is the link colour.
 constexpr RowDefinition kRows[] = {
     {1, // head
      "<HTML><HEAD>"},

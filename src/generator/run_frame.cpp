@@ -102,6 +102,9 @@ std::optional<std::string> readSetting(dao::Database& db, std::string_view key)
   return settings.value("Wert").text();
 }
 
-void writeLastGenDate(dao::Database& db, const base::DateTime& now) { settings::StoredSettings(db).set("lastgendate", now.german()); }
+void writeLastGenDate(dao::Database& db, const base::DateTime& now)
+{
+  settings::StoredSettings(db).set("lastgendate", now.german());
+}
 
 } // namespace mrd::generator

@@ -63,7 +63,8 @@ std::string wandelUmlaute(std::string_view text)
   out.reserve(text.size());
   std::size_t copied = 0;
   for (auto at = text.find(kUmlautLead); at != std::string_view::npos; at = text.find(kUmlautLead, at)) {
-    const auto* const known = std::ranges::find_if(kEntities, [&](const auto& row) { return text.substr(at).starts_with(row.umlaut); });
+    const auto* const known =
+        std::ranges::find_if(kEntities, [&](const auto& row) { return text.substr(at).starts_with(row.umlaut); });
     if (known == std::end(kEntities)) {
       ++at;
       continue;
@@ -209,8 +210,8 @@ void TemplateRun::generatePage(const RunPage& page)
     return;
   ui_.status(ui::StatusPlace::Panel1, base::format("Generator: {}: {}", page.id, page.Überschrift));
   const int type = page.seitentyp.value_or(0);
-  const templates::TemplatePage templatePage{page.id,        page.Überschrift, page.html.value_or(""), type,
-                                             page.dateiname, page.script.value_or("")};
+  const templates::TemplatePage templatePage{page.id, page.Überschrift, page.html.value_or(""),
+                                             type,    page.dateiname,   page.script.value_or("")};
   const templates::TemplateSite site{pages_, fields_.tbbasisurl, [this](const std::string& text, std::string_view basislink) {
                                        return pictures_.HTMBilderAnpassen(text, basislink);
                                      }};

@@ -15,8 +15,8 @@ constexpr std::size_t kQuoteWithin = 5;
 
 constexpr char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
-/// Finds a word (lower case) in a text, whatever the case there. It looks for the word's last letter: in pages it is the rarest one of
-/// both attribute names, so that nearly all of a text is passed at the speed of a search for one character.
+/// Finds a word (lower case) in a text, whatever the case there. It looks for the word's last letter: in pages it is the rarest
+/// one of both attribute names, so that nearly all of a text is passed at the speed of a search for one character.
 class WordSearch {
 public:
   WordSearch(std::string_view text, std::string_view word) : text_(text), word_(word)
@@ -54,8 +54,8 @@ private:
   Cursor lower_, upper_;
 };
 
-/// Passes over a text from attribute to attribute, in any case, and gives each value to `rewrite`. `behindName` characters behind the
-/// name belong to it.
+/// Passes over a text from attribute to attribute, in any case, and gives each value to `rewrite`. `behindName` characters behind
+/// the name belong to it.
 template <class Rewrite>
 std::string rewriteAttributes(std::string_view text, std::string_view name, std::size_t behindName, Rewrite rewrite)
 {

@@ -14,7 +14,8 @@ namespace mrd::generator {
 class TextPictures {
 public:
   /// `tbbasisurl` gets a "/" at its end with the first link that takes it.
-  TextPictures(const paths::ProgramFiles& program, std::string exportpfad, project::FileRegister& fileRegister, std::string& tbbasisurl)
+  TextPictures(const paths::ProgramFiles& program, std::string exportpfad, project::FileRegister& fileRegister,
+               std::string& tbbasisurl)
       : program_(program), exportpfad_(std::move(exportpfad)), register_(fileRegister), tbbasisurl_(tbbasisurl)
   {
   }
@@ -32,8 +33,8 @@ private:
   const std::string exportpfad_;
   project::FileRegister& register_;
   std::string& tbbasisurl_;
-  /// New references of the values whose copies were there when they were met: nothing is left to be done for them, and a menu brings
-  /// the same picture with each of its rows.
+  /// New references of the values whose copies were there when they were met: nothing is left to be done for them, and a menu
+  /// brings the same picture with each of its rows.
   std::map<std::string, std::string, std::less<>> settled_;
 };
 

@@ -7,7 +7,7 @@
 namespace mrd::mainform {
 namespace {
 
-constexpr int kMessageDraft = 111;
+constexpr int kMessageDraft = 114;
 constexpr std::string_view kHeadLabel = "Seitenkopf";
 
 } // namespace

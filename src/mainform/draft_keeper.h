@@ -17,7 +17,7 @@ public:
 
   /// Writes the draft if the page has changed since the last one.
   void Timer();
-  /// Offers what is left of the last session (message 111) and puts it into the editor on Yes; No throws it away.
+  /// Offers what is left of the last session (message 114) and puts it into the editor on Yes; No throws it away.
   void offer();
   /// The page has been saved, or its changes were given up.
   void forget();

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::string_view kName = "Mainform";
 constexpr int kMessageChoosePage = 2, kMessageSaveChanges = 3, kMessageNoProject = 24, kMessagePictureRefused = 110,
-              kMessageSurfaceRestored = 112;
+              kMessageSurfaceRestored = 115;
 constexpr std::string_view kPanelPrefix = "ID:@";
 /// Pages of the assistant.
 constexpr int kGreeting = 0, kFields = 1;
@@ -192,7 +192,8 @@ void Mainform::FileExit_Click()
 void Mainform::openProject(const std::function<void()>& open)
 {
   projectOpened_ = false;
-  open();
+  // Until the next project's page is loaded, the editor holds one of the last: nothing may save or keep it meanwhile.
+  pages_.whileBusy(open);
   if (projectOpened_)
     drafts_.offer();
 }

@@ -3,6 +3,7 @@
 #include "base/clock.h"
 #include "frame/messages/messages.h"
 #include "frame/paths/paths.h"
+#include "platform/dao/jet_file.h"
 #include "platform/ui/ui.h"
 
 #include <string>
@@ -33,6 +34,8 @@ public:
   const base::Clock& clock;
   ui::Ui& ui;
   messages::Language language;
+  /// Reads databases of earlier versions.
+  dao::JetReading jetReading = dao::installedJetReading();
 };
 
 /// The program directory, in the system's form: `named` when it is not empty; else the executable's directory if it holds the

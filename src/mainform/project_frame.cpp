@@ -9,15 +9,16 @@
 #include "frame/settings/export_path.h"
 #include "frame/settings/settings.h"
 #include "generator/templates/xml_layout.h"
+#include "mainform/old_projects.h"
 #include "platform/files/files.h"
 #include "platform/files/path.h"
 
 namespace mrd::mainform {
 namespace {
 
-constexpr std::string_view kOpening = "DialogOpenChangeNewDB";
+constexpr std::string_view kOpening = "DialogOpenChangeNewDB", kImporting = "ImportProject";
 constexpr int kMessageExists = 5, kMessageNoTemplate = 6, kMessageNoEmptyFile = 13, kMessageRetry = 14, kMessageNoProject = 15,
-              kMessageAccessDenied = 16, kMessageNothingOpen = 24, kMessageNoExportDirectory = 37;
+              kMessageAccessDenied = 16, kMessageNothingOpen = 24, kMessageNoExportDirectory = 37, kMessageNoFile = 109;
 /// Ways of asking for a project. Only the first is ever set; the other two are kept for callers to come.
 constexpr int kOpenExisting = 111, kOpenNew = 222, kOpenOther = 333;
 
@@ -38,21 +39,53 @@ void ProjectFrame::ladebenutzerlayouts()
     program_.ui.warning("not well-formed: " + files::nativePath(directory + "\\" + file).string());
 }
 
-void ProjectFrame::open(std::string_view path)
+ProjectFrame::Opened ProjectFrame::open(std::string_view path)
 {
+  const bool isOld = dao::isJetFile(path);
+  if (isOld && !OldProjects(program_).convertInPlace(path))
+    return Opened::Refused;
   // The project that is open stays so where the next one cannot be opened.
   db_ = project::openProject(path);
   DbName_ = path;
+  return isOld ? Opened::Converted : Opened::AsItWas;
+}
+
+bool ProjectFrame::importProject(std::string_view jetFile, const std::optional<std::string>& target)
+{
+  if (!paths::datei_vorhanden(jetFile)) {
+    program_.language.GetMsg(kMessageNoFile, files::nativePath(jetFile).string(), "R");
+    return false;
+  }
+  if (target && paths::datei_vorhanden(*target)) {
+    program_.language.GetMsg(kMessageExists);
+    return false;
+  }
+  bool done = false;
+  failures::withStandardHandler(program_.language, kImporting, [&] {
+    OldProjects old(program_);
+    const bool isThere = target ? old.convertTo(jetFile, *target) : !dao::isJetFile(jetFile) || old.convertInPlace(jetFile);
+    if (!isThere)
+      return;
+    const std::string path = target ? *target : std::string(jetFile);
+    db_ = project::openProject(path);
+    DbName_ = path;
+    done = true;
+  });
+  return done;
 }
 
 bool ProjectFrame::openProject(std::string_view path)
 {
-  return failures::withStandardHandler(program_.language, kOpening, [&] {
+  bool done = false;
+  failures::withStandardHandler(program_.language, kOpening, [&] {
     if (!paths::datei_vorhanden(path) && !files::directoryExists(path))
       throw base::Error(base::ErrorNumber::FileNotFound, "Datei nicht gefunden: " + std::string(path));
-    open(path);
+    if (open(path) == Opened::Refused)
+      return;
     project::Migration(*db_, program_.ui).UpdDatabase();
+    done = true;
   });
+  return done;
 }
 
 bool ProjectFrame::loadSettings(const ExportPath& exportPath)
@@ -168,7 +201,11 @@ void ProjectFrame::openWithWindow(const std::string& path)
     hooks_.unload();
     return;
   }
-  open(path);
+  const auto opened = open(path);
+  if (opened == Opened::Refused)
+    return;
+  if (opened == Opened::Converted)
+    OldProjects(program_).askForPictures(*db_);
   hooks_.emptyEditor();
   loadSettings();
   hooks_.farbenaktualisieren();

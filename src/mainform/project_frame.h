@@ -59,6 +59,9 @@ public:
   bool openProject(std::string_view path);
   /// Fills the fields from the open project. False, with message 37, when the export directory that was given does not exist.
   bool loadSettings(const ExportPath& exportPath = {});
+  /// Makes a project from a database of an earlier version: in a file of its own, or without `target` in the place of the old
+  /// one, as opening it does. False, with a message, when there is none.
+  bool importProject(std::string_view jetFile, const std::optional<std::string>& target);
   /// Makes a project from the empty template. False, with message 5 or 6, when the file exists or the template is missing.
   bool createProject(std::string_view path);
 
@@ -68,7 +71,9 @@ public:
   void close();
 
 private:
-  void open(std::string_view path);
+  /// How the file came to be open. A refusal was told.
+  enum class Opened { Refused, AsItWas, Converted };
+  Opened open(std::string_view path);
   /// The path that the user chose, empty where nothing is asked; nothing when no project can be made.
   std::optional<std::string> chooseProject();
   void openWithWindow(const std::string& path);

@@ -3,7 +3,6 @@
 #include "base/format.h"
 #include "base/text.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 namespace mrd::pagetree {
@@ -21,17 +20,5 @@ int numberOf(std::string_view id) { return static_cast<int>(base::numericValue(b
 std::string parentOf(std::string_view id) { return std::string(id.substr(0, id.size() < 2 ? 0 : id.size() - 2)); }
 
 std::string childPrefix(std::string_view id) { return isRoot(id) ? std::string() : idOf(id); }
-
-bool isPageId(std::string_view text)
-{
-  if (text == kRootId)
-    return true;
-  if (text.empty() || text.size() % 2 != 0 || text.size() > kMaxIdLength)
-    return false;
-  for (std::size_t at = 0; at < text.size(); at += 2)
-    if (text.substr(at, 2) == kRootId)
-      return false;
-  return std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
-}
 
 } // namespace mrd::pagetree

@@ -1,6 +1,8 @@
 #pragma once
 // The identifier of a page: two digits a level, which are at once its key, its place in the tree and its order.
 
+#include "frame/project/page_number.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -27,7 +29,6 @@ int numberOf(std::string_view id);
 std::string parentOf(std::string_view id);
 /// What the ids of a page's children begin with: nothing for the root.
 std::string childPrefix(std::string_view id);
-/// Whether the text is "00" or one to four pairs of digits, none of them "00".
-bool isPageId(std::string_view text);
+using project::isPageId;
 
 } // namespace mrd::pagetree

@@ -189,9 +189,10 @@ TEST_F(MenuTest, goes_over_gaps_in_the_numbers)
 
 TEST_F(MenuTest, survives_numbers_that_are_none)
 {
-  add({"", "1", "x", "0", "01", "0a", "0a01", "001", "01011", "010101010", "\xC3\x84\xC3\x96", "M0101", "'"});
+  add({"", "1", "x", "0", "01", "0a", "0a01", "001", "01011", "010101010", "\xC3\x84\xC3\x96", "M0101", "'", "1e300999"});
 
-  for (const auto* id : {"", "1", "x", "01", "0a", "0a01", "001", "01011", "010101010", "\xC3\x84\xC3\x96", "M0101", "'"})
+  for (const auto* id :
+       {"", "1", "x", "01", "0a", "0a01", "001", "01011", "010101010", "\xC3\x84\xC3\x96", "M0101", "'", "1e300999"})
     EXPECT_NO_THROW(menu(id)) << id;
   EXPECT_NE(menu("01").find("18 01.htm s01\n"), std::string::npos);
 }

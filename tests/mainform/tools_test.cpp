@@ -133,7 +133,7 @@ TEST_F(ToolsTest, show_borders_and_details)
 
 TEST_F(ToolsTest, tell_that_the_page_view_came_back)
 {
-  ui.expect(112);
+  ui.expect(115);
 
   surface.events.restored();
 }

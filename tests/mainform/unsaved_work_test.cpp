@@ -74,7 +74,7 @@ struct AfterCrashTest : UnsavedWorkTest {
   std::unique_ptr<MainWindow> next(ui::Button answer, const std::string& containing)
   {
     auto again = std::make_unique<MainWindow>();
-    again->ui.expect(111, containing, answer);
+    again->ui.expect(114, containing, answer);
     again->start(project.file());
     return again;
   }

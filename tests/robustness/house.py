@@ -88,9 +88,9 @@ class House(unittest.TestCase):
     def command(self, *arguments):
         return [str(PROGRAM_DIR / "mrd"), *map(str, arguments)]
 
-    def mrd(self, *arguments, **options):
-        """Runs to the end, without a crash, a hang or a word that is no message."""
-        done = subprocess.run(self.command(*arguments), cwd=self.work, env=self.environment(), stdin=subprocess.DEVNULL,
+    def mrd(self, *arguments, env=None, **options):
+        """Runs to the end, without a crash, a hang or a word that is no message. `env` is added to the environment."""
+        done = subprocess.run(self.command(*arguments), cwd=self.work, env={**self.environment(), **(env or {})}, stdin=subprocess.DEVNULL,
                               capture_output=True, timeout=SECONDS_FOR_A_COMMAND, **options)
         done.out, done.err = done.stdout.decode(), done.stderr.decode()
         self.assertIn(done.returncode, (0, 1), f"{arguments}\n{done.err}")

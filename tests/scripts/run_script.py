@@ -7,7 +7,8 @@ A script is a text of lines:
     # a comment
     <<< NAME        the lines up to >>> are written to the file NAME
     >>>
-    $ COMMAND       run by the shell; `mrd` is the program under test, $TOP the directory, $MIRANDEL_HOME its program directory
+    $ COMMAND       run by the shell; `mrd` is the program under test, $TOP the directory, $MIRANDEL_HOME its program directory,
+                    $DATA the folder with old databases
     TEXT            a line of standard output that the command must print
     ! TEXT          a line of standard error
     ? N             its exit status, 0 where it is not given
@@ -27,6 +28,7 @@ import tempfile
 
 PROGRAMS = ("mrd", "mirandel")
 SECONDS_FOR_A_COMMAND = 60
+DATA = pathlib.Path(__file__).resolve().parent.parent / "data" / "jet"
 
 
 class Step:
@@ -101,7 +103,7 @@ def run(step, top, environment):
 
 
 def environment_for(top, program_dir, home):
-    return {"PATH": f"{program_dir}:{os.environ['PATH']}", "MIRANDEL_HOME": str(home), "HOME": str(top / ".user"), "TOP": str(top),
+    return {"PATH": f"{program_dir}:{os.environ['PATH']}", "MIRANDEL_HOME": str(home), "HOME": str(top / ".user"), "TOP": str(top), "DATA": str(DATA),
             "LC_ALL": "C.UTF-8", "TZ": "UTC", "SOURCE_DATE_EPOCH": "1050570306",
             **{name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")}}
 

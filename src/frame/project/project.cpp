@@ -46,9 +46,14 @@ void checkTable(dao::Database& db, std::string_view DbName, const RequiredTable&
 dao::Database openProject(std::string_view DbName)
 {
   auto db = dao::Database::open(DbName);
+  checkTables(db, DbName);
+  return db;
+}
+
+void checkTables(dao::Database& db, std::string_view DbName)
+{
   for (const auto& table : kRequiredTables)
     checkTable(db, DbName, table);
-  return db;
 }
 
 void copyTemplate(std::string_view templateFile, std::string_view target) { files::copyFile(templateFile, target); }

@@ -12,6 +12,10 @@ namespace mrd::project {
 /// base::Error (NotADatabase) with words for the user.
 dao::Database openProject(std::string_view DbName);
 
+/// Throws base::Error (NotADatabase) where a table or column is missing that even the oldest projects have. `DbName` is how the
+/// user knows the file.
+void checkTables(dao::Database& db, std::string_view DbName);
+
 /// Copies the empty template over a new file. Throws base::Error.
 void copyTemplate(std::string_view templateFile, std::string_view target);
 

@@ -94,8 +94,9 @@ std::string NavInfo::getBlätternNavigation(int type)
 
   std::string strip = opening(style);
   if (previous != home)
-    strip += style.symbols ? symbol(previous, "nav_links.gif' align='bottom'", vorherige.Überschrift)
-                           : format(" <a style='color:[mrd:Menüaktivfarbe]' href='{}'><-- {}</a> | ", previous, vorherige.Überschrift);
+    strip += style.symbols
+                 ? symbol(previous, "nav_links.gif' align='bottom'", vorherige.Überschrift)
+                 : format(" <a style='color:[mrd:Menüaktivfarbe]' href='{}'><-- {}</a> | ", previous, vorherige.Überschrift);
   if (kept_ != "index")
     strip += style.symbols ? symbol(home, "nav_home.gif'  align='bottom'", Homepage.Überschrift)
                            : format(" {}href='{}'>{}</a> | ", kText, home, Homepage.Überschrift);

@@ -14,7 +14,8 @@ constexpr std::string_view kLink = "[mrd:ID]";
 constexpr std::string_view kBase = "[mrd:Kompletterlink]";
 constexpr std::string_view kHomepageId = "00";
 constexpr std::string_view kRootName = "root";
-/// What placeholders that headings bring in may add to a level's rows, in bytes. Two of them in each heading double the rows with each row.
+/// What placeholders that headings bring in may add to a level's rows, in bytes. Two of them in each heading double the rows with
+/// each row.
 constexpr std::size_t kMostGrowth = 1'000'000;
 
 /// What a node below a row is given.
@@ -44,8 +45,8 @@ Template& HTMLTemplates::Add(std::unique_ptr<Template> neuestemplate, std::strin
   return *nodes_.back();
 }
 
-Template& HTMLTemplates::AddNew(bool isMenuitem, std::string_view Code, std::string_view CodeActive, std::string_view TemplateName,
-                                std::string_view sKey)
+Template& HTMLTemplates::AddNew(bool isMenuitem, std::string_view Code, std::string_view CodeActive,
+                                std::string_view TemplateName, std::string_view sKey)
 {
   auto node = std::make_unique<Template>();
   node->isMenuitem = isMenuitem;

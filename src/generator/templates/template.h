@@ -39,7 +39,8 @@ private:
   std::map<std::string, const Template*, std::less<>> keys_;
 };
 
-/// The page that is being generated, as it goes down the tree: `Seitenid` is its id everywhere; below a menu row the rest is the row's.
+/// The page that is being generated, as it goes down the tree: `Seitenid` is its id everywhere; below a menu row the rest is the
+/// row's.
 struct TemplatePage {
   std::string Seitenid, Überschrift, html;
   int seitentyp = 1;

@@ -8,7 +8,10 @@ namespace {
 
 constexpr std::string_view kReserved = "_layouts.xml";
 
-bool isTrue(const xml::Element& element, std::string_view attribute) { return base::lower(element.attribute(attribute)) == "true"; }
+bool isTrue(const xml::Element& element, std::string_view attribute)
+{
+  return base::lower(element.attribute(attribute)) == "true";
+}
 
 std::unique_ptr<Template> nodeOf(const xml::Element& element)
 {

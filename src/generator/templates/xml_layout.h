@@ -21,8 +21,8 @@ struct UserLayout {
   std::string name, file;
 };
 
-/// What a directory (in the system's form, without a separator at its end) holds of layouts, sorted by file name. "_layouts.xml" and files
-/// without a `root` element are none.
+/// What a directory (in the system's form, without a separator at its end) holds of layouts, sorted by file name. "_layouts.xml"
+/// and files without a `root` element are none.
 struct LayoutFolder {
   /// Any XML file lies there, be it a layout or not.
   bool hasFiles = false;

@@ -3,10 +3,10 @@
 #include "base/errors.h"
 #include "base/format.h"
 #include "base/text.h"
+#include "platform/files/native_file.h"
 #include "platform/files/path.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -23,86 +23,7 @@
 namespace mrd::files {
 namespace {
 
-using base::Error;
-using base::ErrorNumber;
 using NativePath = std::filesystem::path;
-
-// --- failures
-
-struct Failure {
-  ErrorNumber number;
-  std::string_view description;
-};
-
-Failure failureOf(int code)
-{
-  switch (code) {
-  case ENOENT:
-    return {ErrorNumber::FileNotFound, "Datei nicht gefunden"};
-  case ENOTDIR:
-    return {ErrorNumber::PathNotFound, "Pfad nicht gefunden"};
-  case ENOSPC:
-  case EDQUOT:
-    return {ErrorNumber::DiskFull, "Der Datenträger ist voll"};
-  case EACCES:
-  case EPERM:
-    return {ErrorNumber::PathFileAccess, "Kein Zugriff auf die Datei"};
-  case EROFS:
-    return {ErrorNumber::PathFileAccess, "Der Datenträger ist schreibgeschützt"};
-  case EISDIR:
-    return {ErrorNumber::PathFileAccess, "Das ist ein Verzeichnis und keine Datei"};
-  case ENAMETOOLONG:
-    return {ErrorNumber::PathFileAccess, "Der Name ist zu lang"};
-  default:
-    return {ErrorNumber::PathFileAccess, "Die Datei kann nicht gelesen oder geschrieben werden"};
-  }
-}
-
-/// Throws the platform's number for what the operating system said about a path.
-[[noreturn]] void fail(int code, const NativePath& native)
-{
-  std::error_code ignored;
-  const bool isBelowNothing = native.has_parent_path() && !std::filesystem::is_directory(native.parent_path(), ignored);
-  const auto failure = failureOf(code == ENOENT && isBelowNothing ? ENOTDIR : code);
-  throw Error(failure.number, base::format("{}: {}", failure.description, native.native()));
-}
-
-// --- descriptors
-
-/// Calls an operation again for as long as a signal cut it short.
-template <class Operation>
-auto uninterrupted(Operation operation)
-{
-  for (;;) {
-    const auto result = operation();
-    if (result >= 0 || errno != EINTR)
-      return result;
-  }
-}
-
-class Descriptor {
-public:
-  explicit Descriptor(int number) : number_(number) {}
-  ~Descriptor()
-  {
-    if (number_ >= 0)
-      ::close(number_);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  int get() const { return number_; }
-  int release() { return std::exchange(number_, -1); }
-
-private:
-  int number_;
-};
-
-/// Opening must not wait for somebody at the other end of a pipe, which a page's reference may name.
-int openFile(const NativePath& native, int flags)
-{
-  return uninterrupted([&] { return ::open(native.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666); });
-}
 
 void writeAll(int descriptor, std::string_view bytes, const NativePath& native)
 {
@@ -209,29 +130,11 @@ public:
   }
 
 private:
-  /// A file system without locks gives the file to whoever comes. One that was locked before may have been renamed or removed
-  /// since.
-  bool isOurs(int descriptor) const
-  {
-    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
-      return false;
-    struct stat opened {};
-    const auto named = statusOf(name_);
-    return ::fstat(descriptor, &opened) == 0 && named && named->st_ino == opened.st_ino && named->st_dev == opened.st_dev;
-  }
+  bool isOurs(int descriptor) const { return lockFile(descriptor) && isStillNamed(descriptor, name_); }
 
   NativePath target_, name_;
   int descriptor_ = -1;
 };
-
-/// Makes a rename durable. File systems that cannot sync a directory keep it in their own way.
-void syncDirectoryOf(const NativePath& native)
-{
-  const auto directory = native.parent_path();
-  const Descriptor descriptor(openFile(directory.empty() ? "." : directory, O_RDONLY | O_DIRECTORY));
-  if (descriptor.get() >= 0)
-    ::fsync(descriptor.get());
-}
 
 bool endsWithSeparator(std::string_view path) { return path.ends_with('\\') || path.ends_with('/'); }
 

@@ -60,7 +60,8 @@ void appendText(std::string& out, const Element& element)
   }
 }
 
-/// Whether the parser decodes the bytes: it knows the encodings of Unicode by their marks or zeros, and Latin-1 by its declaration.
+/// Whether the parser decodes the bytes: it knows the encodings of Unicode by their marks or zeros, and Latin-1 by its
+/// declaration.
 bool isKnownToParser(std::string_view bytes)
 {
   const std::string_view declaration = bytes.substr(0, std::min(bytes.find("?>"), kDeclarationLength));
@@ -82,8 +83,8 @@ Readable readable(std::string bytes)
   return {base::decodeText(bytes), true};
 }
 
-/// The tree's parser reads texts that are not well-formed too, and makes of them what their author did not mean; this one is strict, and
-/// gives up on entities that grow without bounds.
+/// The tree's parser reads texts that are not well-formed too, and makes of them what their author did not mean; this one is
+/// strict, and gives up on entities that grow without bounds.
 bool isWellFormed(const Readable& xml)
 {
   const std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> parser(

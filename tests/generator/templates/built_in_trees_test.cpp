@@ -84,8 +84,8 @@ TEST(BuiltInTrees, keep_their_misspelt_tags)
 TEST(BuiltInTrees, name_all_classes_of_the_stylesheet)
 {
   const auto css = support::resourceText("web/mrddefault.css");
-  for (const auto* name : {"tab1", "tab1aktiv", "tab1L", "tab1r", "tab1or", "tab1om", "tab1omaktiv", "tab1oraktiv", "tdl", "tdr", "tdeckeo",
-                           "tdro", "tdul", "tdu", "tdur", "nav3", "nav3aktiv", "nav4", "nav4aktiv"})
+  for (const auto* name : {"tab1", "tab1aktiv", "tab1L", "tab1r", "tab1or", "tab1om", "tab1omaktiv", "tab1oraktiv", "tdl", "tdr",
+                           "tdeckeo", "tdro", "tdul", "tdu", "tdur", "nav3", "nav3aktiv", "nav4", "nav4aktiv"})
     EXPECT_THAT(css, testing::ContainsRegex("\\." + std::string(name) + "[^A-Za-z0-9_-]")) << name;
 }
 

@@ -168,7 +168,7 @@ TEST(Page, is_written_in_windows_1252_with_references_for_other_characters)
 }
 
 struct BuiltInLayout : testing::Test {
-  TemplateSite site{{"00", "Start", "Willkommen"}, {"01", "Haus", "H"}, {"0101", "Küche", "K"}, {"010101", "Herd", "E"},
+  TemplateSite site{{"00", "Start", "Willkommen"}, {"01", "Haus", "H"},         {"0101", "Küche", "K"}, {"010101", "Herd", "E"},
                     {"01010101", "Topf", "T"},     {"02", "Blind", "B", {}, 3}, {"03", "Garten", "G"}};
 
   std::string pageOf(int layout, const std::string& file, int style = 4)
@@ -186,7 +186,8 @@ TEST_F(BuiltInLayout, of_tabs_gives_the_homepage_a_tab)
 
   EXPECT_THAT(page, HasSubstr("<td class=tab1><a style='color:#ff0000' href='index.htm'>Start</a></td>"));
   EXPECT_THAT(page, HasSubstr("<td class=tab1aktiv><a style='color:#ff0000' href='01.htm'>Haus</a></td>"));
-  EXPECT_THAT(allBetween(page, "<td class=tab1><a style='color:#ff0000' href='", "'"), ElementsAre("index.htm", "03.htm", "0101.htm"));
+  EXPECT_THAT(allBetween(page, "<td class=tab1><a style='color:#ff0000' href='", "'"),
+              ElementsAre("index.htm", "03.htm", "0101.htm"));
 }
 
 TEST_F(BuiltInLayout, of_tabs_shows_the_third_and_fourth_level_as_links)

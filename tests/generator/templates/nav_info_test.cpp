@@ -96,9 +96,10 @@ TEST(BaseAddress, knows_one_scheme_only)
 }
 
 struct Neighbours : testing::Test {
-  PageList pages{{"00", "Start", "", 1},   {"01", "Haus", "", 1},      {"0101", "Küche", "", 1}, {"010101", "Herd", "Herd.htm", 1},
-                 {"0102", "Bad", "", 1},   {"02", "Verborgen", "", 3}, {"0201", "Kind", "", 1},  {"03", "Garten", "garten.htm", 1},
-                 {"0301", "Teich", "", 1}, {"04", "Letzte", "", 1}};
+  PageList pages{
+      {"00", "Start", "", 1},   {"01", "Haus", "", 1},      {"0101", "Küche", "", 1}, {"010101", "Herd", "Herd.htm", 1},
+      {"0102", "Bad", "", 1},   {"02", "Verborgen", "", 3}, {"0201", "Kind", "", 1},  {"03", "Garten", "garten.htm", 1},
+      {"0301", "Teich", "", 1}, {"04", "Letzte", "", 1}};
   NavInfo info;
 
   Neighbours()

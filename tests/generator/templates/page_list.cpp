@@ -8,10 +8,7 @@
 
 namespace mrd::templates {
 
-PageList::PageList(std::initializer_list<PageRow> rows) : rows_(rows)
-{
-  std::ranges::sort(rows_, {}, &PageRow::id);
-}
+PageList::PageList(std::initializer_list<PageRow> rows) : rows_(rows) { std::ranges::sort(rows_, {}, &PageRow::id); }
 
 const std::vector<const PageRow*>& PageList::level(std::string_view parent)
 {

@@ -23,7 +23,8 @@ std::string replaced(std::string text, const SeitenAttribute& list)
   return text;
 }
 
-template <class Action> base::ErrorNumber errorOf(Action action)
+template <class Action>
+base::ErrorNumber errorOf(Action action)
 {
   try {
     action();

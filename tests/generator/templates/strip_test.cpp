@@ -58,8 +58,9 @@ struct PageTurn {
   {
     const auto text = strip(id, kSymbolsFixed);
     std::string out;
-    for (const auto& [picture, name] : {std::pair{"nav_links", "previous "}, std::pair{"nav_home", "home "},
-                                        std::pair{"nav_top", "top "}, std::pair{"nav_oben", "parent "}, std::pair{"nav_rechts", "next "}})
+    for (const auto& [picture, name] :
+         {std::pair{"nav_links", "previous "}, std::pair{"nav_home", "home "}, std::pair{"nav_top", "top "},
+          std::pair{"nav_oben", "parent "}, std::pair{"nav_rechts", "next "}})
       if (text.find(picture) != text.npos)
         out += name;
     return out.substr(0, out.size() - 1);
@@ -67,7 +68,8 @@ struct PageTurn {
 };
 
 struct FullStrip : testing::Test {
-  PageTurn site{{"00", "Start", "", 1}, {"02", "Ober", "", 1}, {"0201", "Vor", "", 1}, {"0202", "Hier", "", 1}, {"03", "Nach", "", 1}};
+  PageTurn site{
+      {"00", "Start", "", 1}, {"02", "Ober", "", 1}, {"0201", "Vor", "", 1}, {"0202", "Hier", "", 1}, {"03", "Nach", "", 1}};
 };
 
 TEST_F(FullStrip, of_headings_that_stay_in_view)

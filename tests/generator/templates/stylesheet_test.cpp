@@ -62,7 +62,8 @@ TEST(Stylesheet, takes_the_values_of_the_site)
 TEST(Stylesheet, keeps_unknown_placeholders_and_those_of_pages)
 {
   TemplateSite site{{"00", "Start", ""}};
-  site.programDirectory.write("mrddefault.css", "/* [mrd:Menübreite] [mrd:Überschrift] [mrd:ID] [mrd:Inhalt] [mrd:nichts] */\r\n");
+  site.programDirectory.write("mrddefault.css",
+                              "/* [mrd:Menübreite] [mrd:Überschrift] [mrd:ID] [mrd:Inhalt] [mrd:nichts] */\r\n");
 
   site.run();
 

@@ -58,10 +58,11 @@ TEST(TemplateRun, enters_stylesheet_pictures_scripts_and_pages_in_this_order)
 
   EXPECT_THAT(site.entered(),
               ElementsAre(EnteredFile{"mrdstyle.css", 1}, EnteredFile{"pix\\mrdbanner.gif", 2}, EnteredFile{"pix\\pixel.gif", 2},
-                          EnteredFile{"pix\\nav_home.gif", 2}, EnteredFile{"pix\\nav_links.gif", 2}, EnteredFile{"pix\\nav_rechts.gif", 2},
-                          EnteredFile{"pix\\nav_oben.gif", 2}, EnteredFile{"pix\\nav_top.gif", 2}, EnteredFile{"mrdnav.js", 1},
-                          EnteredFile{"mrdshop.js", 1}, EnteredFile{"cookiefunctions.js", 1}, EnteredFile{"picturetransfer.js", 1},
-                          EnteredFile{"index.htm", 1}, EnteredFile{"01.htm", 1}));
+                          EnteredFile{"pix\\nav_home.gif", 2}, EnteredFile{"pix\\nav_links.gif", 2},
+                          EnteredFile{"pix\\nav_rechts.gif", 2}, EnteredFile{"pix\\nav_oben.gif", 2},
+                          EnteredFile{"pix\\nav_top.gif", 2}, EnteredFile{"mrdnav.js", 1}, EnteredFile{"mrdshop.js", 1},
+                          EnteredFile{"cookiefunctions.js", 1}, EnteredFile{"picturetransfer.js", 1}, EnteredFile{"index.htm", 1},
+                          EnteredFile{"01.htm", 1}));
 }
 
 TEST(TemplateRun, names_each_picture_that_is_missing_and_goes_on)
@@ -245,7 +246,8 @@ TEST(TemplateRun, uses_the_base_address_in_a_preview_too)
 TEST(TemplateRun, without_an_export_directory_is_message_37)
 {
   TemplateSite site{{"00", "Start", ""}};
-  site.project.db().execute("INSERT INTO Dateien (pfad, dateiname, erweiterung, [dateityp-id]) VALUES ('p', 'alt', 'htm', 1)", {});
+  site.project.db().execute("INSERT INTO Dateien (pfad, dateiname, erweiterung, [dateityp-id]) VALUES ('p', 'alt', 'htm', 1)",
+                            {});
   site.fields.tbpfadexport = site.site.file("nirgends");
   site.ui.expect(37);
 
@@ -299,8 +301,9 @@ TEST(TemplateRun, refuses_a_name_addition_that_leads_out)
 TEST(TemplateRun, reads_columns_without_a_value_as_empty)
 {
   TemplateSite site{{"00", std::nullopt}, {"01", std::nullopt, {}, {}, std::nullopt}, {"02", "B"}};
-  site.useLayout("<template ismenuitem='true'><code>-[mrd:ID][mrd:Überschrift]</code><codeactive>+[mrd:ID]</codeactive></template>"
-                 "<template><code>([mrd:Überschrift][mrd:Inhalt][mrd:script])</code></template>");
+  site.useLayout(
+      "<template ismenuitem='true'><code>-[mrd:ID][mrd:Überschrift]</code><codeactive>+[mrd:ID]</codeactive></template>"
+      "<template><code>([mrd:Überschrift][mrd:Inhalt][mrd:script])</code></template>");
 
   EXPECT_EQ(site.run().generated, 3u);
 
@@ -323,15 +326,15 @@ TEST(ScriptBlock, holds_meta_tags_popup_script_and_scripts_in_this_order)
                           "<meta name='revisit' content='After 20 days'>", "<meta name='expires' content='NEVER'>",
                           "<meta name='imagetoolbar' content='no'>", "<meta name='robots' content='INDEX,FOLLOW'>"));
   EXPECT_THAT(block[8], HasSubstr("<meta name='generator' content='"));
-  EXPECT_THAT(std::vector(block.begin() + 9, block.end()),
-              ElementsAre("<script language=JavaScript>", "function popupfenster(source, bu)", "     {",
-                          "    if (bu == null) { bu = \"\";};", "        bu = bu.replace(/ /g,\"%20\");",
-                          "        scu = source.replace(/ /g,\"%20\");",
-                          "        f1 = open('popupbild.htm?src=' + source + '&bu=' + bu,'fenster1','width=320,height=350,screenx=-0,"
-                          "screeny=-100,scrollbars=Yes,resizable=Yes,left=10,top=10');",
-                          "        f1.focus();", "     }", "</script>",
-                          "<script src='picturetransfer.js' TYPE='text/javascript'></script>", "<!-- Bl&auml;ttern-Typ:4 -->",
-                          "<!-- benutzerdef. Script -->", "eigenes"));
+  EXPECT_THAT(
+      std::vector(block.begin() + 9, block.end()),
+      ElementsAre(
+          "<script language=JavaScript>", "function popupfenster(source, bu)", "     {", "    if (bu == null) { bu = \"\";};",
+          "        bu = bu.replace(/ /g,\"%20\");", "        scu = source.replace(/ /g,\"%20\");",
+          "        f1 = open('popupbild.htm?src=' + source + '&bu=' + bu,'fenster1','width=320,height=350,screenx=-0,"
+          "screeny=-100,scrollbars=Yes,resizable=Yes,left=10,top=10');",
+          "        f1.focus();", "     }", "</script>", "<script src='picturetransfer.js' TYPE='text/javascript'></script>",
+          "<!-- Bl&auml;ttern-Typ:4 -->", "<!-- benutzerdef. Script -->", "eigenes"));
 }
 
 TEST(ScriptBlock, ends_with_the_pages_script)

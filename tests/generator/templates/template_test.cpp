@@ -124,7 +124,8 @@ TEST(MenuNode, writes_a_row_for_each_page_of_the_first_level_the_homepage_first)
 
 TEST(MenuNode, takes_ids_of_exactly_two_characters_for_the_first_level)
 {
-  Rendering site{{"0", "Eins", "", 1}, {"00", "Start", "", 1}, {"001", "Drei", "", 1}, {"01", "Haus", "", 1}, {"AB", "Buchstaben", "", 1}};
+  Rendering site{
+      {"0", "Eins", "", 1}, {"00", "Start", "", 1}, {"001", "Drei", "", 1}, {"01", "Haus", "", 1}, {"AB", "Buchstaben", "", 1}};
   addNode(site.root, "M", "[mrd:Überschrift]");
 
   EXPECT_THAT(site.lines("001"), ElementsAre("Start", "Haus", "Buchstaben"));
@@ -140,7 +141,10 @@ TEST(MenuNode, leaves_blind_pages_out)
 
 TEST(MenuNode, lowers_file_names_of_its_rows)
 {
-  Rendering site{{"00", "Start", "START.HTM", 1}, {"01", "Haus", "Über-*.HTM", 1}, {"02", "Fest", "Fest.htm", 1}, {"03", "Auch", "Fest.htm", 1}};
+  Rendering site{{"00", "Start", "START.HTM", 1},
+                 {"01", "Haus", "Über-*.HTM", 1},
+                 {"02", "Fest", "Fest.htm", 1},
+                 {"03", "Auch", "Fest.htm", 1}};
   addNode(site.root, "M", "[mrd:ID]", "[mrd:ID]");
 
   EXPECT_THAT(site.lines("00"), ElementsAre("start.htm", "über-01.htm", "fest.htm", "fest.htm"));
@@ -180,13 +184,17 @@ TEST(MenuNode, without_rows_writes_two_line_ends)
   addNode(walk, "M", "[mrd:Überschrift]");
 
   // The root's code, the rows of the walk with the two line ends of the child, of the walk, of the root.
-  EXPECT_EQ(site.of(site.root, "01"), crlf("¶" "¶¶" "¶¶" "¶¶" "¶¶"));
+  EXPECT_EQ(site.of(site.root, "01"), crlf("¶"
+                                           "¶¶"
+                                           "¶¶"
+                                           "¶¶"
+                                           "¶¶"));
 }
 
 struct DeepSite : testing::Test {
-  Rendering site{{"00", "S", "", 1},     {"01", "A", "", 1},    {"0101", "AA", "", 1}, {"010101", "AAA", "", 1},
-                 {"0102", "AB", "", 1},  {"02", "B", "", 1},    {"0201", "BA", "", 1}, {"0202", "BB", "", 1},
-                 {"020201", "BBA", "", 1}};
+  Rendering site{{"00", "S", "", 1},       {"01", "A", "", 1},    {"0101", "AA", "", 1},
+                 {"010101", "AAA", "", 1}, {"0102", "AB", "", 1}, {"02", "B", "", 1},
+                 {"0201", "BA", "", 1},    {"0202", "BB", "", 1}, {"020201", "BBA", "", 1}};
 };
 
 TEST_F(DeepSite, opens_on_the_way_to_the_current_page)
@@ -252,7 +260,8 @@ TEST_F(DeepSite, fills_placeholders_between_rows_with_the_next_rows_values)
   auto& level1 = addNode(site.root, "M S", "1 [mrd:Überschrift]", "1 [mrd:Überschrift]");
   addNode(level1, "", "behind: [mrd:Überschrift] [mrd:ID]");
 
-  EXPECT_THAT(site.lines("0101"), ElementsAre("1 S", "behind: A 01.htm", "1 A", "behind: B 02.htm", "1 B", "behind: AA 0101.htm"));
+  EXPECT_THAT(site.lines("0101"),
+              ElementsAre("1 S", "behind: A 01.htm", "1 A", "behind: B 02.htm", "1 B", "behind: AA 0101.htm"));
 }
 
 TEST(OpenPath, is_a_test_of_the_ids_beginning)
@@ -395,8 +404,8 @@ TEST(Strip, in_a_menu_row_is_that_of_the_rows_page_in_the_first_style)
 }
 
 struct ForeignSite : testing::Test {
-  Rendering site{{"00", "S", "", 1}, {"01", "A", "", 1}, {"0101", "AA", "http://Y.example/", 2}, {"0102", "AB", "", 4},
-                 {"02", "B", "", 2}, {"0201", "BA", "", 1}};
+  Rendering site{{"00", "S", "", 1},    {"01", "A", "", 1}, {"0101", "AA", "http://Y.example/", 2},
+                 {"0102", "AB", "", 4}, {"02", "B", "", 2}, {"0201", "BA", "", 1}};
 
   ForeignSite()
   {
@@ -413,8 +422,9 @@ TEST_F(ForeignSite, links_rows_by_the_type_of_their_parent)
 
 TEST_F(ForeignSite, links_first_level_rows_by_the_type_of_the_current_page)
 {
-  EXPECT_THAT(site.lines("02"), ElementsAre("http://x.example/index.htm", "http://x.example/01.htm", "|http://y.example/", "|0102.htm",
-                                            "http://x.example/02.htm", "http://x.example/|http://x.example/0201.htm"));
+  EXPECT_THAT(site.lines("02"),
+              ElementsAre("http://x.example/index.htm", "http://x.example/01.htm", "|http://y.example/", "|0102.htm",
+                          "http://x.example/02.htm", "http://x.example/|http://x.example/0201.htm"));
 }
 
 TEST_F(ForeignSite, links_addresses_without_the_base_address)

@@ -51,7 +51,10 @@ TEST_F(TextPicturesTest, bring_and_enter_a_picture_in_lower_case)
 
 TEST_F(TextPicturesTest, know_every_form_of_local_reference)
 {
-  for (const auto& form : {reference("file:///"), reference("file://" "/"), reference("/"), "file://" + a, "file:\\\\" + a, a})
+  for (const auto& form : {reference("file:///"),
+                           reference("file://"
+                                     "/"),
+                           reference("/"), "file://" + a, "file:\\\\" + a, a})
     EXPECT_EQ(of("<img src=\"" + form + "\">"), "<img src=\"pix/a.jpg\">") << form;
   EXPECT_EQ(site.site.read("pix/a.jpg"), "a");
 }
@@ -125,7 +128,8 @@ TEST_F(TextPicturesTest, of_one_name_are_one_file_and_the_first_wins)
 {
   site.pictures.write("b/a.jpg", "b");
 
-  EXPECT_EQ(of("<img src='" + a + "'><img src='" + site.pictures.file("b\\a.jpg") + "'>"), "<img src='pix/a.jpg'><img src='pix/a.jpg'>");
+  EXPECT_EQ(of("<img src='" + a + "'><img src='" + site.pictures.file("b\\a.jpg") + "'>"),
+            "<img src='pix/a.jpg'><img src='pix/a.jpg'>");
 
   EXPECT_EQ(site.site.read("pix/a.jpg"), "a");
   EXPECT_THAT(site.entered(2), ElementsAre("pix\\a.jpg"));
@@ -244,16 +248,17 @@ TEST_F(TextPicturesTest, rewrite_links_in_other_calls_with_the_address)
 
 TEST_F(TextPicturesTest, leave_links_without_a_local_file)
 {
-  for (const auto* href : {"01.htm", "#oben", "http://y.example/B.jpg", "mailto:anna@y.example", "https://y.example/", "bilder/A.JPG",
-                           "javascript:history.back()"})
+  for (const auto* href : {"01.htm", "#oben", "http://y.example/B.jpg", "mailto:anna@y.example", "https://y.example/",
+                           "bilder/A.JPG", "javascript:history.back()"})
     EXPECT_EQ(of("<a href='" + std::string(href) + "'>"), "<a href='" + std::string(href) + "'>");
   EXPECT_THAT(site.entered(), IsEmpty());
 }
 
 TEST_F(TextPicturesTest, put_the_base_address_before_local_links_alone)
 {
-  EXPECT_EQ(of("<a href='01.htm'><a href='#oben'><a href='http://y.example/'><a href='http://x.example/02.htm'>", "http://x.example/"),
-            "<a href='http://x.example/01.htm'><a href='#oben'><a href='http://y.example/'><a href='http://x.example/02.htm'>");
+  EXPECT_EQ(
+      of("<a href='01.htm'><a href='#oben'><a href='http://y.example/'><a href='http://x.example/02.htm'>", "http://x.example/"),
+      "<a href='http://x.example/01.htm'><a href='#oben'><a href='http://y.example/'><a href='http://x.example/02.htm'>");
 }
 
 TEST_F(TextPicturesTest, find_links_in_plain_text_and_scripts)
@@ -265,7 +270,8 @@ TEST_F(TextPicturesTest, find_links_in_plain_text_and_scripts)
 TEST_F(TextPicturesTest, cut_local_links_behind_250_characters)
 {
   // The separator behind "file://" is the first of them; umlauts are one character each.
-  EXPECT_EQ(of("<a href='file:///" + std::string(300, 'n') + ".jpg'>"), "<a href='http://x.example/pix/" + std::string(249, 'n') + ".'>");
+  EXPECT_EQ(of("<a href='file:///" + std::string(300, 'n') + ".jpg'>"),
+            "<a href='http://x.example/pix/" + std::string(249, 'n') + ".'>");
   EXPECT_THAT(of("<a href='file:///üü" + std::string(300, 'n') + ".jpg'>"), HasSubstr("/üü" + std::string(247, 'n') + ".'"));
 }
 

@@ -27,7 +27,8 @@ struct LayoutFile {
 void describe(const Template& node, int depth, std::vector<std::string>& out)
 {
   for (const auto& child : node.Children) {
-    const auto flags = std::string(child->isMenuitem ? "M" : "") + (child->isActiveMenuitem ? "A" : "") + (child->isShowChildren ? "S" : "");
+    const auto flags =
+        std::string(child->isMenuitem ? "M" : "") + (child->isActiveMenuitem ? "A" : "") + (child->isShowChildren ? "S" : "");
     out.push_back(std::to_string(depth) + " " + child->TemplateName + " " + flags + " " + child->Code + "|" + child->CodeActive);
     describe(*child, depth + 1, out);
   }
@@ -46,7 +47,8 @@ TEST(LayoutFile, becomes_a_tree)
 {
   EXPECT_THAT(tree("<root name='L'>"
                    "<template name='kopf'><code>A</code></template>"
-                   "<template name='m1' ismenuitem='true' isactivemenuitem='true' showchildren='true'><code>B</code><codeactive>C</codeactive>"
+                   "<template name='m1' ismenuitem='true' isactivemenuitem='true' "
+                   "showchildren='true'><code>B</code><codeactive>C</codeactive>"
                    "<template name='m2' ismenuitem='true'><code>D</code></template></template>"
                    "</root>"),
               ElementsAre("1 kopf  A|", "1 m1 MAS B|C", "2 m2 M D|"));
@@ -75,7 +77,8 @@ TEST(LayoutFile, skips_templates_without_content)
 
 TEST(LayoutFile, takes_a_template_with_a_comment_alone)
 {
-  EXPECT_THAT(tree("<root><template name='a' ismenuitem='true'><!-- walks a level --></template></root>"), ElementsAre("1 a M |"));
+  EXPECT_THAT(tree("<root><template name='a' ismenuitem='true'><!-- walks a level --></template></root>"),
+              ElementsAre("1 a M |"));
 }
 
 TEST(LayoutFile, ignores_other_elements)
@@ -110,7 +113,8 @@ TEST(LayoutFile, takes_html_as_character_data_or_escaped)
 
 TEST(LayoutFile, keeps_blanks_and_writes_line_ends_as_cr_lf)
 {
-  EXPECT_THAT(tree("<root><template><code>\n  x\n  <![CDATA[ y\n]]></code></template></root>"), ElementsAre("1   \r\n  x\r\n   y\r\n|"));
+  EXPECT_THAT(tree("<root><template><code>\n  x\n  <![CDATA[ y\n]]></code></template></root>"),
+              ElementsAre("1   \r\n  x\r\n   y\r\n|"));
 }
 
 TEST(LayoutFile, loses_the_tags_of_html_that_is_neither)
@@ -125,8 +129,9 @@ TEST(LayoutFile, with_another_document_element_gives_nothing)
 
 TEST(LayoutFile, opens_a_root_within_a_template)
 {
-  EXPECT_THAT(tree("<root><template name='a'><root><code>x</code><template name='b'><code>y</code></template></root></template></root>"),
-              ElementsAre("1 a  x|", "2 b  y|"));
+  EXPECT_THAT(
+      tree("<root><template name='a'><root><code>x</code><template name='b'><code>y</code></template></root></template></root>"),
+      ElementsAre("1 a  x|", "2 b  y|"));
 }
 
 TEST(LayoutFile, that_is_not_well_formed_leaves_the_node)

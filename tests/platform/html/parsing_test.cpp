@@ -21,6 +21,9 @@ struct Case {
   std::string_view body;
 };
 
+/// Names a case by its text; without it a test would be called by the addresses of its texts, anew in each build.
+void PrintTo(const Case& rule, std::ostream* out) { *out << rule.html; }
+
 class HtmlRules : public ::testing::TestWithParam<Case> {};
 
 TEST_P(HtmlRules, give_the_body_of_a_browser) { EXPECT_EQ(bodyOf(GetParam().html), GetParam().body) << GetParam().html; }

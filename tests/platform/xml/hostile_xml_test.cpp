@@ -87,10 +87,31 @@ TEST_F(HostileXml, with_a_zero_byte_inside_is_nothing) { EXPECT_FALSE(loaded(std
 
 TEST_F(HostileXml, that_is_not_well_formed_is_nothing)
 {
-  for (const auto* text :
-       {"text", "<a>", "<a></b>", "<a/><b/>", "<a><b></a></b>", "<a x></a>", "<a x=1/>", "<a x='1' x='2'/>", "<a>&</a>",
-        "<a>&unknown;</a>", "<a>x < y</a>", "<a/>x", "x<a/>", "<a><![CDATA[x</a>", "<a><!-- x</a>", "<a>&#0;</a>", "<a n='<'/>",
-        "<a>&#xFFFFFFFFF;</a>", "<a>]]></a>", "<a", "<", "< a/>", "<a><!-- x -- y --></a>", "<1/>", " <?xml version='1.0'?><a/>"})
+  for (const auto* text : {"text",
+                           "<a>",
+                           "<a></b>",
+                           "<a/><b/>",
+                           "<a><b></a></b>",
+                           "<a x></a>",
+                           "<a x=1/>",
+                           "<a x='1' x='2'/>",
+                           "<a>&</a>",
+                           "<a>&unknown;</a>",
+                           "<a>x < y</a>",
+                           "<a/>x",
+                           "x<a/>",
+                           "<a><![CDATA[x</a>",
+                           "<a><!-- x</a>",
+                           "<a>&#0;</a>",
+                           "<a n='<'/>",
+                           "<a>&#xFFFFFFFFF;</a>",
+                           "<a>]]></a>",
+                           "<a",
+                           "<",
+                           "< a/>",
+                           "<a><!-- x -- y --></a>",
+                           "<1/>",
+                           " <?xml version='1.0'?><a/>"})
     EXPECT_FALSE(loaded(text)) << text;
 }
 
@@ -188,8 +209,9 @@ TEST_F(HostileXml, never_reads_other_files)
   directory.write("geheim.txt", "geheim");
   const auto path = (directory.native() / "geheim.txt").string();
 
-  for (const std::string& declaration : {"<!ENTITY e SYSTEM 'file://" + path + "'>", std::string("<!ENTITY e SYSTEM 'geheim.txt'>"),
-                                         "<!ENTITY % p SYSTEM 'file://" + path + "'> %p;"})
+  for (const std::string& declaration :
+       {"<!ENTITY e SYSTEM 'file://" + path + "'>", std::string("<!ENTITY e SYSTEM 'geheim.txt'>"),
+        "<!ENTITY % p SYSTEM 'file://" + path + "'> %p;"})
     EXPECT_THAT(read("<!DOCTYPE r [" + declaration + "]><r>&e;</r>"), Not(HasSubstr("geheim"))) << declaration;
 }
 

@@ -1,0 +1,17 @@
+#pragma once
+// The writing side of the pipe.
+
+#include "platform/dao/jet_wire.h"
+
+#include <string_view>
+
+namespace mrd::jetreader {
+
+void put(dao::wire::Record record);
+void put(dao::wire::Field field);
+void putNumber(std::uint64_t number, int bytes);
+void putText(std::string_view text);
+/// A record LeftOut; the first thousand, more tell nobody anything.
+void leaveOut(std::string_view what);
+
+} // namespace mrd::jetreader
