@@ -45,6 +45,10 @@ void FrmAssistent::Form_Load()
   tbtitel = fields.tbtitel;
   tbbasisurl = fields.tbbasisurl;
   guideFile = program.file("\\hilfe\\kurzanleitung.htm");
+  // The guide in the user's language, where there is one.
+  if (const std::string english = program.file("\\help\\kurzanleitung.htm");
+      parts_.program.language.Sprache() == "ENG" && paths::datei_vorhanden(english))
+    guideFile = english;
   if (!paths::datei_vorhanden(guideFile)) {
     guideFile.clear();
     guideHtml = base::format("<br><br>Die Kurzanleitung aus der Online-Hilfe wurde nicht gefunden. <br><br>"

@@ -57,7 +57,7 @@ QToolBar QToolButton { border: 1px solid transparent; border-radius: 5px; paddin
 QToolBar QToolButton:hover { background: palette(midlight); }
 QToolBar QToolButton:pressed, QToolBar QToolButton:checked { background: palette(midlight); border-color: palette(mid); }
 QToolBar QToolButton:focus { border-color: palette(highlight); }
-QToolBarExtension { padding: 0; border: none; }
+QToolBar QToolButton#qt_toolbar_ext_button { padding: 0; border: none; }
 QToolBar::separator { width: 1px; background: palette(mid); margin: 5px 5px; }
 QTabWidget::pane { border: none; border-top: 1px solid palette(mid); }
 QTabBar { qproperty-drawBase: 0; }

@@ -16,6 +16,10 @@ void showPictures(QWidget& window)
   for (auto* const button : window.findChildren<QAbstractButton*>())
     if (const QString picture = button->property("picture").toString(); !picture.isEmpty())
       button->setIcon(icon(picture));
+  // The style's own picture for what has no room is black in every palette.
+  for (const char* const extension : {"qt_toolbar_ext_button", "qt_menubar_ext_button"})
+    for (auto* const button : window.findChildren<QAbstractButton*>(extension))
+      button->setIcon(icon("more"));
 }
 
 } // namespace mrd::desktop
