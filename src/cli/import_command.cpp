@@ -1,7 +1,7 @@
 #include "cli/commands.h"
 #include "cli/session.h"
-#include "mainform/project_frame.h"
 #include "mainform/old_projects.h"
+#include "mainform/project_frame.h"
 #include "platform/files/files.h"
 
 #include <CLI/CLI.hpp>
