@@ -36,7 +36,16 @@ function(mrd_test name)
   target_link_libraries(${name} PRIVATE mrd_flags ${ARG_USES} GTest::gmock GTest::gtest GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE MRD_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
     MRD_PROGRAM_DIR="${MRD_PROGRAM_DIR}" MRD_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120 ENVIRONMENT "${ARG_ENVIRONMENT}")
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+  # Lists do not survive the way through the call above; CTest reads this file behind the one that names the tests.
+  if(ARG_ENVIRONMENT)
+    set(file "${CMAKE_CURRENT_BINARY_DIR}/${name}_environment.cmake")
+    file(WRITE "${file}" "foreach(test IN LISTS ${name}_TESTS)
+  set_tests_properties(\"\${test}\" PROPERTIES ENVIRONMENT \"${ARG_ENVIRONMENT}\")
+endforeach()
+")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${file}")
+  endif()
 endfunction()
 
 # The complete program directory of this build: both programs and the resources.

@@ -1,6 +1,6 @@
-// The editing surface inside its document. Runs in a world of its own: the page's scripts are switched off, and could not see this
-// one. Timers do not run here either; whatever takes time is asked for by the desktop, which calls `editor.call(name, arguments)`
-// and is told by notes that something is to be asked for.
+// The editing surface inside its document. Runs in a world of its own: the page's scripts are switched off, and could not see
+// this one. Timers do not run here either; whatever takes time is asked for by the desktop, which calls
+// `editor.call(name, arguments)` and is told by notes that something is to be asked for.
 (() => {
   "use strict";
   if (window.editor)
@@ -149,7 +149,7 @@
       records.push(record);
   }
 
-  const isTyping = kind => kind.startsWith("insertText") || kind.startsWith("insertComposition") || kind.startsWith("deleteContent");
+  const isTyping = kind => /^(insertText|insertComposition|deleteContent)/.test(kind);
 
   function commit(mutations, kind) {
     const last = steps[steps.length - 1];
@@ -259,7 +259,8 @@
 
   /// The parser drops a line end at the start of these; to stay as it is, such a text must begin with two.
   const kLosesLineEnd = "pre,listing,textarea";
-  const beginsWithLineEnd = element => element.firstChild?.nodeType === Node.TEXT_NODE && element.firstChild.data.startsWith("\n");
+  const isText = node => node?.nodeType === Node.TEXT_NODE;
+  const beginsWithLineEnd = element => isText(element.firstChild) && element.firstChild.data.startsWith("\n");
 
   function htmlOf(element) {
     if (![...element.querySelectorAll(kLosesLineEnd)].some(beginsWithLineEnd))
@@ -464,8 +465,8 @@
 
   const isOffice = html => /class="?Mso|mso-|urn:schemas-microsoft-com|<o:p>/i.test(html);
 
-  const kKeptStyles = ["font-weight", "font-style", "text-decoration", "text-align", "vertical-align", "color", "background-color",
-                       "width", "height"];
+  const kKeptStyles = ["font-weight", "font-style", "text-decoration", "text-align", "vertical-align", "color",
+                       "background-color", "width", "height"];
   const kNoStyle = /^(windowtext|black|initial|inherit|transparent|normal|none|auto|baseline|start|#000000|rgb\(0, 0, 0\))$/;
   const kNeverPasted = "script,style,meta,link,title,base,head,xml,noscript,object,embed,iframe,applet";
 
@@ -497,7 +498,8 @@
     const found = /mso-list:\s*l\d+\s+level(\d+)/i.exec(paragraph.getAttribute("style") || "");
     if (!found)
       return null;
-    const marker = [...paragraph.querySelectorAll("span")].find(span => /mso-list:\s*Ignore/i.test(span.getAttribute("style") || ""));
+    const isMarker = span => /mso-list:\s*Ignore/i.test(span.getAttribute("style") || "");
+    const marker = [...paragraph.querySelectorAll("span")].find(isMarker);
     const isNumbered = /^\s*(\d+|[a-z]{1,4})[.)]/i.test(marker?.textContent || "");
     marker?.remove();
     return { level: Number(found[1]), tag: isNumbered ? "ol" : "ul" };
@@ -566,9 +568,10 @@
       if (element.attributes.length === 0 || /^_(Toc|Hlk|GoBack|Ref)/.test(element.getAttribute("name") || ""))
         unwrap(element);
     joinLines(root);
-    while (root.lastChild?.nodeType === Node.TEXT_NODE && root.lastChild.data.trim() === "")
+    const isBlank = node => isText(node) && node.data.trim() === "";
+    while (isBlank(root.lastChild))
       root.lastChild.remove();
-    while (root.firstChild?.nodeType === Node.TEXT_NODE && root.firstChild.data.trim() === "")
+    while (isBlank(root.firstChild))
       root.firstChild.remove();
   }
 
@@ -1017,16 +1020,16 @@
     if (link)
       link.setAttribute("href", href);
     else if (selection.isCollapsed)
-      insertFragment(fragmentOf(`<a>${escapeHtml(href)}</a>`)), linkBeforeCursor().setAttribute("href", href);
+      insertFragment(linkTo(href));
     else
       document.execCommand("createLink", false, href);
     return true;
   }
 
-  function linkBeforeCursor() {
-    const { startContainer, startOffset } = rangeOfSelection();
-    const before = startContainer.childNodes[startOffset - 1] || startContainer.previousSibling || startContainer;
-    return before.nodeType === Node.ELEMENT_NODE ? before.closest("a") || before.querySelector("a") : before.parentElement.closest("a");
+  function linkTo(href) {
+    const fragment = fragmentOf(`<a href="">${escapeHtml(href)}</a>`);
+    fragment.firstChild.setAttribute("href", href);
+    return fragment;
   }
 
   function removeLink() {
@@ -1085,10 +1088,18 @@
     5013: { status: atPlace, value: fontName },
     5014: { status: atPlace, value: fontSize },
     5015: { status: atPlace, value: () => colourValue("foreColor") },
-    5016: { status: atPlace, run: href => href !== "" && edit(() => setLink(href)), value: () => closest("a[href]")?.getAttribute("href") },
+    5016: {
+      status: atPlace,
+      run: href => href !== "" && edit(() => setLink(href)),
+      value: () => closest("a[href]")?.getAttribute("href"),
+    },
     // The status tells whether a picture is selected; to insert one, none need be.
-    5017: { status: () => statusIf(selectedPicture()), run: src => src !== "" && edit(() => setPicture(src)), alwaysRuns: true,
-            value: () => selectedPicture()?.getAttribute("src") },
+    5017: {
+      status: () => statusIf(selectedPicture()),
+      run: src => src !== "" && edit(() => setPicture(src)),
+      alwaysRuns: true,
+      value: () => selectedPicture()?.getAttribute("src"),
+    },
     5018: ofEngine("indent"),
     5019: ofTable(currentCell, insertCell),
     5020: ofTable(currentCell, insertColumn),

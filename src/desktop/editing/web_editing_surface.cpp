@@ -1,20 +1,14 @@
 #include "desktop/editing/web_editing_surface.h"
 
-#include "base/text.h"
 #include "desktop/editing/block_format_names.h"
-#include "desktop/editing/clipboard_content.h"
 #include "desktop/editing/deep_nesting.h"
-#include "desktop/editing/edited_page.h"
+#include "desktop/editing/edited_document.h"
 #include "platform/html/document.h"
 #include "platform/ui/editing_commands.h"
 
-#include <QElapsedTimer>
 #include <QJsonObject>
-#include <QTimer>
 #include <QVBoxLayout>
-#include <QWebEngineView>
 
-#include <functional>
 #include <utility>
 
 namespace mrd::desktop {
@@ -22,404 +16,16 @@ namespace {
 
 namespace command = ui::command;
 
-/// The copy of the text is fetched this long after the first change that it lacks.
-constexpr int kCopyDelayMs = 400;
-/// Statuses are asked for once for all that happens within this time.
-constexpr int kDisplayDelayMs = 30;
-/// A page that takes longer to load is shown when it is ready; its owner need not wait for it.
-constexpr int kLoadMs = 15000;
-/// A page that ends its process so often in a row is not shown any more.
-constexpr int kMaxBreakdowns = 5;
-constexpr int kHealthyMs = 10000;
-
-QString text(std::string_view utf8) { return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())); }
-
-std::string withCrLf(const QVariant& value) { return base::toCrLf(value.toString().toStdString()); }
-
 std::optional<std::string> optionalText(const std::optional<QVariant>& value)
 {
-  return value && value->typeId() == QMetaType::QString ? std::optional(withCrLf(*value)) : std::nullopt;
+  return value && value->typeId() == QMetaType::QString ? std::optional(systemText(*value)) : std::nullopt;
 }
 
 } // namespace
 
-/// What the surface knows of the document in the other process.
-class WebEditingSurface::Document {
-public:
-  explicit Document(QWidget& owner);
-  /// The page first: it gives its last answers to what is still whole.
-  ~Document() { page_.reset(); }
-  Document(const Document&) = delete;
-  Document& operator=(const Document&) = delete;
-
-  void load(std::string_view html);
-  void setBody(std::string_view html);
-  const std::string& body();
-  void startIn(std::string_view directory);
-  void showStyles();
-  bool waitUntilLoaded();
-  std::optional<QVariant> ask(const QString& function, const QJsonArray& arguments = {});
-
-  bool run(int command, const QJsonValue& argument);
-  bool runWithPrompt(int command, std::string_view given);
-  bool chooseFont();
-  bool copy();
-  bool paste();
-  bool pastePicture(const ClipboardPicture& picture);
-  std::string value(int command) const;
-
-  ui::SurfaceEvents events;
-  ui::SurfacePrompts prompts;
-  std::string language = "GER";
-  std::string background, foreground, rules;
-  bool borders = false, details = false;
-  bool busy = true;
-  QVariantMap display;
-  QWebEngineView view;
-
-private:
-  void connectNotes();
-  void later(std::function<void()> work);
-  void openPage();
-  void startLoading();
-  void stopWaiting();
-  void onReady();
-  void onBreakdown();
-  void sendBody();
-  void noticeChange(int version);
-  void takeBody(const QVariant& answer);
-  void takeLoaded(const QVariant& answer);
-  void fetchBody();
-  void fetchDisplay();
-
-  QWebEngineProfile profile_;
-  SiteFiles files_;
-  SiteRequests requests_;
-  ScriptNotes notes_;
-  std::unique_ptr<EditedPage> page_;
-  QTimer copyTimer_, displayTimer_, loadTimer_;
-
-  std::string directory_;
-  /// The text as it was last known, and the number that the script gave to this state.
-  std::string body_;
-  int version_ = 0;
-  /// The owner knows of the changes behind `version_`.
-  bool announced_ = false;
-  /// The empty document is there.
-  bool ready_ = false;
-  /// What is not answered yet of an older load is of no interest.
-  int loads_ = 0;
-  bool restoring_ = false;
-  int breakdowns_ = 0;
-  QElapsedTimer sinceBreakdown_;
-};
-
-WebEditingSurface::Document::Document(QWidget& owner) : view(&owner)
-{
-  profile_.installUrlSchemeHandler("mirandel", &files_);
-  profile_.setUrlRequestInterceptor(&requests_);
-  profile_.setSpellCheckEnabled(false);
-  connectNotes();
-  for (QTimer* const timer : {&copyTimer_, &displayTimer_, &loadTimer_})
-    timer->setSingleShot(true);
-  QObject::connect(&copyTimer_, &QTimer::timeout, &view, [this] { fetchBody(); });
-  QObject::connect(&displayTimer_, &QTimer::timeout, &view, [this] { fetchDisplay(); });
-  QObject::connect(&loadTimer_, &QTimer::timeout, &view, [this] { stopWaiting(); });
-  view.setContextMenuPolicy(Qt::PreventContextMenu);
-  openPage();
-  startLoading();
-}
-
-/// A process that is busy for good is left behind with its page.
-void WebEditingSurface::Document::openPage()
-{
-  auto page = std::make_unique<EditedPage>(profile_, notes_, nullptr);
-  page->onReady = [this] { onReady(); };
-  page->onBreakdown = [this] { onBreakdown(); };
-  view.setPage(page.get());
-  page_ = std::move(page);
-  ready_ = false;
-  page_->start(directory_);
-}
-
-void WebEditingSurface::Document::connectNotes()
-{
-  notes_.onChanged = [this](int version) { later([=, this] { noticeChange(version); }); };
-  notes_.onDisplay = [this] {
-    if (!displayTimer_.isActive())
-      displayTimer_.start(kDisplayDelayMs);
-  };
-  notes_.onPastePicture = [this] {
-    later([this] {
-      if (const auto picture = clipboardContent().picture)
-        pastePicture(*picture);
-    });
-  };
-  notes_.onContextMenu = [this](int x, int y, const QVariantMap& state) {
-    later([=, this] {
-      display = state;
-      events.showContextMenu(x, y);
-    });
-  };
-}
-
-/// While the engine hands over a note or an answer, it gives no other answer. What may ask again runs after it.
-void WebEditingSurface::Document::later(std::function<void()> work) { QTimer::singleShot(0, &view, std::move(work)); }
-
-// --- loading
-
-void WebEditingSurface::Document::startIn(std::string_view directory)
-{
-  if (directory == directory_)
-    return;
-  if (ready_ && !busy)
-    body();
-  directory_ = directory;
-  requests_.setDirectory(directory);
-  ready_ = false;
-  startLoading();
-  page_->start(directory_);
-}
-
-void WebEditingSurface::Document::startLoading()
-{
-  busy = true;
-  loadTimer_.start(kLoadMs);
-}
-
-void WebEditingSurface::Document::load(std::string_view html)
-{
-  body_ = base::toCrLf(withBoundedDepth(html));
-  startLoading();
-  if (breakdowns_ > kMaxBreakdowns || page_->isStuck()) {
-    breakdowns_ = 0;
-    openPage();
-  } else if (ready_) {
-    sendBody();
-  }
-}
-
-/// The page is worked on and will be shown. Until then its text is the one that was to be loaded.
-void WebEditingSurface::Document::stopWaiting()
-{
-  if (!std::exchange(busy, false))
-    return;
-  page_->setStuck();
-  events.documentComplete();
-}
-
-void WebEditingSurface::Document::onReady()
-{
-  ready_ = true;
-  showStyles();
-  sendBody();
-}
-
-void WebEditingSurface::Document::showStyles()
-{
-  if (!ready_)
-    return;
-  page_->tell("setColours", {text(background), text(foreground)});
-  page_->tell("setRules", {text(rules)});
-  page_->tell("setMarks", {borders, details});
-}
-
-void WebEditingSurface::Document::sendBody()
-{
-  page_->tell("load", {text(body_)}, [this, load = ++loads_](const QVariant& answer) {
-    if (load == loads_)
-      takeLoaded(answer);
-  });
-}
-
-void WebEditingSurface::Document::takeLoaded(const QVariant& answer)
-{
-  const auto state = answer.toMap();
-  if (!state.contains("body"))
-    return;
-  body_ = withCrLf(state["body"]);
-  version_ = state["version"].toInt();
-  announced_ = false;
-  loadTimer_.stop();
-  const bool wasBusy = std::exchange(busy, false);
-  const bool restored = std::exchange(restoring_, false);
-  later([=, this] {
-    if (wasBusy)
-      events.documentComplete();
-    if (restored)
-      events.restored();
-  });
-}
-
-bool WebEditingSurface::Document::waitUntilLoaded()
-{
-  if (busy)
-    page_->waitUntil([this] { return !busy || breakdowns_ > kMaxBreakdowns; }, kLoadMs);
-  return !busy && ready_;
-}
-
-void WebEditingSurface::Document::setBody(std::string_view html)
-{
-  // A document that is not there yet is loaded with this text right away.
-  if (busy)
-    return load(html);
-  body_ = base::toCrLf(withBoundedDepth(html));
-  page_->tell("setBody", {text(body_)}, [this, load = ++loads_](const QVariant& answer) {
-    if (load == loads_)
-      takeLoaded(answer);
-  });
-}
-
-// --- the copy of the text
-
-void WebEditingSurface::Document::noticeChange(int version)
-{
-  // A note that was overtaken by an answer tells nothing new.
-  if (busy || version <= version_)
-    return;
-  if (!copyTimer_.isActive())
-    copyTimer_.start(kCopyDelayMs);
-  if (!std::exchange(announced_, true))
-    events.changed();
-}
-
-void WebEditingSurface::Document::takeBody(const QVariant& answer)
-{
-  const auto state = answer.toMap();
-  if (!state.contains("body") || state["version"].toInt() <= version_)
-    return;
-  body_ = withCrLf(state["body"]);
-  version_ = state["version"].toInt();
-  if (!std::exchange(announced_, false))
-    events.changed();
-}
-
-void WebEditingSurface::Document::fetchBody()
-{
-  if (ready_ && !busy)
-    page_->tell("read", {version_}, [this, load = loads_](const QVariant& answer) {
-      later([=, this] {
-        if (load == loads_)
-          takeBody(answer);
-      });
-    });
-}
-
-const std::string& WebEditingSurface::Document::body()
-{
-  if (!waitUntilLoaded())
-    return body_;
-  const int load = loads_;
-  const auto answer = page_->ask("read", {version_});
-  if (answer && load == loads_)
-    takeBody(*answer);
-  return body_;
-}
-
-// --- breakdown
-
-void WebEditingSurface::Document::onBreakdown()
-{
-  const bool wasHealthy = !sinceBreakdown_.isValid() || sinceBreakdown_.elapsed() > kHealthyMs;
-  breakdowns_ = wasHealthy ? 1 : breakdowns_ + 1;
-  sinceBreakdown_.start();
-  ready_ = false;
-  restoring_ = true;
-  ++loads_;
-  startLoading();
-  if (breakdowns_ <= kMaxBreakdowns)
-    openPage();
-}
-
-// --- commands
-
-std::optional<QVariant> WebEditingSurface::Document::ask(const QString& function, const QJsonArray& arguments)
-{
-  return waitUntilLoaded() ? page_->ask(function, arguments) : std::nullopt;
-}
-
-void WebEditingSurface::Document::fetchDisplay()
-{
-  if (ready_ && !busy)
-    page_->tell("display", {}, [this](const QVariant& answer) {
-      if (!answer.isValid())
-        return;
-      later([=, this] {
-        display = answer.toMap();
-        events.displayChanged();
-      });
-    });
-}
-
-std::string WebEditingSurface::Document::value(int command) const
-{
-  return display["values"].toMap()[QString::number(command)].toString().toStdString();
-}
-
-bool WebEditingSurface::Document::run(int command, const QJsonValue& argument)
-{
-  const auto answer = ask("exec", {command, argument});
-  if (!answer)
-    return false;
-  const auto result = answer->toMap();
-  display = result["display"].toMap();
-  return result["done"].toBool();
-}
-
-bool WebEditingSurface::Document::chooseFont()
-{
-  const auto font = prompts.font({value(command::kGetFontName), value(command::kGetFontSize)});
-  if (!font)
-    return false;
-  const bool hasName = !font->name.empty() && run(command::kSetFontName, text(font->name));
-  const bool hasSize = !font->size.empty() && run(command::kSetFontSize, text(font->size));
-  return hasName || hasSize;
-}
-
-/// Commands that ask nothing run as they are.
-bool WebEditingSurface::Document::runWithPrompt(int command, std::string_view given)
-{
-  std::optional<std::string> argument(given);
-  if (command == command::kHyperlink)
-    argument = prompts.link(value(command));
-  else if (command == command::kPicture)
-    argument = prompts.picture(value(command));
-  else if (command == command::kFindText)
-    argument = prompts.searchText(value(command));
-  return argument && run(command, text(*argument));
-}
-
-bool WebEditingSurface::Document::copy()
-{
-  const auto content = ask("copySelection");
-  if (!content || content->toMap().isEmpty())
-    return false;
-  setClipboardContent(content->toMap()["html"].toString(), content->toMap()["text"].toString());
-  return true;
-}
-
-bool WebEditingSurface::Document::paste()
-{
-  const auto content = clipboardContent();
-  if (content.picture)
-    return pastePicture(*content.picture);
-  if (content.html.isEmpty() && content.text.isEmpty())
-    return false;
-  return ask("paste", {text(withBoundedDepth(content.html.toStdString())), content.text}).value_or(false).toBool();
-}
-
-bool WebEditingSurface::Document::pastePicture(const ClipboardPicture& picture)
-{
-  const auto reference = events.storePicture({picture.bytes.constData(), static_cast<std::size_t>(picture.bytes.size())},
-                                             {picture.mimeType.constData(), static_cast<std::size_t>(picture.mimeType.size())});
-  return reference && ask("insertPicture", {text(*reference)}).value_or(false).toBool();
-}
-
-// --- the surface
-
 void WebEditingSurface::prepareEngine() { registerSiteScheme(); }
 
-WebEditingSurface::WebEditingSurface(QWidget* parent) : QWidget(parent), document_(std::make_unique<Document>(*this))
+WebEditingSurface::WebEditingSurface(QWidget* parent) : QWidget(parent), document_(std::make_unique<EditedDocument>(*this))
 {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -466,17 +72,17 @@ std::string WebEditingSurface::selectedText() const { return optionalText(docume
 
 bool WebEditingSurface::pasteHtml(std::string_view html)
 {
-  return document_->ask("pasteHtml", {text(withBoundedDepth(html))}).value_or(false).toBool();
+  return document_->ask("pasteHtml", {qtText(withBoundedDepth(html))}).value_or(false).toBool();
 }
 
 std::optional<std::string> WebEditingSurface::textAroundCursor(std::string_view elementId) const
 {
-  return optionalText(document_->ask("textAroundCursor", {text(elementId)}));
+  return optionalText(document_->ask("textAroundCursor", {qtText(elementId)}));
 }
 
 std::optional<std::string> WebEditingSurface::textOfElement(std::string_view elementId) const
 {
-  if (const auto answer = document_->ask("textOfElement", {text(elementId)}))
+  if (const auto answer = document_->ask("textOfElement", {qtText(elementId)}))
     return optionalText(answer);
   // The process does not answer. What is saved now is the copy, and its heading with it.
   auto copy = html::Document::fromText(document_->body());
@@ -502,7 +108,7 @@ bool WebEditingSurface::execCommand(int command, ui::Prompt prompt, std::string_
     return index && document_->run(command, *index);
   }
   default:
-    return prompt == ui::Prompt::Ask ? document_->runWithPrompt(command, argument) : document_->run(command, text(argument));
+    return prompt == ui::Prompt::Ask ? document_->runWithPrompt(command, argument) : document_->run(command, qtText(argument));
   }
 }
 
@@ -526,9 +132,9 @@ bool WebEditingSurface::insertTable(const ui::NewTable& table)
 {
   const QJsonObject shape{{"rows", table.rows},
                           {"columns", table.columns},
-                          {"tableAttributes", text(table.tableAttributes)},
-                          {"cellAttributes", text(table.cellAttributes)},
-                          {"caption", text(table.caption)}};
+                          {"tableAttributes", qtText(table.tableAttributes)},
+                          {"cellAttributes", qtText(table.cellAttributes)},
+                          {"caption", qtText(table.caption)}};
   return document_->ask("insertTable", {shape}).value_or(false).toBool();
 }
 

@@ -8,6 +8,8 @@
 
 namespace mrd::desktop {
 
+class EditedDocument;
+
 /// The editing surface on the web engine. The document lives in a process of its own; the surface keeps a copy of its text that
 /// is never older than a moment, and comes back with it when that process ends.
 class WebEditingSurface : public QWidget, public ui::EditingSurface {
@@ -55,8 +57,7 @@ public:
   void setFocus() override;
 
 private:
-  class Document;
-  std::unique_ptr<Document> document_;
+  std::unique_ptr<EditedDocument> document_;
 };
 
 } // namespace mrd::desktop
