@@ -78,7 +78,7 @@ TEST_F(StartTest, checks_the_entry_of_the_language)
   start();
 
   EXPECT_TRUE(screen.checkedMenus.contains("ENG"));
-  EXPECT_EQ(screen.caption("cbeinstellungen"), "Save settings");
+  EXPECT_EQ(screen.caption("cbeinstellungen"), "Save settin&gs");
 }
 
 TEST_F(StartTest, asks_for_another_project_where_the_last_one_is_gone)

@@ -104,7 +104,11 @@ Desk::~Desk()
 
 bool Desk::start()
 {
+  constexpr int kActiveMilliseconds = 1000;
   const bool open = window_->start();
+  // Where no window manager does it, the window has to ask for the keyboard.
+  window_->activateWindow();
+  comesTrue([this] { return window_->isActiveWindow(); }, kActiveMilliseconds);
   settle();
   return open;
 }
