@@ -26,6 +26,8 @@ int main(int argc, char** argv)
   desktop::WebEditingSurface::prepareEngine();
   QApplication application(argc, argv);
   desktop::followSystemTheme(application);
+  auto surface = std::make_unique<desktop::WebEditingSurface>();
+  surface->newDocument();
   mainform::FrmStartbild opening;
   desktop::FrmStartbildWindow splash(opening);
   splash.show();
@@ -35,7 +37,7 @@ int main(int argc, char** argv)
   ui.setSplash(&splash);
   mainform::Program program(paths::ProgramFiles(files::systemPath(argv[1])), clock, ui);
   files::UserSettings settings(argv[2]);
-  desktop::MainformWindow window(program, ui, settings);
+  desktop::MainformWindow window(program, ui, settings, std::move(surface));
   if (!window.start())
     return 1;
   QTimer look;

@@ -1,4 +1,5 @@
-// The yardstick of the desktop's start: a bare window with the web engine that shows one page without content, and ends when it does.
+// The yardstick of the desktop's start: a bare window with the web engine that shows one page without content, and ends when it
+// does.
 
 #include <QApplication>
 #include <QMainWindow>

@@ -43,6 +43,10 @@ int runDesktop(int argc, char** argv)
   const std::string programDirectory = namedProgramDirectory(application);
   followSystemTheme(application);
 
+  // The page's process starts while the rest is made.
+  auto surface = std::make_unique<WebEditingSurface>();
+  surface->newDocument();
+
   mainform::FrmStartbild opening;
   FrmStartbildWindow splash(opening);
   splash.show();
@@ -54,7 +58,7 @@ int runDesktop(int argc, char** argv)
   mainform::Program program(paths::ProgramFiles(mainform::findProgramDirectory(programDirectory)), clock, ui);
   ui.setLanguage([&program] { return program.language.Sprache(); });
   files::UserSettings userSettings;
-  MainformWindow window(program, ui, userSettings);
+  MainformWindow window(program, ui, userSettings, std::move(surface));
   const bool isOpen = window.start();
   splash.close();
   return isOpen ? QApplication::exec() : 0;

@@ -3,6 +3,7 @@
 #include "desktop/seams/shown_text.h"
 #include "platform/files/path.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
@@ -10,6 +11,7 @@
 #include <QLibraryInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
 #include <QTranslator>
 
 #include <array>
@@ -61,6 +63,10 @@ QMessageBox::Icon iconOf(int style)
     return QMessageBox::NoIcon;
   }
 }
+
+/// A run that pumps at each of its pages always finds something; so many times nothing in a row is a wait.
+constexpr int kEmptyPumps = 10;
+constexpr int kWaitMilliseconds = 2;
 
 /// Boxes belong to the window that the user looks at.
 QWidget* owner()
@@ -213,7 +219,17 @@ void QtUi::pointer(ui::Pointer shape)
 
 bool QtUi::pumpEvents()
 {
-  QCoreApplication::processEvents();
+  QAbstractEventDispatcher& events = *QAbstractEventDispatcher::instance();
+  if (events.processEvents(QEventLoop::AllEvents)) {
+    emptyPumps_ = 0;
+    return false;
+  }
+  // Who asks again and again, and finds nothing, waits for another process, which needs the processor more than we do.
+  if (++emptyPumps_ < kEmptyPumps)
+    return false;
+  QTimer wake;
+  wake.start(kWaitMilliseconds);
+  events.processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
   return false;
 }
 

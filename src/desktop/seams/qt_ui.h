@@ -55,6 +55,8 @@ private:
   QWidget* splash_ = nullptr;
   std::function<std::string()> language_ = [] { return std::string("GER"); };
   std::unique_ptr<QTranslator> german_;
+  /// How often in a row there was nothing to do.
+  int emptyPumps_ = 0;
 };
 
 } // namespace mrd::desktop

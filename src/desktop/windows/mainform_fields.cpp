@@ -416,7 +416,7 @@ void MainformFields::nameControls()
   }
   ui_.TreeView1->setAccessibleName(ui_.TabTree->tabText(0));
   ui_.tbhtml->setAccessibleName(ui_.tabHtml->tabText(1));
-  ui_.DHTMLEdit1->setAccessibleName(ui_.tabHtml->tabText(0));
+  dynamic_cast<QWidget&>(controls_.object("DHTMLEdit1")).setAccessibleName(ui_.tabHtml->tabText(0));
   ui_.tbimodekopftext->setAccessibleName(plain(ui_.Opimmodekopf_1->text()));
   ui_.UpDownRadius->setNames(plain(ui_.LabelRadius->text()) + " +1", plain(ui_.LabelRadius->text()) + " -1");
 }

@@ -45,7 +45,7 @@ void MainformScreen::setMenuChecked(std::string_view menu, bool checked)
   controls_.setMenuChecked(menu, checked);
   // The checked entry of the language menu is the language of the window.
   if (checked && (menu == "GER" || menu == "ENG" || menu == "eng"))
-    window_.ui_->DHTMLEdit1->setLanguage(menu == "GER" ? "GER" : "ENG");
+    window_.surface_.setLanguage(menu == "GER" ? "GER" : "ENG");
 }
 
 void MainformScreen::place(const mainform::Placement& placement)

@@ -25,9 +25,10 @@ int twips(int pixels) { return pixels * ui::kTwipsPerPixel; }
 
 } // namespace
 
-MainformWindow::MainformWindow(mainform::Program& program, QtUi& userInterface, files::UserSettings& userSettings)
+MainformWindow::MainformWindow(mainform::Program& program, QtUi& userInterface, files::UserSettings& userSettings,
+                               std::unique_ptr<WebEditingSurface> surface)
     : userInterface_(userInterface), userSettings_(userSettings), ui_(std::make_unique<Ui::Mainform>()),
-      tree_((ui_->setupUi(this), *ui_->TreeView1)), screen_(*this), dialogs_(*this)
+      surface_(place(std::move(surface))), tree_(*ui_->TreeView1), screen_(*this), dialogs_(*this)
 {
   showPictures(*this);
   setWindowIcon(programIcon());
@@ -36,7 +37,7 @@ MainformWindow::MainformWindow(mainform::Program& program, QtUi& userInterface, 
   addStatusPanels();
   userInterface_.setDisplay(this);
   form_ = std::make_unique<mainform::Mainform>(
-      program, mainform::Mainform::Seams{screen_, dialogs_, *ui_->DHTMLEdit1, tree_, shell_, userSettings_});
+      program, mainform::Mainform::Seams{screen_, dialogs_, surface_, tree_, shell_, userSettings_});
   fields_ = std::make_unique<MainformFields>(*ui_, *form_, screen_.controls(), *this);
   connectMenus();
   connectPrompts();
@@ -48,6 +49,14 @@ MainformWindow::MainformWindow(mainform::Program& program, QtUi& userInterface, 
 }
 
 MainformWindow::~MainformWindow() { userInterface_.setDisplay(nullptr); }
+
+WebEditingSurface& MainformWindow::place(std::unique_ptr<WebEditingSurface> surface)
+{
+  ui_->setupUi(this);
+  surface->setObjectName("DHTMLEdit1");
+  ui_->picEditor->layout()->addWidget(surface.get());
+  return *surface.release();
+}
 
 bool MainformWindow::start()
 {
@@ -95,7 +104,7 @@ void MainformWindow::connectPrompts()
     searched_ = text.value_or(searched_);
     return text;
   };
-  ui_->DHTMLEdit1->setPrompts(std::move(prompts));
+  surface_.setPrompts(std::move(prompts));
 }
 
 void MainformWindow::connectToolbars()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/controls/page_tree_control.h"
+#include "desktop/editing/web_editing_surface.h"
 #include "desktop/seams/qt_shell.h"
 #include "desktop/seams/qt_ui.h"
 #include "desktop/windows/form_dialogs.h"
@@ -25,7 +26,9 @@ namespace mrd::desktop {
 /// The main window: shows the form object `Mainform` and passes what the user does on to it.
 class MainformWindow : public QMainWindow, private StatusDisplay {
 public:
-  MainformWindow(mainform::Program& program, QtUi& ui, files::UserSettings& userSettings);
+  /// `surface` can be made before the rest, so that its process starts meanwhile.
+  MainformWindow(mainform::Program& program, QtUi& ui, files::UserSettings& userSettings,
+                 std::unique_ptr<WebEditingSurface> surface = std::make_unique<WebEditingSurface>());
   ~MainformWindow() override;
 
   mainform::Mainform& form() { return *form_; }
@@ -40,6 +43,7 @@ protected:
   void changeEvent(QEvent* event) override;
 
 private:
+  WebEditingSurface& place(std::unique_ptr<WebEditingSurface> surface);
   void addStatusPanels();
   void connectMenus();
   /// What the editing surface asks the user.
@@ -60,6 +64,8 @@ private:
   QtUi& userInterface_;
   files::UserSettings& userSettings_;
   std::unique_ptr<Ui::Mainform> ui_;
+  /// Belongs to the page of `tabHtml` that shows it.
+  WebEditingSurface& surface_;
   PageTreeControl tree_;
   QtShell shell_;
   MainformScreen screen_;
