@@ -341,6 +341,7 @@
       quiet = false;
       return readBody();
     },
+    hasArrived: () => true,
     /// Nothing when the desktop has the present text.
     read(known) {
       settle();

@@ -221,6 +221,8 @@ const std::string& EditedDocument::body()
 {
   if (!waitUntilLoaded())
     return body_;
+  // Keys reach the document by a way of their own. Those that were pressed before this call have arrived when it answers.
+  page_->ask("hasArrived", {});
   const int load = loads_;
   const auto answer = page_->ask("read", {version_});
   if (answer && load == loads_)
