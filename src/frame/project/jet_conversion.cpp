@@ -88,6 +88,8 @@ std::optional<Conversion> convertInPlace(std::string_view path, const dao::JetRe
   const auto place = files::behindLinks(path);
   checkWritable(place);
   const files::FileLock lock(place);
+  if (!dao::isJetFile(place))
+    return std::nullopt;
   if (!lock.isStillNamed())
     throw Error(ErrorNumber::DatabaseLocked,
                 base::format("Die Datei '{}' wird gerade von einem anderen Programm benutzt.", path));
