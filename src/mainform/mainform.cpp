@@ -79,7 +79,7 @@ bool Mainform::openProject(std::string_view path)
   bool done = false;
   failures::withStandardHandler(program_.language, kOpening, [&] {
     if (!paths::datei_vorhanden(path) && !files::directoryExists(path))
-      throw base::Error(base::ErrorNumber::FileNotFound, "Datei nicht gefunden: " + std::string(path));
+      throw base::Error(base::ErrorNumber::FileNotFound, "Datei nicht gefunden: " + files::nativePath(path).string());
     if (open(path) == Opened::Refused)
       return;
     project::Migration(*db_, program_.ui).UpdDatabase();

@@ -73,7 +73,7 @@ FileLock::FileLock(std::string_view path)
     fail(errno, native);
   if (!lockFile(file.get()))
     throw base::Error(base::ErrorNumber::DatabaseLocked,
-                      base::format("Die Datei '{}' wird gerade von einem anderen Programm benutzt.", path));
+                      base::format("Die Datei '{}' wird gerade von einem anderen Programm benutzt.", native.native()));
   state_ = std::make_unique<State>(State{std::move(native), std::move(file)});
 }
 
