@@ -46,7 +46,7 @@ Mainform::Opened Mainform::open(std::string_view path)
     return Opened::Refused;
   // The project that is open stays so where the next one cannot be opened.
   db_ = project::openProject(path);
-  DbName_ = path;
+  DbName_ = openName_ = path;
   return isOld ? Opened::Converted : Opened::AsItWas;
 }
 
@@ -66,8 +66,9 @@ bool Mainform::importProject(std::string_view jetFile, const std::optional<std::
     const bool isThere = target ? old.convertTo(jetFile, *target) : !dao::isJetFile(jetFile) || old.convertInPlace(jetFile);
     if (!isThere)
       return;
-    DbName_ = target ? *target : std::string(jetFile);
-    db_ = project::openProject(DbName_);
+    const std::string file = target ? *target : std::string(jetFile);
+    db_ = project::openProject(file);
+    DbName_ = openName_ = file;
     done = true;
   });
   return done;
@@ -78,7 +79,7 @@ bool Mainform::openProject(std::string_view path)
   bool done = false;
   failures::withStandardHandler(program_.language, kOpening, [&] {
     if (!paths::datei_vorhanden(path) && !files::directoryExists(path))
-      throw base::Error(base::ErrorNumber::FileNotFound, "Datei nicht gefunden: " + std::string(path));
+      throw base::Error(base::ErrorNumber::FileNotFound, "Datei nicht gefunden: " + files::nativePath(path).string());
     if (open(path) == Opened::Refused)
       return;
     project::Migration(*db_, program_.ui).UpdDatabase();
@@ -136,6 +137,7 @@ void Mainform::DialogOpenChangeNewDB(std::string_view Pfad, bool& Abgebrochen)
       openWithWindow();
       return;
     } catch (const base::Error& error) {
+      keepNameOfOpenProject();
       program_.ui.hideSplash();
       again = tellFailure(error, Abgebrochen);
     }
@@ -207,7 +209,7 @@ void Mainform::openWithWindow()
   }
   const auto opened = open(std::string(DbName_));
   if (opened == Opened::Refused)
-    return;
+    return keepNameOfOpenProject();
   if (opened == Opened::Converted)
     OldProjects(program_).askForPictures(*db_);
   hooks_.emptyEditor();
@@ -216,6 +218,13 @@ void Mainform::openWithWindow()
   project::Migration(*db_, program_.ui).UpdDatabase();
   hooks_.ZeigeStruktur();
   hooks_.loadLastActivePage();
+}
+
+void Mainform::keepNameOfOpenProject()
+{
+  // Dialogs open the project by its name: it has to be that of the one that the window shows.
+  if (isOpen())
+    DbName_ = openName_;
 }
 
 void Mainform::rememberProject() { paths::SchreibeIni("LastFile", "File1", DbName_, program_.files.iniFile()); }

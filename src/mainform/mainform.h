@@ -42,6 +42,7 @@ public:
   settings::Fields& fields() { return fields_; }
   dao::Database& db() { return *db_; }
   bool isOpen() const { return db_.has_value(); }
+  /// The file that is open; without one the last that was tried.
   const std::string& DbName() const { return DbName_; }
 
   /// Adds the users' layouts to the layout box. Warns of files that are not well-formed.
@@ -77,6 +78,8 @@ private:
   bool chooseProject();
   void rememberProject();
   void openWithWindow();
+  /// After a failure: the project that was open is still the one.
+  void keepNameOfOpenProject();
   bool tellFailure(const base::Error& error, bool& Abgebrochen);
 
   Program& program_;
@@ -84,6 +87,8 @@ private:
   settings::Fields fields_;
   std::optional<dao::Database> db_;
   std::string DbName_;
+  /// The file that is open.
+  std::string openName_;
   int OpenMode_ = 0;
 };
 
