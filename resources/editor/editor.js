@@ -122,6 +122,7 @@
   let selectionBefore = saveSelection();
   /// Counts what happened to the body, so that the desktop knows whether it has its present text.
   let version = 1;
+  let arrivedKeys = 0;
   /// Nothing was changed since the load: a body that is set now belongs to the load.
   let pristine = true;
   /// The desktop itself changes the body.
@@ -341,7 +342,7 @@
       quiet = false;
       return readBody();
     },
-    hasArrived: () => true,
+    arrivedKeys: () => arrivedKeys,
     /// Nothing when the desktop has the present text.
     read(known) {
       settle();
@@ -1259,6 +1260,7 @@
   const listen = (name, handler) => document.addEventListener(name, handler, true);
   listen("beforeinput", onBeforeInput);
   listen("input", event => settle(event.inputType || "other"));
+  listen("keydown", () => ++arrivedKeys);
   listen("keydown", onKeyDown);
   listen("mousedown", closeStep);
   listen("click", event => { if (event.target.tagName === "IMG") selectNode(event.target); });

@@ -105,12 +105,14 @@ void ShownSurface::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 
 void ShownSurface::waitForDisplay()
 {
-  const int before = displays;
-  // Wakes the display also when the last selection was told already.
-  inDocument("{ const s = getSelection(), { anchorNode: a, anchorOffset: b, focusNode: c, focusOffset: d } = s; "
-             "if (a) { s.removeAllRanges(); s.setBaseAndExtent(a, b, c, d); } }");
-  comesTrue([&] { return displays > before; });
-  letPass(60);
+  // The first to come may have been asked for before this call, the second was asked for within it.
+  for (int i = 0; i < 2; ++i) {
+    const int before = displays;
+    // Wakes the display also when the last selection was told already.
+    inDocument("{ const s = getSelection(), { anchorNode: a, anchorOffset: b, focusNode: c, focusOffset: d } = s; "
+               "if (a) { s.removeAllRanges(); s.setBaseAndExtent(a, b, c, d); } }");
+    comesTrue([&] { return displays > before; });
+  }
 }
 
 int ShownSurface::status(int command)
