@@ -42,6 +42,8 @@ ShownSurface::ShownSurface(std::string_view siteDirectory)
   comesTrue([this] { return !busy(); }, 20000);
   activateWindow();
   setFocus();
+  // Keys that come before the page's process knows that it has the keyboard are lost.
+  comesTrue([this] { return inDocument("document.hasFocus()").toBool(); });
 }
 
 void ShownSurface::load(std::string_view html)
