@@ -42,6 +42,7 @@ ShownSurface::ShownSurface(std::string_view siteDirectory)
   comesTrue([this] { return !busy(); }, 20000);
   activateWindow();
   setFocus();
+  comesTrue([this] { return inDocument("document.hasFocus()").toBool(); });
 }
 
 void ShownSurface::load(std::string_view html)
