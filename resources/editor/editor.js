@@ -311,7 +311,9 @@
     setBody(parsed.body.innerHTML);
   }
 
+  /// With this the desktop knows of all changes; the next one is to be told again.
   function readBody() {
+    openNotes.delete("changed");
     return { version, body: bodyHtml() };
   }
 
@@ -346,7 +348,6 @@
     /// Nothing when the desktop has the present text.
     read(known) {
       settle();
-      openNotes.delete("changed");
       return known === version ? null : readBody();
     },
     textOfElement: id => textOf(elementById(id)),
@@ -1257,6 +1258,14 @@
     note("contextMenu", event.clientX, event.clientY, display());
   }
 
+  /// A selection that was set while the window had no focus takes no keys when it gets it.
+  function onFocus() {
+    const saved = saveSelection();
+    selection.removeAllRanges();
+    restoreSelection(saved);
+  }
+
+  window.addEventListener("focus", onFocus);
   const listen = (name, handler) => document.addEventListener(name, handler, true);
   listen("beforeinput", onBeforeInput);
   listen("input", event => settle(event.inputType || "other"));

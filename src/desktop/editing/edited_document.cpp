@@ -158,7 +158,10 @@ void EditedDocument::takeLoaded(const QVariant& answer)
   loadTimer_.stop();
   const bool wasBusy = std::exchange(busy, false);
   const bool restored = std::exchange(restoring_, false);
+  // What was told while nobody listened is asked for now.
+  displayTimer_.start(kDisplayDelayMs);
   later([=, this] {
+    noticeChange(std::exchange(changeWhileBusy_, 0));
     if (wasBusy)
       events.documentComplete();
     if (restored)
@@ -189,8 +192,12 @@ void EditedDocument::setBody(std::string_view html)
 
 void EditedDocument::noticeChange(int version)
 {
+  if (busy) {
+    changeWhileBusy_ = version;
+    return;
+  }
   // A note that was overtaken by an answer tells nothing new.
-  if (busy || version <= version_)
+  if (version <= version_)
     return;
   if (!copyTimer_.isActive())
     copyTimer_.start(kCopyDelayMs);

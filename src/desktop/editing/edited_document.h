@@ -86,6 +86,8 @@ private:
   /// The text as it was last known, and the number that the script gave to this state.
   std::string body_;
   int version_ = 0;
+  /// Number of a change that was told while a load was under way; 0 for none.
+  int changeWhileBusy_ = 0;
   /// The owner knows of the changes behind `version_`.
   bool announced_ = false;
   /// The empty document is there.
