@@ -134,6 +134,12 @@ struct UsedSurface : editor::DocumentSurface {
       std::exchange(whenLoaded, nullptr)();
     return true;
   }
+  void setBodyInnerHtml(std::string_view html) override
+  {
+    if (failing)
+      throw base::Error(base::ErrorNumber::InvalidCall, "Der Prozess antwortet nicht");
+    DocumentSurface::setBodyInnerHtml(html);
+  }
   std::string bodyInnerHtml() const override
   {
     whenRead();

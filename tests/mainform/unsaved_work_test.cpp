@@ -6,6 +6,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace mrd::mainform {
 namespace {
@@ -387,6 +388,45 @@ TEST_F(FailedSaveTest, on_a_full_disk_keeps_the_page_until_there_is_room)
     window.Timer();
   }
   EXPECT_EQ(text("01", "Überschrift"), "Haus");
+
+  window.Toolbar2_ButtonClick("seitespeichern");
+
+  EXPECT_EQ(text("01", "Überschrift"), "Villa");
+}
+
+/// A directory in which nobody writes while this lives, not even the superuser.
+class ReadOnly {
+public:
+  explicit ReadOnly(std::filesystem::path directory) : directory_(std::move(directory))
+  {
+    std::filesystem::permissions(directory_, std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec |
+                                                 std::filesystem::perms::others_read | std::filesystem::perms::others_exec);
+    constexpr uid_t kNobody = 65534;
+    if (user_ == 0) {
+      EXPECT_EQ(::seteuid(kNobody), 0);
+    }
+  }
+  ~ReadOnly()
+  {
+    EXPECT_EQ(::seteuid(user_), 0);
+    std::filesystem::permissions(directory_, std::filesystem::perms::owner_all);
+  }
+  ReadOnly(const ReadOnly&) = delete;
+  ReadOnly& operator=(const ReadOnly&) = delete;
+
+private:
+  const std::filesystem::path directory_;
+  const uid_t user_ = ::geteuid();
+};
+
+TEST_F(FailedSaveTest, of_a_project_that_became_read_only_keeps_the_page_until_it_can_be_written)
+{
+  {
+    const ReadOnly readOnly(project.directory().native());
+    failsToSave("");
+    window.Timer();
+    EXPECT_FALSE(hasDraft());
+  }
 
   window.Toolbar2_ButtonClick("seitespeichern");
 
