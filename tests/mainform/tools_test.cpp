@@ -236,6 +236,17 @@ TEST_F(MenusTest, change_the_language_of_the_open_window_at_once)
   EXPECT_TRUE(screen.checkedMenus.contains("GER"));
 }
 
+TEST_F(MenusTest, change_the_language_while_a_page_loads)
+{
+  surface.busyFor = 2;
+  surface.whenLoaded = [&] { window.menu_Click("eng", std::nullopt); };
+
+  click("@02");
+
+  EXPECT_EQ(program.language.Sprache(), "ENG");
+  EXPECT_EQ(active(), "@02");
+}
+
 TEST_F(MenusTest, go_on_with_a_language_database_that_names_strange_controls)
 {
   screen.missing = {"mnuShop", "cbeinstellungen"};

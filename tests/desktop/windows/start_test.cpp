@@ -201,6 +201,17 @@ TEST_F(Window, stands_where_it_stood)
   EXPECT_NEAR(desk.find<QTabWidget>("TabTree").width(), 300, 2);
 }
 
+TEST_F(Window, that_stood_on_a_screen_which_is_gone_comes_into_sight)
+{
+  files::UserSettings(home.userSettingsFile()).setValue("Settings", "MainLeft", "150000");
+  Desk desk(home);
+
+  desk.start();
+
+  EXPECT_TRUE(desk.window().screen()->geometry().contains(desk.window().pos()));
+  EXPECT_EQ(desk.window().size(), QSize(1000, 600));
+}
+
 TEST_F(Window, keeps_open_nodes_selection_and_placement)
 {
   {
