@@ -159,13 +159,14 @@ bool Mainform::Form_QueryUnload()
   if (!pages_.PageDirty())
     return true;
   switch (program_.language.GetMsg(kMessageSaveChanges)) {
-  case ui::Button::Yes:
-    return pages_.SavePage();
   case ui::Button::No:
     pages_.giveUp();
     return true;
-  default:
+  case ui::Button::Cancel:
     return false;
+  default:
+    // Yes; or the question could not be asked, and then a window that does not close would be a trap.
+    return pages_.SavePage();
   }
 }
 
