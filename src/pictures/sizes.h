@@ -8,12 +8,12 @@
 
 namespace mrd::pictures {
 
-inline bool fits(image::Size size, int longerSidePx) { return size.width <= longerSidePx && size.height <= longerSidePx; }
+inline bool fits(image::Size size, double longerSidePx) { return size.width <= longerSidePx && size.height <= longerSidePx; }
 
-/// The longer side becomes the limit, the other keeps the proportion, at least a pixel of it.
-inline image::Size fitted(image::Size size, int longerSidePx)
+/// The longer side becomes the limit, the other keeps the proportion, at least a pixel of it. The limit is 1 or more.
+inline image::Size fitted(image::Size size, double longerSidePx)
 {
-  const double ratio = static_cast<double>(std::max(size.width, size.height)) / longerSidePx;
+  const double ratio = std::max(size.width, size.height) / longerSidePx;
   const auto scaled = [&](int side) { return std::max(1, static_cast<int>(std::lround(side / ratio))); };
   return {scaled(size.width), scaled(size.height)};
 }

@@ -1,0 +1,33 @@
+#pragma once
+// Copies of pictures with a shadow on the page's background. There is no blur: twelve rectangles, each smaller and darker, give
+// the shadow its soft edge.
+
+#include "platform/image/image.h"
+#include "platform/ui/editing_surface.h"
+#include "platform/ui/ui.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace mrd::pictures {
+
+/// Growth of the picture to the right and downwards.
+inline constexpr int kShadowPx = 13;
+
+/// The picture with its shadow. `tbhintergrund` is the page background, six hexadecimal digits with or without "#"; throws
+/// TypeMismatch for another text.
+image::Image withShadow(const image::Image& picture, std::string_view tbhintergrund);
+
+/// Name of the copy beside its picture, without extension.
+std::string shadowName(std::string_view name);
+
+/// Writes `verzeichnis` + `name` + "_shd." + `erweiterung`, always JPEG data. Throws base::Error.
+void erzeuge_schatten(std::string_view verzeichnis, std::string_view name, std::string_view erweiterung,
+                      std::string_view tbhintergrund);
+
+/// Gives every picture of the open page a shadow whose file is there, and refers to the copies. Number of pictures that have one
+/// now. Throws base::Error for a picture that cannot be read; those before it keep their shadows.
+std::size_t schatten_fuer_seite(ui::EditingSurface& DHTMLEdit1, ui::Ui& ui, std::string_view tbhintergrund);
+
+} // namespace mrd::pictures
