@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <mutex>
 #include <string>
 #include <utility>
 
@@ -48,12 +49,15 @@ File find(std::string_view path)
     const auto name = base::lower(file.native);
     if (!file.loader && std::ranges::any_of(kFormatsByName, [&](auto ending) { return name.ends_with(ending); }))
       file.loader = "magickload";
-    if (!file.loader)
-      throw vips::VError();
     forgetFailure();
   });
+  if (!file.loader)
+    throw Error(ErrorNumber::InvalidPicture, base::format("{}: Die Datei ist kein Bild von bekannter Art.", file.native));
   return file;
 }
+
+/// A picture whose rows come in several passes is in memory as a whole, however small it is made.
+bool comesInPasses(const VImage& picture) { return picture.get_typeof("interlaced") != 0; }
 
 /// A file that is read once, from top to bottom, so that only its pixels take memory.
 VImage open(const File& file, long long mostPixels)
@@ -62,7 +66,7 @@ VImage open(const File& file, long long mostPixels)
   VImage::call(
       file.loader,
       VImage::option()->set("filename", file.native.c_str())->set("access", VIPS_ACCESS_SEQUENTIAL)->set("out", &picture));
-  checkSize({picture.width(), picture.height()}, mostPixels);
+  checkSize({picture.width(), picture.height()}, comesInPasses(picture) ? std::min(mostPixels, kMostPixels) : mostPixels);
   return picture;
 }
 
@@ -92,6 +96,15 @@ VImage as24Bit(const VImage& picture, Colour background)
   if (coloured.bands() < kBands)
     return coloured.extract_band(0).bandjoin({coloured.extract_band(0), coloured.extract_band(0)});
   return coloured.bands() == kBands ? coloured : coloured.extract_band(0, VImage::option()->set("n", kBands));
+}
+
+/// Of the pictures that take much memory one at a time is worked on; the others need not wait for it.
+std::unique_lock<std::mutex> turnOf(Size size)
+{
+  constexpr long long kLarge = 30'000'000;
+  static std::mutex largeOnes;
+  const bool isLarge = static_cast<long long>(size.width) * size.height > kLarge;
+  return isLarge ? std::unique_lock(largeOnes) : std::unique_lock<std::mutex>();
 }
 
 /// As the camera was held. Turning reads the picture in another order, for which it must be whole.
@@ -135,7 +148,9 @@ Image Image::load(std::string_view path, Colour background)
   const auto file = find(path);
   std::shared_ptr<const State> state;
   withLibrary(file.native, [&] {
-    const auto picture = as24Bit(upright(open(file, kMostPixels)), background);
+    const auto opened = open(file, kMostPixels);
+    const auto turn = turnOf({opened.width(), opened.height()});
+    const auto picture = as24Bit(upright(opened), background);
     state = std::make_shared<const State>(picture.width(), picture.height(), pixelsOf(picture));
   });
   return Image(std::move(state));
@@ -153,15 +168,16 @@ Image Image::loadResized(std::string_view path, Size size, Colour background)
 {
   checkSize(size, kMostPixels);
   const auto file = find(path);
+  const auto sourceSize = sizeOf(path);
   std::shared_ptr<const State> state;
   try {
+    const auto turn = turnOf(sourceSize);
     withLibrary(file.native, [&] {
-      checkSize(sizeOf(path), kMostPixelsOfFile);
       const auto picture = as24Bit(reduced(file, size), background);
       state = std::make_shared<const State>(picture.width(), picture.height(), pixelsOf(picture));
     });
   } catch (const Error&) {
-    // The short way has no loader by name and gives up on a broken colour profile.
+    // The short way knows no loader by name and gives up on a broken colour profile; the long one tells what else is wrong.
     return load(path, background).resized(size);
   }
   return Image(std::move(state));
