@@ -11,6 +11,7 @@
 #include "pictures/shadow.h"
 #include "pictures/sizes.h"
 #include "pictures/thumbnails.h"
+#include "platform/files/path.h"
 
 #include <CLI/CLI.hpp>
 
@@ -92,10 +93,11 @@ pictures::InsertionOptions optionsOf(const PicturesArguments& arguments)
 /// What a window shows in its list.
 void tell(ui::Ui& ui, const pictures::InsertionOutcome& outcome)
 {
+  const auto native = [](std::string_view path) { return files::nativePath(path).native(); };
   for (const auto& [path, reason] : outcome.failed)
-    ui.warning(base::contains(reason, "/") ? reason : base::format("{}: {}", path, reason));
+    ui.warning(base::contains(reason, native(path)) ? reason : base::format("{}: {}", native(path), reason));
   for (const auto& path : outcome.skipped)
-    ui.warning(base::format("{}: Der Name enthält einen Apostroph, das Bild wurde ausgelassen.", path));
+    ui.warning(base::format("{}: Der Name enthält einen Apostroph, das Bild wurde ausgelassen.", native(path)));
 }
 
 ExitStatus addToPage(mainform::Mainform& mainform, PageDesk& desk, const PicturesArguments& arguments)
