@@ -2,7 +2,7 @@
 #include "cli/json.h"
 #include "cli/page_desk.h"
 #include "cli/session.h"
-#include "mainform/mainform.h"
+#include "mainform/project_frame.h"
 #include "pagetree/page_deletion.h"
 #include "pagetree/page_id.h"
 #include "pagetree/page_move.h"
@@ -56,7 +56,7 @@ void fill(PageDesk& desk, const PageArguments& arguments)
 }
 
 /// The page's row; message 102 is shown where there is none.
-dao::Recordset rowOf(mainform::Mainform& mainform, const std::string& id)
+dao::Recordset rowOf(mainform::ProjectFrame& mainform, const std::string& id)
 {
   auto row = mainform.db().openRecordset("SELECT * FROM Seite Where Seite.ID = ? ORDER BY ID;", {dao::Value(id)});
   if (row.eof())
@@ -64,7 +64,7 @@ dao::Recordset rowOf(mainform::Mainform& mainform, const std::string& id)
   return row;
 }
 
-ExitStatus showPage(mainform::Mainform& mainform, const PageArguments& arguments)
+ExitStatus showPage(mainform::ProjectFrame& mainform, const PageArguments& arguments)
 {
   auto row = rowOf(mainform, arguments.id);
   if (row.eof())
@@ -76,7 +76,7 @@ ExitStatus showPage(mainform::Mainform& mainform, const PageArguments& arguments
   return ExitStatus::Done;
 }
 
-ExitStatus addPageUnder(mainform::Mainform& mainform, const PageArguments& arguments)
+ExitStatus addPageUnder(mainform::ProjectFrame& mainform, const PageArguments& arguments)
 {
   PageDesk desk(mainform.program(), mainform.db());
   if (!desk.hasPage(arguments.under))
@@ -91,7 +91,7 @@ ExitStatus addPageUnder(mainform::Mainform& mainform, const PageArguments& argum
   return ExitStatus::Done;
 }
 
-ExitStatus setPage(mainform::Mainform& mainform, const PageArguments& arguments)
+ExitStatus setPage(mainform::ProjectFrame& mainform, const PageArguments& arguments)
 {
   PageDesk desk(mainform.program(), mainform.db());
   // The tree shows a homepage where the project has none.
@@ -102,7 +102,7 @@ ExitStatus setPage(mainform::Mainform& mainform, const PageArguments& arguments)
   return desk.save(arguments.id) ? ExitStatus::Done : ExitStatus::Failed;
 }
 
-ExitStatus deletePage(mainform::Mainform& mainform, const PageArguments& arguments)
+ExitStatus deletePage(mainform::ProjectFrame& mainform, const PageArguments& arguments)
 {
   PageDesk desk(mainform.program(), mainform.db());
   if (!desk.hasPage(arguments.id))
@@ -114,7 +114,7 @@ ExitStatus deletePage(mainform::Mainform& mainform, const PageArguments& argumen
   return ExitStatus::Done;
 }
 
-ExitStatus movePage(mainform::Mainform& mainform, const PageArguments& arguments)
+ExitStatus movePage(mainform::ProjectFrame& mainform, const PageArguments& arguments)
 {
   using pagetree::MoveOption;
   const auto& [target, option] = arguments.before  ? std::pair(*arguments.before, MoveOption::Before)
@@ -141,7 +141,7 @@ ExitStatus movePage(mainform::Mainform& mainform, const PageArguments& arguments
   return ExitStatus::Done;
 }
 
-using Work = ExitStatus (*)(mainform::Mainform&, const PageArguments&);
+using Work = ExitStatus (*)(mainform::ProjectFrame&, const PageArguments&);
 
 /// A subcommand on an open project.
 CLI::App* addWork(CLI::App& page, Session& session, const std::string& name, const std::string& description, Work work,
@@ -151,7 +151,7 @@ CLI::App* addWork(CLI::App& page, Session& session, const std::string& name, con
   command->add_option("FILE", arguments->file)->required();
   command->callback([&session, arguments, work] {
     session.run([&] {
-      mainform::Mainform mainform(session.program());
+      mainform::ProjectFrame mainform(session.program());
       return mainform.openProject(Session::path(arguments->file)) ? work(mainform, *arguments) : ExitStatus::Failed;
     });
   });

@@ -4,7 +4,7 @@
 #include "cli/commands.h"
 #include "cli/page_desk.h"
 #include "cli/session.h"
-#include "mainform/mainform.h"
+#include "mainform/project_frame.h"
 #include "pagetree/page_id.h"
 #include "pictures/gif.h"
 #include "pictures/insertion.h"
@@ -53,7 +53,7 @@ ExitStatus rotate(const PicturesArguments& arguments)
 
 // --- pictures of pages
 
-ExitStatus addShadows(mainform::Mainform& mainform, PageDesk& desk, const PicturesArguments& arguments)
+ExitStatus addShadows(mainform::ProjectFrame& mainform, PageDesk& desk, const PicturesArguments& arguments)
 {
   auto& program = mainform.program();
   desk.load(arguments.id);
@@ -61,13 +61,13 @@ ExitStatus addShadows(mainform::Mainform& mainform, PageDesk& desk, const Pictur
   return shadows == 0 || desk.save(arguments.id) ? ExitStatus::Done : ExitStatus::Failed;
 }
 
-pictures::Thumbnails thumbnailsOf(mainform::Mainform& mainform, PageDesk& desk)
+pictures::Thumbnails thumbnailsOf(mainform::ProjectFrame& mainform, PageDesk& desk)
 {
   return pictures::Thumbnails(
       {mainform.db(), mainform.program().language, mainform.fields(), desk.surface(), desk.tree(), desk.active(), desk.fields()});
 }
 
-ExitStatus makeThumbnails(mainform::Mainform& mainform, PageDesk& desk, const PicturesArguments& arguments)
+ExitStatus makeThumbnails(mainform::ProjectFrame& mainform, PageDesk& desk, const PicturesArguments& arguments)
 {
   auto thumbnails = thumbnailsOf(mainform, desk);
   if (arguments.id.empty())
@@ -100,7 +100,7 @@ void tell(ui::Ui& ui, const pictures::InsertionOutcome& outcome)
     ui.warning(base::format("{}: Der Name enthält einen Apostroph, das Bild wurde ausgelassen.", native(path)));
 }
 
-ExitStatus addToPage(mainform::Mainform& mainform, PageDesk& desk, const PicturesArguments& arguments)
+ExitStatus addToPage(mainform::ProjectFrame& mainform, PageDesk& desk, const PicturesArguments& arguments)
 {
   auto& program = mainform.program();
   desk.load(arguments.id);
@@ -115,11 +115,11 @@ ExitStatus addToPage(mainform::Mainform& mainform, PageDesk& desk, const Picture
   return isSaved && isComplete ? ExitStatus::Done : ExitStatus::Failed;
 }
 
-using Work = ExitStatus (*)(mainform::Mainform&, PageDesk&, const PicturesArguments&);
+using Work = ExitStatus (*)(mainform::ProjectFrame&, PageDesk&, const PicturesArguments&);
 
 ExitStatus onProject(Session& session, const PicturesArguments& arguments, Work work)
 {
-  mainform::Mainform mainform(session.program());
+  mainform::ProjectFrame mainform(session.program());
   mainform.ladebenutzerlayouts();
   if (!mainform.openProject(Session::path(arguments.file)) || !mainform.loadSettings())
     return ExitStatus::Failed;
