@@ -63,8 +63,9 @@ int main(int argc, char** argv)
     auto db = dao::Database::create(program.file("\\scan.mdb"));
     editor::DocumentSurface surface;
     pagetree::PlainTree tree;
+    pictures::frmBildkonvertierer converter;
     files::UserSettings settings((work / "settings.ini").native());
-    pictures::FrmFileScan form({{db, language, clock, fields, program, surface, [] {}}, tree, settings}, {});
+    pictures::FrmFileScan form({{db, language, clock, fields, program, surface, converter, [] {}}, tree, settings}, {});
     form.tbshare = files::systemPath(argv[1]);
     form.Command1_Click();
     found = form.List1.size();

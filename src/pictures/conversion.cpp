@@ -81,8 +81,9 @@ ConvertedPicture konvertiere_und_kopiere_bild(const ConversionOptions& options, 
     if (options.opkonvertieren) {
       convert(options, target, source, prefix, out.dateiname);
     } else {
-      out.dateiname = copyName(source, prefix);
-      files::copyFile(source.path, target.pix + out.dateiname);
+      const auto name = copyName(source, prefix);
+      files::copyFile(source.path, target.pix + name);
+      out.dateiname = name;
     }
   } catch (const Error& error) {
     out.failure = error.description();

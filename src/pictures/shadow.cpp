@@ -76,18 +76,24 @@ void erzeuge_schatten(std::string_view verzeichnis, std::string_view name, std::
   withShadow(Image::load(file(name), exactColour(tbhintergrund)), tbhintergrund).saveJpeg(file(shadowName(name)), kQualityFactor);
 }
 
-std::size_t schatten_fuer_seite(ui::EditingSurface& DHTMLEdit1, ui::Ui& ui, std::string_view tbhintergrund)
+std::size_t schatten_fuer_seite(const PageWithPictures& open, std::string_view tbhintergrund)
 {
+  auto& [DHTMLEdit1, ui, frmBildkonvertierer] = open;
   const ui::WaitPointer wait(ui);
   auto page = html::Document::fromText(DHTMLEdit1.bodyInnerHtml());
-  std::size_t shadows = 0;
+  auto pictures = page.images();
+  const WorkOnPictures work(frmBildkonvertierer, pictures.size());
+  std::size_t shadows = 0, done = 0;
   // A failure leaves the loop; what was done before it is in the page all the same.
   const auto show = [&] {
     if (shadows > 0)
       DHTMLEdit1.setBodyInnerHtml(page.body().innerHtml());
   };
   try {
-    for (auto& picture : page.images()) {
+    for (auto& picture : pictures) {
+      frmBildkonvertierer.progress(done++);
+      if (ui.pumpEvents() || frmBildkonvertierer.isStopped())
+        break;
       const auto parts = localParts(picture.attribute("src").value_or(""));
       ui.status(ui::StatusPlace::Run, base::format("Schatten für {}.{}", parts.name, parts.erweiterung));
       if (!paths::datei_vorhanden(pathOf(parts)))

@@ -39,21 +39,25 @@ struct FileScan : testing::Test, PictureDesk {
       shown.push_back(datei + " " + std::string(darstellung));
     };
     hooks.showViewer = [this] { ++viewerShown; };
-    hooks.unload = [this] { ++unloaded; };
-    hooks.changed = [this] {
+    hooks.inserted = [this] { ++inserted; };
+    FrmFileScan out(
+        {{desk.project.db(), desk.program.language, desk.clock, fields, desk.program.files, desk.surface, working, [] {}},
+         desk.tree,
+         settings},
+        hooks);
+    out.window.unload = [this] { ++unloaded; };
+    out.window.refresh = [this] {
       if (whileScanning)
         whileScanning();
     };
-    return FrmFileScan({{desk.project.db(), desk.program.language, desk.clock, fields, desk.program.files, desk.surface, [] {}},
-                        desk.tree,
-                        settings},
-                       hooks);
+    return out;
   }
 
   pagetree::PageDesk desk{{"00", "Start"}, {"01", "Haus"}};
+  frmBildkonvertierer working;
   files::UserSettings settings{(directory.native() / "benutzer.ini").native()};
   std::vector<std::string> shown;
-  int viewerShown = 0, unloaded = 0;
+  int viewerShown = 0, unloaded = 0, inserted = 0;
   std::function<void()> whileScanning;
   FrmFileScan form = makeForm();
 };

@@ -90,6 +90,7 @@ TEST(Shadow, takes_colours_with_and_without_a_number_sign_and_no_other_text)
 struct ShadowFile : testing::Test, PictureDesk {
   support::ScriptedUi ui;
   editor::DocumentSurface surface;
+  frmBildkonvertierer window;
 };
 
 TEST_F(ShadowFile, stands_beside_its_picture_and_is_a_jpeg_whatever_its_name)
@@ -132,7 +133,7 @@ TEST_F(ShadowFile, of_every_picture_of_a_page_takes_its_place_there)
   surface.setBodyInnerHtml("<p><img src=\"file://" + directory.file("export\\pix") + "/a.jpg\"><img src=\"" + pix("b.jpg") +
                            "\"><img src=\"pix/fehlt.jpg\" alt=\"x\"></p>");
 
-  EXPECT_EQ(schatten_fuer_seite(surface, ui, "ffffff"), 2u);
+  EXPECT_EQ(schatten_fuer_seite({surface, ui, window}, "ffffff"), 2u);
 
   EXPECT_THAT(pixNames(), testing::ElementsAre("a.jpg", "a_shd.jpg", "b.jpg", "b_shd.jpg"));
   EXPECT_EQ(surface.bodyInnerHtml(), "<p><img src=\"" + pix() + "\\a_shd.jpg\"><img src=\"" + pix() +
@@ -146,8 +147,8 @@ TEST_F(ShadowFile, of_a_page_that_has_shadows_is_a_shadow_of_the_shadow)
   photo("..\\export\\pix\\a.jpg", 20, 20);
   surface.setBodyInnerHtml("<img src=\"" + pix("a.jpg") + "\">");
 
-  schatten_fuer_seite(surface, ui, "ffffff");
-  schatten_fuer_seite(surface, ui, "ffffff");
+  schatten_fuer_seite({surface, ui, window}, "ffffff");
+  schatten_fuer_seite({surface, ui, window}, "ffffff");
 
   EXPECT_THAT(pixNames(), testing::ElementsAre("a.jpg", "a_shd.jpg", "a_shd_shd.jpg"));
 }
@@ -156,7 +157,7 @@ TEST_F(ShadowFile, leaves_a_page_without_pictures_as_it_is)
 {
   surface.setBodyInnerHtml("<p>Text</p>");
 
-  EXPECT_EQ(schatten_fuer_seite(surface, ui, "ffffff"), 0u);
+  EXPECT_EQ(schatten_fuer_seite({surface, ui, window}, "ffffff"), 0u);
 
   EXPECT_EQ(surface.bodyInnerHtml(), "<p>Text</p>");
 }
