@@ -64,7 +64,7 @@ void PictureCommands::openFileScan(bool onThisPage)
     auto& program = parts_.project.program();
     fileScan_.emplace(
         pictures::FrmFileScan::Parts{{parts_.project.db(), program.language, program.clock, parts_.project.fields(),
-                                      program.files, pages.surface(), converter_, [this] { parts_.pages.ZeigeStruktur(); }},
+                                      program.files, pages.surface(), converter_, [this] { showNewPages(); }},
                                      pages.tree(),
                                      parts_.userSettings},
         fileScanHooks());
@@ -76,6 +76,16 @@ void PictureCommands::openFileScan(bool onThisPage)
   else
     fileScan_->OpjedesBildeineSeite_Click();
   parts_.dialogs.show(*fileScan_);
+}
+
+/// The tree as it was, with the page open that has the new ones.
+void PictureCommands::showNewPages()
+{
+  auto& pages = parts_.pages;
+  pages.treeView().WriteExpandedNodes();
+  pages.ZeigeStruktur();
+  if (const auto selected = pages.tree().selected())
+    pages.tree().setExpanded(*selected, true);
 }
 
 pictures::FileScanHooks PictureCommands::fileScanHooks()

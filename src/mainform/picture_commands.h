@@ -59,6 +59,7 @@ private:
   bool isReady();
   void openFileScan(bool onThisPage);
   pictures::FileScanHooks fileScanHooks();
+  void showNewPages();
   void alone(const std::function<void()>& work);
   pictures::Thumbnails thumbnails();
 

@@ -326,6 +326,10 @@ InsertionOutcome FrmFileScan::cbeinfügen_Click()
   // The lists must stay what they are while pictures are worked on.
   if (isBusy())
     return outcome;
+  if (opkonvertieren && !isNumber(tbpixel)) {
+    parts_.insertion.language.GetMsg(kMessageNoNumber);
+    return outcome;
+  }
   hooks_.alone([&] {
     inserting_ = true;
     try {

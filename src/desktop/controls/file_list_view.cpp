@@ -83,14 +83,14 @@ void FileListView::dragMoveEvent(QDragMoveEvent* event)
 
 void FileListView::dropEvent(QDropEvent* event)
 {
-  const QMimeData& data = *event->mimeData();
+  const QMimeData& dragged = *event->mimeData();
   // The files stay where they are, whatever the other program proposes.
   event->setDropAction(Qt::CopyAction);
   event->accept();
-  if (const QStringList files = localFiles(data); !files.isEmpty())
+  if (const QStringList files = localFiles(dragged); !files.isEmpty())
     events_.filesDropped(files);
   else
-    events_.textDropped(data.text());
+    events_.textDropped(dragged.text());
 }
 
 } // namespace mrd::desktop
