@@ -113,8 +113,11 @@ void FrmFileScanWindow::act(std::string_view procedure, const std::function<void
   if (showing_)
     return;
   failures::withStandardHandler(language_, procedure, body);
-  if (!form_.isBusy())
-    refresh();
+  if (form_.isBusy())
+    return;
+  showCounts();
+  showOptions();
+  showStates();
 }
 
 void FrmFileScanWindow::connectDirectory()
@@ -202,6 +205,8 @@ void FrmFileScanWindow::connectButtons()
   for (const auto& [widget, procedure, click] : kButtons)
     connect(widget(*ui_), &QAbstractButton::clicked, this,
             [this, procedure = procedure, click = click] { act(procedure, [&] { (form_.*click)(); }); });
+  for (auto* const button : {ui_->cballemarkieren, ui_->cbmarkierungweg})
+    connect(button, &QPushButton::clicked, this, [this] { found_->select(); });
   connect(ui_->cbrotieren, &QPushButton::clicked, this, [this] {
     thumbnails_.forget(form_.pathOf({form_.rotateEntry}));
     refresh();
