@@ -8,6 +8,7 @@
 #include "platform/ui/ui.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,13 @@ std::string shadowName(std::string_view name);
 /// Writes `verzeichnis` + `name` + "_shd." + `erweiterung`, always JPEG data. Throws base::Error.
 void erzeuge_schatten(std::string_view verzeichnis, std::string_view name, std::string_view erweiterung,
                       std::string_view tbhintergrund);
+
+/// Gives the picture that a reference leads to a shadow and returns the reference to the copy; nothing where there is no such
+/// file.
+std::optional<std::string> schatten_hinzufügen(std::string_view src, std::string_view tbhintergrund);
+
+/// The reference to the picture without its shadow, whose file stays; a message box and nothing where the picture has gone.
+std::optional<std::string> schatten_entfernen(std::string_view src, ui::Ui& ui);
 
 /// The open page, and who is told how far the work on its pictures is.
 struct PageWithPictures {
