@@ -2,8 +2,8 @@
 
 #include "base/errors.h"
 #include "editor/document_surface.h"
-#include "pictures/picture_desk.h"
 #include "frame/paths/paths.h"
+#include "pictures/picture_desk.h"
 #include "support/scripted_ui.h"
 
 #include <gmock/gmock.h>

@@ -2,8 +2,8 @@
 
 namespace mrd::image {
 
-/// A share of the memory that pictures may take together. Who asks for one waits until it is free; work that needs more than there
-/// is runs alone. A thread that has a share needs no second one.
+/// A share of the memory that pictures may take together. Who asks for one waits until it is free; work that needs more than
+/// there is runs alone. A thread that has a share needs no second one.
 class MemoryShare {
 public:
   /// The pixels of one picture as it is drawn on, red, green and blue.
