@@ -4,10 +4,8 @@
 #include "base/format.h"
 #include "platform/files/files.h"
 #include "platform/files/path.h"
-#include "platform/image/library.h"
+#include "platform/image/palette.h"
 #include "platform/image/state.h"
-
-#include <vips/vips8>
 
 #include <algorithm>
 #include <cmath>
@@ -20,10 +18,6 @@ namespace {
 
 using base::Error;
 using base::ErrorNumber;
-using vips::VImage;
-
-/// From this quality on every pixel keeps its own colour: somebody asked for the best, or draws thin lines.
-constexpr int kFullColourQuality = 90;
 
 void setPixel(std::uint8_t* pixel, Colour colour)
 {
@@ -32,42 +26,50 @@ void setPixel(std::uint8_t* pixel, Colour colour)
   pixel[2] = colour.blue;
 }
 
-VImage asLibraryImage(const Image& picture)
+/// A picture's file as the machine names it.
+std::string nativeFile(std::string_view path)
 {
-  const auto bytes = picture.bytes();
-  // The library takes memory that it could write to, and only reads it.
-  return VImage::new_from_memory(const_cast<std::uint8_t*>(bytes.data()), bytes.size(), picture.width(), picture.height(), kBands,
-                                 VIPS_FORMAT_UCHAR)
-      .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+  auto file = files::nativePath(path).native();
+  if (files::fileSize(path) == 0)
+    throw Error(ErrorNumber::InvalidPicture, base::format("{}: Die Datei ist leer.", file));
+  return file;
 }
 
-Pixels pixelsOf(const VImage& picture)
-{
-  std::size_t size = 0;
-  return Pixels(static_cast<std::uint8_t*>(picture.write_to_memory(&size)));
-}
+RasterView viewOf(const Image& picture) { return {picture.size(), picture.bytes().data()}; }
 
 } // namespace
-
-void Free::operator()(void* memory) const { g_free(memory); }
-
-void checkSize(Size size, long long most)
-{
-  if (size.width < 1 || size.height < 1 || static_cast<long long>(size.width) * size.height > most)
-    throw Error(ErrorNumber::InvalidPicture,
-                base::format("Ein Bild mit {} x {} Pixeln ist nicht möglich.", size.width, size.height));
-}
 
 Pixels newPixels(int width, int height)
 {
   checkSize({width, height}, kMostPixels);
-  Pixels pixels(static_cast<std::uint8_t*>(g_try_malloc0(byteCount(width, height))));
+  Pixels pixels(static_cast<std::uint8_t*>(std::calloc(byteCount(width, height), 1)));
   if (!pixels)
     throw Error(ErrorNumber::InvalidPicture, base::format("Der Speicher reicht nicht für {} x {} Pixel.", width, height));
   return pixels;
 }
 
 Image::Image(std::shared_ptr<const State> state) : state_(std::move(state)) {}
+
+Size Image::sizeOf(std::string_view path) { return codec().sizeOf(nativeFile(path)); }
+
+Image Image::load(std::string_view path, Colour background)
+{
+  return Image(std::make_shared<const State>(codec().read(nativeFile(path), background)));
+}
+
+Image Image::loadWithPalette(std::string_view path, Colour background)
+{
+  const auto picture = load(path, background);
+  auto withTable = picture.changeable();
+  withTable->palette = readPalette(files::readFile(path));
+  return Image(std::move(withTable));
+}
+
+Image Image::loadResized(std::string_view path, Size size, Colour background)
+{
+  checkSize(size, kMostPixels);
+  return Image(std::make_shared<const State>(codec().readResized(nativeFile(path), size, background)));
+}
 
 Image Image::create(int width, int height) { return Image(std::make_shared<const State>(width, height)); }
 
@@ -97,26 +99,10 @@ std::shared_ptr<Image::State> Image::changeable() const
 Image Image::resized(Size size) const
 {
   checkSize(size, kMostPixels);
-  std::shared_ptr<const State> state;
-  withLibrary("resize", [&] {
-    const auto scaled = asLibraryImage(*this).resize(
-        static_cast<double>(size.width) / width(), VImage::option()->set("vscale", static_cast<double>(size.height) / height()));
-    // A factor in floating point may miss the size by a pixel.
-    const auto whole = scaled.embed(0, 0, size.width, size.height, VImage::option()->set("extend", VIPS_EXTEND_COPY));
-    state = std::make_shared<const State>(size.width, size.height, pixelsOf(whole));
-  });
-  return Image(std::move(state));
+  return Image(std::make_shared<const State>(codec().resized(viewOf(*this), size)));
 }
 
-Image Image::rotated() const
-{
-  std::shared_ptr<const State> state;
-  withLibrary("rotate", [&] {
-    const auto turned = asLibraryImage(*this).rot90();
-    state = std::make_shared<const State>(turned.width(), turned.height(), pixelsOf(turned));
-  });
-  return Image(std::move(state));
-}
+Image Image::rotated() const { return Image(std::make_shared<const State>(codec().rotated(viewOf(*this)))); }
 
 void Image::fill(Colour colour) { fillRectangle({0, 0, width(), height()}, colour); }
 
@@ -157,20 +143,7 @@ void Image::fillEllipse(const Rectangle& bounds, Colour colour)
 
 void Image::saveJpeg(std::string_view path, int qualityFactor) const
 {
-  const int quality = jpegQuality(qualityFactor);
-  withLibrary(files::nativePath(path).native(), [&] {
-    const bool keepsColours = quality >= kFullColourQuality;
-    VipsBlob* encoded = asLibraryImage(*this).jpegsave_buffer(
-        VImage::option()
-            ->set("Q", quality)
-            ->set("strip", true)
-            ->set("optimize_coding", true)
-            ->set("subsample_mode", keepsColours ? VIPS_FOREIGN_SUBSAMPLE_OFF : VIPS_FOREIGN_SUBSAMPLE_ON));
-    const std::unique_ptr<VipsBlob, void (*)(VipsBlob*)> blob(encoded, [](VipsBlob* b) { vips_area_unref(VIPS_AREA(b)); });
-    std::size_t size = 0;
-    const auto* bytes = static_cast<const char*>(vips_blob_get(blob.get(), &size));
-    files::writeFileAtomically(path, {bytes, size});
-  });
+  files::writeFileAtomically(path, codec().encodeJpeg(viewOf(*this), jpegQuality(qualityFactor)));
 }
 
 int jpegQuality(int qualityFactor)
