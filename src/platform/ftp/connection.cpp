@@ -477,8 +477,8 @@ std::string Connection::State::explanation(int code) const
     text = outcome.replies.back().lastText;
   const auto* const words = std::find_if(kWords.begin(), kWords.end(), [&](const Words& w) { return w.code == code; });
   if (text.empty() && words != kWords.end())
-    text = base::replaceAll(words->text, "{}", address.host);
-  else if (text.empty())
+    return base::replaceAll(words->text, "{}", address.host);
+  if (text.empty())
     text = errorText.data();
   // Some servers repeat what they were told.
   if (!address.password.empty() && base::contains(text, address.password))

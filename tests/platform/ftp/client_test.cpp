@@ -107,6 +107,25 @@ TEST(FtpClient, logs_in_once_and_sends_each_file_with_the_fewest_commands)
                           "STOR b.htm.mrd-part", "SIZE b.htm.mrd-part", "RNFR b.htm.mrd-part", "RNTO b.htm"));
 }
 
+TEST(FtpClient, stands_still_at_no_file)
+{
+  constexpr int kFiles = 400;
+  const support::FtpServer server("vsftpd");
+  const support::TemporaryDirectory local;
+  local.write("seite.htm", std::string(5000, 'x'));
+  ClientDesk desk(server);
+  desk.run("cd upload");
+  int slow = 0;
+
+  for (int i = 0; i < kFiles; ++i) {
+    const auto start = std::chrono::steady_clock::now();
+    ASSERT_EQ(desk.put(local.file("seite.htm"), std::to_string(i) + ".htm"), code::kNone) << desk.client.ResponseInfo();
+    slow += std::chrono::steady_clock::now() - start > std::chrono::milliseconds(900) ? 1 : 0;
+  }
+
+  EXPECT_EQ(slow, 0);
+}
+
 TEST(FtpClient, tells_true_states)
 {
   const support::FtpServer server("scripted");
