@@ -114,6 +114,7 @@ TEST_F(OldProjectTest, that_is_damaged_is_told_and_leaves_the_open_project_and_t
 
   EXPECT_THAT(calls, ElementsAre("opseitentyp_Click"));
   EXPECT_EQ(window.db().openRecordset("Seite").recordCount(), 1u);
+  EXPECT_EQ(window.DbName(), other.file());
   EXPECT_EQ(directory.read("haus.mdb").size(), 20'000u);
   EXPECT_FALSE(isKept());
   EXPECT_GT(ui.splashHidden, 0);

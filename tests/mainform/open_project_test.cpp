@@ -130,6 +130,7 @@ TEST_F(OpenProjectTest, keeps_the_open_project_where_the_next_one_cannot_be_open
 
   ASSERT_TRUE(window.isOpen());
   EXPECT_EQ(window.db().openRecordset("Seite").recordCount(), 2u);
+  EXPECT_EQ(window.DbName(), project.file());
 }
 
 TEST_F(OpenProjectTest, keeps_the_open_project_where_the_choice_of_another_is_cancelled)

@@ -43,6 +43,16 @@ class OldProjects(OldFiles):
         self.assertEqual(self.assert_done("settings", self.file, "Titel"), "Ferienhaus Möwe\n")
         self.assertEqual(self.rows("SELECT Preis_Dollar FROM Artikel WHERE Artikelnummer = 6"), [(0.30000000000000004,)])
 
+    def test_a_deleted_row_is_none_wherever_it_claims_to_lie(self):
+        data, last_row = bytearray(bytes_of(GROWN)), 41 * PAGE + 14 + 2 * 4
+        self.assertTrue(data[last_row + 1] & DELETED)
+        data[last_row:last_row + 2] = b"\xff\x9f"
+        self.put(bytes(data))
+        done = self.mrd("import", self.file)
+        self.assertEqual(done.returncode, 0, done.err)
+        self.assertNotIn("message 112", done.err)
+        self.assert_holds(GROWN)
+
     def test_opening_replaces_the_file_and_keeps_the_old_one(self):
         for name in NAMES:
             with self.subTest(name):

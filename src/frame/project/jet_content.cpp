@@ -22,8 +22,8 @@ constexpr std::string_view kPages = "Seite", kSettings = "Einstellungen", kFiles
 constexpr std::string_view kRoot = "00";
 /// How the first version numbered the home page.
 constexpr std::string_view kFirstRoot = "index";
-/// All of whose tables and columns are there, or damaged.
-constexpr std::string_view kPresentVersion = "5";
+/// What the migration does not touch.
+constexpr std::string_view kUnreadableVersion = "9999";
 constexpr std::size_t kMostNotes = 1000;
 constexpr std::size_t kShownCharacters = 40;
 
@@ -36,6 +36,13 @@ struct FilledColumn {
 };
 constexpr std::array kFilledColumns{FilledColumn{kPages, "Überschrift"}, FilledColumn{kPages, "html"},
                                     FilledColumn{kSettings, "Einstellung"}, FilledColumn{kSettings, "Wert"}};
+
+/// Columns of the pages, by the version that brought them.
+struct PageColumn {
+  std::string_view version, column;
+};
+constexpr std::array kPageColumns{PageColumn{"2", "expanded"}, PageColumn{"3", "script"}, PageColumn{"4", "changingdate"}};
+constexpr std::string_view kArtikelVersion = "5";
 
 /// The register of files.
 struct FileColumn {
@@ -197,7 +204,14 @@ void JetContent::completeTables()
 
 void JetContent::completeRoot()
 {
-  if (pages_.contains(std::string(kRoot)) || pages_.contains(std::string(kFirstRoot)))
+  const bool hasFirstRoot = pages_.contains(std::string(kFirstRoot));
+  if (pages_.contains(std::string(kRoot))) {
+    // It cannot become the homepage any more, and no tree shows it.
+    if (hasFirstRoot)
+      note(base::format("Neben der Homepage gibt es eine Seite mit der Nummer {}. Sie steht in keinem Menü.", kFirstRoot));
+    return;
+  }
+  if (hasFirstRoot)
     return;
   // Everything else hangs below it.
   db_.execute("INSERT INTO Seite (id, Überschrift, html, dateiname, [seitentyp-id]) VALUES (?, ?, ?, ?, 1)",
@@ -217,13 +231,16 @@ void JetContent::noteMissingParents()
 
 void JetContent::lowerDamagedVersion()
 {
-  // A project that claims to be of a version whose tables it lacks would never get them.
+  // A project that claims to be of a version whose tables it lacks would never get them. Versions are compared as text, as the
+  // migration does.
   const auto columns = db_.columns(kPages);
-  const auto has = [&](std::string_view column) { return dao::findName(columns, column) != columns.size(); };
   settings::StoredSettings stored(db_);
   const auto version = base::trim(stored.value("dbVersion").value_or("0"));
-  const bool isComplete = has("expanded") && has("script") && has("changingdate") && db_.hasTable("Artikel");
-  if (isComplete || version != kPresentVersion)
+  const bool lacksColumn = std::ranges::any_of(kPageColumns, [&](const PageColumn& page) {
+    return version >= page.version && dao::findName(columns, page.column) == columns.size();
+  });
+  const bool lacksArtikel = version >= kArtikelVersion && !db_.hasTable("Artikel");
+  if ((!lacksColumn && !lacksArtikel) || version == kUnreadableVersion)
     return;
   stored.set("dbVersion", "0");
   note("Spalten der Tabelle Seite oder die Tabelle Artikel fehlen. Sie sind neu angelegt und leer.");

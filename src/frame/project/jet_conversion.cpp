@@ -69,8 +69,9 @@ private:
 
 void checkWritable(std::string_view path)
 {
-  if (::access(files::nativePath(path).c_str(), W_OK) != 0)
-    throw Error(ErrorNumber::AccessDenied, base::format("Die Datei '{}' ist schreibgeschützt.", path));
+  const auto native = files::nativePath(path);
+  if (::access(native.c_str(), W_OK) != 0)
+    throw Error(ErrorNumber::AccessDenied, base::format("Die Datei '{}' ist schreibgeschützt.", native.native()));
 }
 
 /// "C:\haus.mdb" to "C:\haus".
@@ -88,9 +89,11 @@ std::optional<Conversion> convertInPlace(std::string_view path, const dao::JetRe
   const auto place = files::behindLinks(path);
   checkWritable(place);
   const files::FileLock lock(place);
+  if (!dao::isJetFile(place))
+    return std::nullopt;
   if (!lock.isStillNamed())
     throw Error(ErrorNumber::DatabaseLocked,
-                base::format("Die Datei '{}' wird gerade von einem anderen Programm benutzt.", path));
+                base::format("Die Datei '{}' wird gerade von einem anderen Programm benutzt.", files::nativePath(path).native()));
   Draft draft(place);
   Conversion out;
   out.leftOut = draft.write(place, reading);
@@ -111,7 +114,8 @@ Conversion convertTo(std::string_view jetFile, std::string_view target, const da
   if (!paths::datei_vorhanden(target))
     removeCompanions(std::string(target));
   if (!files::takeNewName(draft.path(), target))
-    throw Error(ErrorNumber::PathFileAccess, base::format("Die Datei '{}' ist schon vorhanden.", target));
+    throw Error(ErrorNumber::PathFileAccess,
+                base::format("Die Datei '{}' ist schon vorhanden.", files::nativePath(target).native()));
   return out;
 }
 

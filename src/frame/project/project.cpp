@@ -4,6 +4,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "platform/files/files.h"
+#include "platform/files/path.h"
 
 #include <algorithm>
 #include <array>
@@ -46,7 +47,7 @@ void checkTable(dao::Database& db, std::string_view DbName, const RequiredTable&
 dao::Database openProject(std::string_view DbName)
 {
   auto db = dao::Database::open(DbName);
-  checkTables(db, DbName);
+  checkTables(db, files::nativePath(DbName).native());
   return db;
 }
 

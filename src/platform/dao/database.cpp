@@ -124,14 +124,16 @@ Database::~Database() = default;
 
 Database Database::open(std::string_view path, OpenMode mode)
 {
-  Database out(std::make_unique<State>(openFile(files::nativePath(path), path, mode == OpenMode::ReadOnly)));
+  const auto native = files::nativePath(path);
+  Database out(std::make_unique<State>(openFile(native, native.native(), mode == OpenMode::ReadOnly)));
   out.state_->schema.refresh();
   return out;
 }
 
 Database Database::create(std::string_view path)
 {
-  return Database(std::make_unique<State>(createFile(files::nativePath(path), path)));
+  const auto native = files::nativePath(path);
+  return Database(std::make_unique<State>(createFile(native, native.native())));
 }
 
 Recordset Database::openRecordset(std::string_view source, const Parameters& parameters)

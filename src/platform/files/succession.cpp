@@ -44,6 +44,13 @@ void giveAwayTo(const fs::path& native, const struct stat& old)
     fail(errno, native);
 }
 
+/// Whether a file at `kept` has what `original` has, and still has it when `original` is gone: a link to it has not.
+bool isKeptBy(const fs::path& kept, const fs::path& original)
+{
+  std::error_code failure;
+  return !fs::is_symlink(fs::symlink_status(kept, failure)) && holdsTheSame(original, kept);
+}
+
 /// "haus.jet.mdb", "haus.jet2.mdb", ...
 std::string numbered(std::string_view stem, std::string_view ending, int number)
 {
@@ -66,7 +73,7 @@ FileLock::FileLock(std::string_view path)
     fail(errno, native);
   if (!lockFile(file.get()))
     throw base::Error(base::ErrorNumber::DatabaseLocked,
-                      base::format("Die Datei '{}' wird gerade von einem anderen Programm benutzt.", path));
+                      base::format("Die Datei '{}' wird gerade von einem anderen Programm benutzt.", native.native()));
   state_ = std::make_unique<State>(State{std::move(native), std::move(file)});
 }
 
@@ -97,7 +104,7 @@ std::string keepAs(std::string_view path, std::string_view stem, std::string_vie
     const auto to = nativePath(name);
     std::error_code failure;
     if (fs::exists(fs::symlink_status(to, failure))) {
-      if (!holdsTheSame(from, to))
+      if (!isKeptBy(to, from))
         continue;
     } else if (::link(from.c_str(), to.c_str()) != 0) {
       if (errno == EEXIST)

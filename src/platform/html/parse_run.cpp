@@ -116,35 +116,39 @@ void ParseRun::watch(std::size_t bytes)
 {
   if (arena_.used() + bytes > budget_)
     giveUp();
-  if (bytes == sizeof(GumboNode))
-    noteLastNode();
-  else if (bytes == sizeof(GumboAttribute))
+  if (bytes == sizeof(GumboNode)) {
+    attributesSinceNode_ = 0;
+    note(nodeBeforeLast_);
+    note(lastNode_);
+  } else if (bytes == sizeof(GumboAttribute)) {
     countAttribute();
+  }
 }
 
 void* ParseRun::allocateNode()
 {
   auto* const depth = static_cast<DepthOfNode*>(arena_.allocate(sizeof(DepthOfNode) + sizeof(GumboNode)));
   depth->depth = 0;
+  nodeBeforeLast_ = lastNode_;
   lastNode_ = reinterpret_cast<GumboNode*>(depth + 1);
   std::memset(lastNode_, kNoNodeType, sizeof(std::uint32_t));
   return lastNode_;
 }
 
-/// A node knows its parent only some time after its allocation: by the time that the next one is made.
-void ParseRun::noteLastNode()
+/// A node knows its parent only some time after its allocation: by the time that the next one is made, or the one after that
+/// where a text in front of it is made in between.
+void ParseRun::note(GumboInternalNode* node)
 {
-  attributesSinceNode_ = 0;
-  if (lastNode_ == nullptr || !isNodeWithParent(lastNode_))
+  if (node == nullptr || !isNodeWithParent(node))
     return;
-  if (lastNode_->parent != nullptr)
-    DepthOfNode::of(lastNode_).depth = DepthOfNode::of(lastNode_->parent).depth + 1;
-  if (DepthOfNode::of(lastNode_).depth > kMaxDepth)
+  if (node->parent != nullptr)
+    DepthOfNode::of(node).depth = DepthOfNode::of(node->parent).depth + 1;
+  if (DepthOfNode::of(node).depth > kMaxDepth)
     giveUp();
-  if (lastNode_->type == GUMBO_NODE_ELEMENT && lastNode_->v.element.tag == GUMBO_TAG_HTML)
-    root_ = lastNode_;
-  if (lastNode_->type == GUMBO_NODE_ELEMENT && lastNode_->v.element.tag == GUMBO_TAG_BODY)
-    body_ = lastNode_;
+  if (node->type == GUMBO_NODE_ELEMENT && node->v.element.tag == GUMBO_TAG_HTML)
+    root_ = node;
+  if (node->type == GUMBO_NODE_ELEMENT && node->v.element.tag == GUMBO_TAG_BODY)
+    body_ = node;
 }
 
 /// Every attribute is compared with all earlier ones of its tag, and those of a second `html` or `body` with all of the first.

@@ -53,7 +53,7 @@ private:
 
   void watch(std::size_t bytes);
   void* allocateNode();
-  void noteLastNode();
+  void note(GumboInternalNode* node);
   void countAttribute();
   [[noreturn]] void giveUp();
 
@@ -65,6 +65,7 @@ private:
   Arena arena_;
   std::string_view html_;
   GumboInternalNode* lastNode_ = nullptr;
+  GumboInternalNode* nodeBeforeLast_ = nullptr;
   const GumboInternalNode* root_ = nullptr;
   const GumboInternalNode* body_ = nullptr;
   std::size_t allocations_ = 0;

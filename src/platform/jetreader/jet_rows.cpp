@@ -250,14 +250,22 @@ struct Place {
   int flags = 0;
 };
 
+/// A row's entry in the row table of the page that is current.
+std::optional<int> entryOf(MdbHandle* mdb, int row)
+{
+  const int table = mdb->fmt->row_count_offset;
+  if (row >= mdb_get_int16(mdb->pg_buf, table) || table + 4 + 2 * row > mdb->fmt->pg_size)
+    return std::nullopt;
+  return mdb_get_int16(mdb->pg_buf, table + 2 + 2 * row);
+}
+
 std::optional<Place> placeOf(MdbHandle* mdb, int row)
 {
   Place out;
-  const int count = mdb_get_int16(mdb->pg_buf, mdb->fmt->row_count_offset);
-  if (row >= count || mdb->fmt->row_count_offset + 4 + 2 * row > mdb->fmt->pg_size ||
-      mdb_find_row(mdb, row, &out.start, &out.length) != 0)
+  const auto entry = entryOf(mdb, row);
+  if (!entry || mdb_find_row(mdb, row, &out.start, &out.length) != 0)
     return std::nullopt;
-  out.flags = mdb_get_int16(mdb->pg_buf, mdb->fmt->row_count_offset + 2 + 2 * row);
+  out.flags = *entry;
   out.start &= kPlace;
   if (out.start + out.length > static_cast<std::size_t>(mdb->fmt->pg_size))
     return std::nullopt;
@@ -319,9 +327,10 @@ public:
 private:
   void visit(guint32 current, int number)
   {
-    auto place = placeOf(mdb_, number);
-    if (place && (place->flags & kDeleted))
+    // Whether the place of a deleted row makes sense does not matter any more.
+    if (entryOf(mdb_, number).value_or(0) & kDeleted)
       return;
+    auto place = placeOf(mdb_, number);
     const bool moved = place && (place->flags & kMoved);
     if (moved)
       place = follow(mdb_, *place, page_);

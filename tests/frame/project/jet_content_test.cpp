@@ -255,6 +255,28 @@ TEST_F(JetContentTest, claims_no_version_whose_tables_are_lost)
   EXPECT_THAT(content.notes(), ElementsAre(HasSubstr("neu angelegt")));
 }
 
+TEST_F(JetContentTest, of_an_earlier_version_claims_no_column_that_is_lost)
+{
+  project({"00"});
+  db.execute("INSERT INTO Einstellungen (Einstellung, Wert) VALUES ('dbVersion', '3')");
+
+  content.finish("haus.mdb");
+  support::ScriptedUi ui;
+  Migration(db, ui).UpdDatabase();
+
+  EXPECT_THAT(db.columns("Seite"), Contains("script"));
+  EXPECT_THAT(content.notes(), ElementsAre(HasSubstr("neu angelegt")));
+}
+
+TEST_F(JetContentTest, names_a_root_of_the_first_version_beside_the_present_one)
+{
+  project({"00", "index"});
+
+  content.finish("haus.mdb");
+
+  EXPECT_THAT(content.notes(), ElementsAre(HasSubstr("Nummer index")));
+}
+
 TEST_F(JetContentTest, of_a_foreign_database_is_refused_with_what_it_lacks)
 {
   content.table({"Kunden", {{"Name", "TEXT"}}});

@@ -99,6 +99,18 @@ TEST_F(SuccessionTest, what_is_kept_already_is_not_kept_twice)
   EXPECT_FALSE(fs::exists(directory / "haus.jet2.mdb"));
 }
 
+TEST_F(SuccessionTest, what_a_link_leads_to_is_not_kept_by_the_link)
+{
+  const auto file = put("haus.mdb", "alt");
+  fs::create_symlink("haus.mdb", directory / "haus.jet.mdb");
+
+  const auto kept = keepAs(file, path("haus"), ".jet.mdb");
+  takePlaceOf(file, put("neu", "neu"));
+
+  EXPECT_EQ(kept, path("haus.jet2.mdb"));
+  EXPECT_EQ(content("haus.jet2.mdb"), "alt");
+}
+
 TEST_F(SuccessionTest, a_new_name_is_taken_only_where_there_is_none)
 {
   EXPECT_TRUE(takeNewName(put("a", "eins"), path("ziel")));

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <string>
 
@@ -54,6 +55,11 @@ TEST_F(HostileInput, of_a_million_nested_elements_is_flattened)
 {
   EXPECT_EQ(shownText(repeated("<div>", 1'000'000) + "x"), "x");
   EXPECT_EQ(shownText(repeated("<xyz>", 1'000'000) + "x"), "x");
+}
+
+TEST_F(HostileInput, of_nested_elements_with_text_between_them_is_flattened)
+{
+  EXPECT_EQ(std::ranges::count(shownText(repeated("<div>x", 170'000)), 'x'), 170'000);
 }
 
 TEST_F(HostileInput, of_nested_formatting_is_flattened)
