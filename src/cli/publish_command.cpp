@@ -3,7 +3,7 @@
 #include "cli/json.h"
 #include "cli/session.h"
 #include "frame/settings/export_path.h"
-#include "mainform/mainform.h"
+#include "mainform/project_frame.h"
 #include "platform/files/files.h"
 #include "platform/files/user_settings.h"
 #include "platform/ftp/curl_client.h"
@@ -139,7 +139,7 @@ Summary publishSite(publish::Publishing& dialog, dao::Database& db, const std::s
 
 ExitStatus publish(Session& session, const PublishArguments& arguments)
 {
-  mainform::Mainform mainform(session.program());
+  mainform::ProjectFrame mainform(session.program());
   mainform.ladebenutzerlayouts();
   if (!mainform.openProject(Session::path(arguments.file)) || !mainform.loadSettings())
     return ExitStatus::Failed;
