@@ -27,7 +27,7 @@ struct PublishArguments {
 /// What a run came to.
 struct Summary {
   std::size_t sent = 0, kept = 0;
-  std::vector<publish::SentFile> failed;
+  std::vector<publish::RunFile> failed;
   std::vector<std::string> orphans, deleted, notDeleted;
   bool isConnected = false;
 
@@ -37,6 +37,7 @@ struct Summary {
   }
 };
 
+constexpr int kMessageNothingGenerated = 120;
 constexpr int kTabPictures = 0, kTabPages = 1;
 
 /// A run over a part of the pages enters that part only. What lies in the export directory belongs to the site all the same.
@@ -63,15 +64,15 @@ void deleteOrphans(publish::Publishing& dialog, Summary& summary)
     if (selected.empty())
       continue;
     dialog.tabFTP = tab;
-    dialog.notDeleted.clear();
+    dialog.files.assign({});
     dialog.cbftplöschen_Click();
-    // What is still selected was not deleted: the question was refused, or the server was out of reach.
-    std::vector<std::string> left;
-    addSelected(left, list, prefix);
-    for (const auto& name : dialog.notDeleted)
-      left.push_back(prefix + name);
+    std::vector<std::string> deleted;
+    for (const auto& file : dialog.files.all())
+      if (file.isConfirmed())
+        deleted.push_back(file.shownName());
+    // The rest was not: the question was refused, the server was out of reach, or it would not.
     for (const auto& name : selected)
-      (std::find(left.begin(), left.end(), name) == left.end() ? summary.deleted : summary.notDeleted).push_back(name);
+      (std::find(deleted.begin(), deleted.end(), name) != deleted.end() ? summary.deleted : summary.notDeleted).push_back(name);
   }
 }
 
@@ -122,8 +123,8 @@ Summary publishSite(publish::Publishing& dialog, dao::Database& db, const std::s
     return summary;
   if (!arguments.connectOnly)
     dialog.cbftp_Click();
-  for (const auto& file : dialog.files)
-    if (file.isConfirmed)
+  for (const auto& file : dialog.files.all())
+    if (file.isConfirmed())
       ++summary.sent;
     else
       summary.failed.push_back(file);
@@ -144,12 +145,11 @@ ExitStatus publish(Session& session, const PublishArguments& arguments)
   if (!mainform.openProject(Session::path(arguments.file)) || !mainform.loadSettings())
     return ExitStatus::Failed;
   if (count(mainform.db(), "[dateityp-id]=1") == 0) {
-    session.ui.messageBox(
-        {"Es gibt noch keine Seiten, die übertragen werden könnten: Das Projekt wurde noch nicht generiert.", ""});
+    session.program().language.GetMsg(kMessageNothingGenerated);
     return ExitStatus::Failed;
   }
   files::UserSettings settings;
-  publish::RememberedServers servers(settings, session.ui);
+  publish::RememberedServers servers(settings, session.program().language);
   ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); });
   const publish::SystemTimer timer;
   publish::Publishing dialog(arguments.imode ? publish::kImode : publish::kHtmlExport,

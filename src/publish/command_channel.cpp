@@ -58,12 +58,26 @@ void CommandChannel::Inet1_StateChanged(int State)
 {
   labelSeite.toolTip = "FTP:" + stateText(State);
   labelSeite.tag = std::to_string(State);
+  changed();
+}
+
+void CommandChannel::stop()
+{
+  isStopped_ = true;
+  Inet1.Cancel();
+}
+
+void CommandChannel::leaveIfStopped() const
+{
+  if (isStopped_)
+    throw Stopped{};
 }
 
 void CommandChannel::showState(std::string_view text)
 {
   labelSeite.caption = text;
   ui_.status(ui::StatusPlace::Run, text);
+  changed();
 }
 
 void CommandChannel::showProgress(std::size_t value)
@@ -71,12 +85,14 @@ void CommandChannel::showProgress(std::size_t value)
   ProgressBar1.value = value;
   ProgressBar1.isVisible = true;
   ui_.progress(value, ProgressBar1.maximum);
+  changed();
 }
 
 void CommandChannel::hideProgress()
 {
   ProgressBar1.isVisible = false;
   ui_.hideProgress();
+  changed();
 }
 
 void CommandChannel::showDisplay(bool isVisible)
@@ -84,7 +100,7 @@ void CommandChannel::showDisplay(bool isVisible)
   if (!kind_.hasSecondsDisplay)
     return;
   labelSekunden.isVisible = isVisible;
-  secondsChanged();
+  changed();
 }
 
 void CommandChannel::ExecuteSynchron(const std::string& URL, const std::string& Befehl, std::string& Fehler)
@@ -102,6 +118,7 @@ void CommandChannel::ExecuteSynchron(const std::string& URL, const std::string& 
   }
   showDisplay(false);
   ui_.pointer(ui::Pointer::Default);
+  leaveIfStopped();
 }
 
 void CommandChannel::waitForEnd()
@@ -109,7 +126,7 @@ void CommandChannel::waitForEnd()
   float start = timer_.seconds();
   float limit = kStallSeconds;
   Abbruch = false;
-  while (Inet1.StillExecuting() && !Abbruch) {
+  while (Inet1.StillExecuting() && !Abbruch && !isStopped_) {
     pump();
     const float now = timer_.seconds();
     // Behind midnight the limit falls at every round, so that the question comes at once.
@@ -121,6 +138,8 @@ void CommandChannel::waitForEnd()
     if (elapsed > limit)
       askAboutStall(start, now);
   }
+  if (isStopped_)
+    Inet1.Cancel();
 }
 
 void CommandChannel::showSeconds(float elapsed)
@@ -132,7 +151,7 @@ void CommandChannel::showSeconds(float elapsed)
   if (labelSekunden.caption == text)
     return;
   labelSekunden.caption = text;
-  secondsChanged();
+  changed();
   pump();
 }
 
@@ -181,6 +200,7 @@ void CommandChannel::Pause(float Sekunden)
     now = timer_.seconds();
     if (now < start)
       Sekunden -= kDaySeconds;
+    leaveIfStopped();
   } while (now - start <= Sekunden);
 }
 
@@ -199,8 +219,10 @@ void CommandChannel::withRetries(const std::function<void()>& work, const std::f
       }
     }
     ++Versuch;
-    while (isClientBusy())
+    while (isClientBusy()) {
       pump();
+      leaveIfStopped();
+    }
     showState(base::format("FTP: Versuch Nr.{}", Versuch));
     Pause(1);
   }

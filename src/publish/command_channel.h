@@ -20,6 +20,9 @@ std::string numberText(int number);
 /// The words for a state of the client; its number for a state without words.
 std::string stateText(int State);
 
+/// Ends the click that is under way, whatever it does; no error of it, and nothing is tried again.
+struct Stopped {};
+
 class CommandChannel {
 public:
   CommandChannel(const DialogKind& kind, ftp::Client& client, ui::Ui& ui, const Timer& timer);
@@ -32,6 +35,10 @@ public:
   void Pause(float Sekunden);
   void labelSekunden_Click();
   void Inet1_StateChanged(int State);
+  /// Cancels what the client does; the click at hand is left by Stopped as soon as it waits.
+  void stop();
+  /// A new click may run.
+  void begin() { isStopped_ = false; }
 
   /// Runs a click's work under the handler that all of them share: after an error it begins again from its top, five times, a
   /// second apart. `failed` gets the error that remained.
@@ -46,8 +53,8 @@ public:
   Label labelSeite;
   SecondsDisplay labelSekunden;
   ProgressBar ProgressBar1;
-  /// Told when the display of the seconds changes.
-  std::function<void()> secondsChanged = [] {};
+  /// Told when one of these controls changes.
+  std::function<void()> changed = [] {};
   bool Abbruch = false;
   std::string ftpURL, ftpListe, ftpSammelfehler;
   std::int16_t Versuch = 0;
@@ -58,10 +65,12 @@ private:
   void askAboutStall(float& start, float now);
   void showSeconds(float elapsed);
   void showDisplay(bool isVisible);
+  void leaveIfStopped() const;
 
   const DialogKind& kind_;
   ui::Ui& ui_;
   const Timer& timer_;
+  bool isStopped_ = false;
 };
 
 } // namespace mrd::publish

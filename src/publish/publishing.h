@@ -9,22 +9,13 @@
 #include "publish/controls.h"
 #include "publish/dialog_kind.h"
 #include "publish/reconciliation.h"
+#include "publish/run_files.h"
 #include "publish/timer.h"
 
+#include <functional>
 #include <string>
-#include <vector>
 
 namespace mrd::publish {
-
-/// What became of one file of a run.
-struct SentFile {
-  std::string pfad, name;
-  project::Dateityp type = project::Dateityp::Page;
-  /// The server has it, with its size.
-  bool isConfirmed = false;
-  /// Why not.
-  std::string problem = {};
-};
 
 struct PublishingEnvironment {
   messages::Language& language;
@@ -33,6 +24,7 @@ struct PublishingEnvironment {
   const Timer& timer;
 };
 
+/// A click while another one is under way does nothing: both would lead the one connection into directories of their own.
 class Publishing {
 public:
   Publishing(const DialogKind& kind, const PublishingEnvironment& environment, dao::Database& db);
@@ -45,60 +37,79 @@ public:
   void cbftplöschen_Click();
   /// Sends one file of the user's choice into the directory that is shown.
   void cbzusätzlichftp_Click();
+  /// Gives up waiting for the command at hand, which goes on.
   void labelSekunden_Click() { channel.labelSekunden_Click(); }
 
   /// Sends the files of the last run that did not arrive once more, and nothing else.
   void sendFailedAgain();
+  /// Ends the click that is under way.
+  void stop();
+  bool isRunning() const { return isRunning_; }
+  const DialogKind& kind() const { return kind_; }
+  const std::string& Sprache() const { return environment_.language.Sprache(); }
 
   CommandChannel channel;
   ListBox ListFTPHTML, ListFTPpix;
   /// 0 shows the pictures, 1 the pages.
   int tabFTP = 0;
   std::string Labelftpverzeichnis;
-  /// The files of the last run, in the order in which they were sent.
-  std::vector<SentFile> files;
-  /// Entries that the last deletion did not remove from the server.
-  std::vector<std::string> notDeleted;
+  /// The files of the last run, in the order in which they are sent.
+  RunFiles files;
   /// Whether the last reading of the server went to its end without a failure.
   bool isConnected = false;
+  /// What the client said to the failure that ended a click, which the texts of the dialog tell by a number.
+  std::string explanation;
+  /// Told when the entries of one of the two lists are other ones.
+  std::function<void()> listsChanged = [] {};
 
 private:
   struct ShownList {
     ListBox& list;
     ListTypes types;
   };
-  /// A run's two texts of failures that something writes.
-  struct RunFailures {
-    std::string directory, file;
-  };
+  void click(const std::function<void()>& work);
+  void command(const std::string& Befehl, std::string& Fehler);
+  bool isAnswered();
+  void actionFailed(const std::string& value);
+  void explain();
+
   void readFields();
-  bool enterDirectory(std::string& Fehler);
+  void connectAndCompare();
   void connect(std::string& Fehler);
+  bool enterDirectory(std::string& Fehler);
   void readHtmlDirectory(std::string& Fehler);
   void readPictureDirectory(std::string& Fehler);
   void showConnected(const std::string& Fehler);
-  void command(const std::string& Befehl, std::string& Fehler);
-  bool isAnswered();
   void reportProblem();
   void connectFailed(const base::Error& error);
+
   void upload();
-  void sendPages(RunFailures& failures);
-  void sendPictures(RunFailures& failures);
-  void sendFile(const dao::Recordset& rows, project::Dateityp type, std::string& Fehler);
-  void sendFile(SentFile& file, std::string& Fehler);
-  void endUpload(const RunFailures& failures);
+  std::vector<RunFile> dueFiles(std::string_view query, project::Dateityp type);
+  void planRun();
+  void sendPages();
+  void sendPictures();
+  void setMaximum(project::Dateityp type);
+  void send(std::size_t index);
+  void showSent(std::size_t index, bool tellsFailure);
+  void endUpload();
   void uploadFailed(const base::Error& error);
-  void deleteSelected(const ShownList& shown);
-  void sendExtraFile(const ShownList& shown);
-  void goToShown(const ShownList& shown);
-  void actionFailed(const std::string& value);
+  void sendUnsent(project::Dateityp type, std::size_t& counter);
+
   ShownList shownList();
+  void goToShown(const ShownList& shown);
+  void deleteSelected(const ShownList& shown);
+  void deleteFile(std::size_t index, dao::Recordset& rows);
+  void sendExtraFile(const ShownList& shown);
 
   const DialogKind& kind_;
   PublishingEnvironment environment_;
   dao::Database& db_;
   ui::Ui& ui_;
-  std::string user_, password_, server_, directory_, connectFailure_;
+  bool isRunning_ = false;
+  std::string user_, password_, server_, directory_;
+  /// The texts of failures that a run tells at its end: of connecting, of the last change of directory, of the last file. They
+  /// last until the next of their kind.
+  std::string connectFailure_, directoryFailure_, fileFailure_;
 };
 
 } // namespace mrd::publish

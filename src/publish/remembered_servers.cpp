@@ -1,7 +1,5 @@
 #include "publish/remembered_servers.h"
 
-#include "base/format.h"
-
 #include <string>
 #include <string_view>
 
@@ -10,16 +8,19 @@ namespace {
 
 constexpr std::string_view kSection = "FTPServer";
 
-std::string questionText(const ftp::ServerIdentity& identity, bool hasChanged)
+/// A certificate or a host key that is not known, or that is not the one of the last time.
+int messageFor(bool isHostKey, bool hasChanged)
 {
-  const std::string_view proof = identity.isHostKey ? "Der Schlüssel" : "Das Zertifikat";
-  const auto reason = hasChanged
-                          ? base::format("{} des Servers {} hat sich geändert. Vielleicht gibt sich ein anderer für ihn aus.",
-                                         proof, identity.server)
-                          : base::format("{} des Servers {} ist nicht bekannt.", proof, identity.server);
+  constexpr int kCertificateUnknown = 116, kCertificateChanged = 117, kKeyUnknown = 118, kKeyChanged = 119;
+  if (isHostKey)
+    return hasChanged ? kKeyChanged : kKeyUnknown;
+  return hasChanged ? kCertificateChanged : kCertificateUnknown;
+}
+
+std::string description(const ftp::ServerIdentity& identity)
+{
   const auto problem = identity.problem.empty() ? "" : "\r\n(" + identity.problem + ")";
-  return base::format("{}{}\r\n\r\nFingerabdruck:\r\n{}\r\n\r\nSoll dem Server vertraut werden?", reason, problem,
-                      identity.fingerprint);
+  return identity.server + problem + "\r\n\r\n" + identity.fingerprint;
 }
 
 } // namespace
@@ -29,9 +30,7 @@ bool RememberedServers::trusts(const ftp::ServerIdentity& identity)
   const auto known = settings_.value(kSection, identity.server, "");
   if (known == identity.fingerprint)
     return true;
-  const auto answer =
-      ui_.messageBox({questionText(identity, !known.empty()), "Mirandel: FTP-Server", ui::box::kYesNo + ui::box::kExclamation});
-  if (answer != ui::Button::Yes)
+  if (language_.GetMsg(messageFor(identity.isHostKey, !known.empty()), description(identity), "Z") != ui::Button::Yes)
     return false;
   settings_.setValue(kSection, identity.server, identity.fingerprint);
   return true;

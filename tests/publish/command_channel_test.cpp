@@ -104,7 +104,7 @@ TEST_F(ChannelTest, shows_the_seconds_of_a_command_while_it_runs)
   desk.client.always.rounds = 2;
   desk.timer.step = 0.5F;
   std::vector<std::string> shown;
-  desk.dialog.channel.secondsChanged = [&] {
+  desk.dialog.channel.changed = [&] {
     shown.push_back(desk.dialog.channel.labelSekunden.isVisible ? desk.dialog.channel.labelSekunden.caption : "-");
   };
 

@@ -38,7 +38,7 @@ TEST_F(UploadTest, sends_all_pages_and_the_pictures_that_are_due)
               ElementsAre("FTP: HTML-Dateien werden übertragen!", "FTP: index.htm  erfolgreich übertragen.",
                           "FTP: mrdnav.js  erfolgreich übertragen.", "FTP: haus.jpg  erfolgreich übertragen.", "Fertig!"));
   EXPECT_EQ(desk.dialog.files.size(), 3u);
-  EXPECT_TRUE(desk.dialog.files[2].isConfirmed);
+  EXPECT_TRUE(desk.dialog.files[2].isConfirmed());
   EXPECT_TRUE(desk.isDue("haus"));
 }
 
@@ -101,7 +101,7 @@ TEST_F(UploadTest, shows_a_page_that_did_not_start_and_goes_on)
 
   EXPECT_THAT(desk.program.ui.statusTexts, testing::Contains("Problem :  53"));
   EXPECT_EQ(desk.client.commands, kAllCommands);
-  EXPECT_FALSE(desk.dialog.files[0].isConfirmed);
+  EXPECT_FALSE(desk.dialog.files[0].isConfirmed());
 }
 
 TEST_F(UploadTest, tells_at_its_end_that_the_last_file_did_not_start)
@@ -124,14 +124,14 @@ TEST_F(UploadTest, keeps_in_its_list_what_the_server_refused_and_sends_that_alon
   desk.program.ui.expect(31, "", Button::No);
   desk.dialog.cbftp_Click();
   EXPECT_THAT(desk.program.ui.statusTexts, testing::Contains("FTP: mrdnav.js  erfolgreich übertragen."));
-  EXPECT_FALSE(desk.dialog.files[1].isConfirmed);
+  EXPECT_FALSE(desk.dialog.files[1].isConfirmed());
   EXPECT_EQ(desk.dialog.files[1].problem, "552 voll");
   desk.forgetCommands();
 
   desk.dialog.sendFailedAgain();
 
   EXPECT_THAT(desk.client.commands, ElementsAre("CD /web", kAllCommands[2]));
-  EXPECT_TRUE(desk.dialog.files[1].isConfirmed);
+  EXPECT_TRUE(desk.dialog.files[1].isConfirmed());
 }
 
 TEST_F(UploadTest, stalls_at_one_file_and_goes_on_with_the_next)
@@ -148,7 +148,7 @@ TEST_F(UploadTest, stalls_at_one_file_and_goes_on_with_the_next)
   EXPECT_EQ(desk.client.cancelled, 1);
   EXPECT_THAT(desk.program.ui.statusTexts, testing::Contains("FTP: index.htm  erfolgreich übertragen."));
   EXPECT_THAT(desk.client.commands, ElementsAre(kAllCommands[0], kAllCommands[1], kAllCommands[3], kAllCommands[4]));
-  EXPECT_FALSE(desk.dialog.files[0].isConfirmed);
+  EXPECT_FALSE(desk.dialog.files[0].isConfirmed());
 }
 
 TEST_F(UploadTest, begins_again_from_the_first_page_after_an_error_of_its_own)
@@ -266,7 +266,8 @@ TEST_F(DeleteTest, keeps_the_names_that_the_server_would_not_delete)
 
   desk.dialog.cbftplöschen_Click();
 
-  EXPECT_THAT(desk.dialog.notDeleted, ElementsAre("fremd.gif"));
+  EXPECT_EQ(desk.dialog.files[0].fate, RunFile::Fate::Failed);
+  EXPECT_EQ(fateText(desk.dialog.files[0], "GER"), "nicht gelöscht: 550 no");
 }
 
 TEST(ExtraFile, is_sent_and_listed_in_lower_case)
