@@ -145,7 +145,8 @@ void Publishing::uploadFailed(const base::Error& error)
 void Publishing::sendFailedAgain()
 {
   click([this] {
-    const auto unsent = std::count_if(files.all().begin(), files.all().end(), [](const RunFile& file) { return file.isUnsent(); });
+    const auto unsent =
+        std::count_if(files.all().begin(), files.all().end(), [](const RunFile& file) { return file.isUnsent(); });
     channel.ProgressBar1.maximum = static_cast<std::size_t>(unsent);
     std::size_t counter = 0;
     for (const auto type : {project::Dateityp::Page, project::Dateityp::Picture})

@@ -16,10 +16,12 @@ misbehaves as its faults say:
     drop-data=N       closes both connections after N bytes of a file, the first time
     drop-idle=COMMAND says 421 and closes after having answered it, the first time
     refuse=COMMAND    answers it with 550      short           keeps only half of what it gets, and says so by SIZE
+    refuse-name=NAME  refuses to store a file of this name
     listing=FILE      answers a listing with this file's bytes
     home=DIR          the directory of the login
 """
 import argparse
+import ctypes
 import json
 import os
 import pathlib
@@ -58,9 +60,17 @@ def announce(port, user, password, directory, home=""):
     print(json.dumps({"port": port, "user": user, "password": password, "directory": directory, "home": home}), flush=True)
 
 
-def until_stdin_ends(process=None):
-    sys.stdin.read()
-    if process:
+def start(command, **how):
+    """A process that ends with this one, whatever ends it."""
+    death_signal = 1
+    libc = ctypes.CDLL(None)
+    return subprocess.Popen(command, stdin=subprocess.DEVNULL, preexec_fn=lambda: libc.prctl(death_signal, signal.SIGTERM), **how)
+
+
+def until_stdin_ends(process):
+    try:
+        sys.stdin.read()
+    finally:
         process.terminate()
         process.wait()
 
@@ -94,7 +104,7 @@ def vsftpd(arguments, work, tls=False):
         settings["run_as_launching_user"] = "YES"
     configuration = work / "vsftpd.conf"
     configuration.write_text("".join(f"{key}={value}\n" for key, value in settings.items()))
-    process = subprocess.Popen(["/usr/sbin/vsftpd", configuration], stdin=subprocess.DEVNULL, stdout=sys.stderr)
+    process = start(["/usr/sbin/vsftpd", configuration], stdout=sys.stderr)
     wait_for(port, process)
     announce(port, "anonymous", "x", "/upload")
     until_stdin_ends(process)
@@ -155,8 +165,7 @@ KbdInteractiveAuthentication no
 UsePAM no
 Subsystem sftp internal-sftp -d {arguments.root}
 """)
-    process = subprocess.Popen(["/usr/sbin/sshd", "-D", "-e", "-f", configuration], stdin=subprocess.DEVNULL,
-                               stderr=open(work / "log", "w"))
+    process = start(["/usr/sbin/sshd", "-D", "-e", "-f", configuration], stderr=open(work / "log", "w"))
     wait_for(port, process)
     announce(port, pwd.getpwuid(os.getuid()).pw_name, "x", "", home=str(work / "home"))
     until_stdin_ends(process)
@@ -337,6 +346,8 @@ class Talk:
         has, faults = self.server.has, self.server.faults
         if has("no-part") and rest.endswith(".mrd-part"):
             return self.say("553 this name is not allowed")
+        if "refuse-name" in faults and rest.startswith(faults["refuse-name"]):
+            return self.say("553 this file is not allowed")
         self.say("150 go on")
         taken = b""
         with self.data() as data:
