@@ -17,6 +17,7 @@ misbehaves as its faults say:
     drop-idle=COMMAND says 421 and closes after having answered it, the first time
     refuse=COMMAND    answers it with 550      short           keeps only half of what it gets, and says so by SIZE
     refuse-name=NAME  refuses to store a file of this name
+    forgives          refuses by name twice, with and without the part's ending, and then no more
     listing=FILE      answers a listing with this file's bytes
     home=DIR          the directory of the login
 """
@@ -182,6 +183,7 @@ class Scripted:
             name, _, value = fault.partition("=")
             self.faults[name] = value
         self.once = set()
+        self.refused = 0
 
     def has(self, fault, value=None, once=False):
         if fault not in self.faults or (value is not None and self.faults[fault] != value) or (once and fault in self.once):
@@ -347,7 +349,9 @@ class Talk:
         if has("no-part") and rest.endswith(".mrd-part"):
             return self.say("553 this name is not allowed")
         if "refuse-name" in faults and rest.startswith(faults["refuse-name"]):
-            return self.say("553 this file is not allowed")
+            self.server.refused += 1
+            if not has("forgives") or self.server.refused <= 2:
+                return self.say("553 this file is not allowed")
         self.say("150 go on")
         taken = b""
         with self.data() as data:
