@@ -106,6 +106,10 @@ class Site(unittest.TestCase):
         self.serve("pyftpdlib")
         self.check_life_of_a_site()
 
+    def test_pyftpdlib_encrypted(self):
+        self.serve("pyftpdlib-tls", scheme="ftpes://")
+        self.check_life_of_a_site()
+
     def test_openssh(self):
         self.serve("sftp", scheme="sftp://")
         self.check_life_of_a_site()

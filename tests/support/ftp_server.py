@@ -127,8 +127,14 @@ def pyftpdlib(arguments, work, tls=False):
     logging.basicConfig(level=logging.ERROR)
     base = FTPHandler
     if tls:
-        from pyftpdlib.handlers import TLS_FTPHandler
+        from pyftpdlib.handlers import TLS_DTPHandler, TLS_FTPHandler
         base = TLS_FTPHandler
+
+        class DataHandler(TLS_DTPHandler):
+            def readable(self):
+                # Bytes that come before the transfer's command begin the handshake; this version of the server takes them for
+                # a mistake and hangs up.
+                return self._ssl_accepting or super().readable()
 
     class Handler(base):
         authorizer = DummyAuthorizer()
@@ -136,6 +142,7 @@ def pyftpdlib(arguments, work, tls=False):
         auth_failed_timeout = 0
     if tls:
         Handler.certfile = str(certificate(work))
+        Handler.dtp_handler = DataHandler
         Handler.tls_control_required = Handler.tls_data_required = True
     Handler.authorizer.add_user(USER, PASSWORD, arguments.root, perm="elradfmwMT")
     server = FTPServer(("127.0.0.1", 0), Handler)

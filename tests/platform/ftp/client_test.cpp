@@ -86,7 +86,7 @@ std::string nameOf(const testing::TestParamInfo<RealServer>& server)
 INSTANTIATE_TEST_SUITE_P(All, ClientAtRealServer,
                          testing::Values(RealServer{"vsftpd", "ftp://"}, RealServer{"pyftpdlib", ""},
                                          RealServer{"vsftpd-tls", ""}, RealServer{"vsftpd-tls", "ftpes://"},
-                                         RealServer{"sftp", "sftp://"}),
+                                         RealServer{"pyftpdlib-tls", "ftpes://"}, RealServer{"sftp", "sftp://"}),
                          nameOf);
 
 TEST(FtpClient, logs_in_once_and_sends_each_file_with_the_fewest_commands)
