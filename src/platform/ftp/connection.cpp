@@ -27,7 +27,7 @@ constexpr long kConnectSeconds = 120, kAnswerSeconds = 300;
 /// What a server says that closes the connection by itself.
 constexpr int kGoodbye = 421;
 constexpr int kLastWordsMs = 300;
-constexpr int kShortestSleepMs = 1, kLongestSleepMs = 64;
+constexpr int kShortestSleepMs = 4, kLongestSleepMs = 64;
 
 struct CodeOfEnding {
   CURLcode ending;
