@@ -3,6 +3,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "frame/failures/failures.h"
+#include "generator/html_export.h"
 #include "mainform/about.h"
 #include "mainform/assistant.h"
 #include "mainform/pasted_picture.h"
