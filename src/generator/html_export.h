@@ -13,6 +13,7 @@
 
 namespace mrd::generator {
 
+/// The half of it that generates.
 class frmHTMLExport {
 public:
   explicit frmHTMLExport(const ExportEnvironment& environment);
@@ -53,6 +54,10 @@ public:
   /// A run is under way.
   bool isRunning() const { return running_; }
   ui::FormWindow window;
+
+protected:
+  /// The project, which the dialog has open on its own.
+  dao::Database& db() { return *db_; }
 
 private:
   void choose(bool onlyNew);

@@ -23,7 +23,7 @@ public:
   void showModal(mainform::FrmAssistent& form) override;
   void showModal(mainform::frmAbout& form) override;
   void showModal(pagetree::frmMove1& form) override;
-  void showModal(generator::frmHTMLExport& form) override;
+  void showModal(publish::frmHTMLExport& form) override;
   void show(pictures::FrmFileScan& form) override;
   void show(pictures::formobjektanzeigen& form) override;
   void prepare(pictures::frmBildkonvertierer& form) override;
