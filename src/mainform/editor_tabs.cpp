@@ -60,6 +60,15 @@ void EditorTabs::turn(int PreviousTab)
   parts_.help.page = helpPageOf(tabHtml);
 }
 
+void EditorTabs::showEditor()
+{
+  if (tabHtml == kEditor)
+    return;
+  const int before = std::exchange(tabHtml, kEditor);
+  tabHtml_Click(before);
+  parts_.screen.refresh(Shown::Tabs);
+}
+
 void EditorTabs::leaveEditor()
 {
   auto& pages = parts_.pages;

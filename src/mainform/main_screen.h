@@ -4,6 +4,7 @@
 #include "generator/html_export.h"
 #include "pagetree/page_move.h"
 #include "platform/ui/window_controls.h"
+#include "shop/shop_form.h"
 
 namespace mrd::mainform {
 
@@ -45,14 +46,18 @@ public:
   virtual void unloadOtherWindows() = 0;
 };
 
-/// Shows form objects in their windows and returns when these are closed.
+/// Shows form objects in their windows.
 class Dialogs {
 public:
   virtual ~Dialogs() = default;
+  // Return when the window is closed.
   virtual void showModal(FrmAssistent& form) = 0;
   virtual void showModal(frmAbout& form) = 0;
   virtual void showModal(pagetree::frmMove1& form) = 0;
   virtual void showModal(generator::frmHTMLExport& form) = 0;
+  /// Returns at once. The window stays above the main window, which can be worked in; one that is there already comes to the
+  /// front.
+  virtual void show(shop::frmmrdshop& form) = 0;
 };
 
 } // namespace mrd::mainform

@@ -71,6 +71,8 @@ std::optional<double> Decimals::read(std::string_view text) const
   if (!plain || plain->find_first_of(kDigits) == std::string::npos)
     return std::nullopt;
   const std::string all = *plain + number.substr(end);
+  if (all.starts_with('-'))
+    return std::nullopt;
   double value = 0;
   const auto result = std::from_chars(all.data(), all.data() + all.size(), value);
   if (result.ec != std::errc() || result.ptr != all.data() + all.size() || !std::isfinite(value))

@@ -81,6 +81,7 @@ void frmmrdshop::Form_Load(ui::WindowControls& controls)
 
 void frmmrdshop::Form_Load()
 {
+  open_ = true;
   guarded("frmmrdshop.Form_Load", [&] {
     Data1.Refresh();
     const settings::StoredSettings stored(parts_.db);
@@ -113,7 +114,11 @@ void frmmrdshop::cmdClose_Click()
   });
 }
 
-void frmmrdshop::Form_Unload() { parts_.language.ui().pointer(ui::Pointer::Default); }
+void frmmrdshop::Form_Unload()
+{
+  open_ = false;
+  parts_.language.ui().pointer(ui::Pointer::Default);
+}
 
 // --- articles
 

@@ -57,6 +57,8 @@ public:
   bool OptionStückzahl = true, OptionSpracheDeutsch = true, OptionWahrenkorb = true, OptionWaehrungEuro = true;
   ArticleData Data1;
   ShopWindow window;
+  /// From Form_Load to Form_Unload.
+  bool isOpen() const { return open_; }
 
   // Start and end.
 
@@ -112,6 +114,7 @@ private:
   const Parts parts_;
   const ShopHooks hooks_;
   const Decimals decimals_;
+  bool open_ = false;
 };
 
 } // namespace mrd::shop

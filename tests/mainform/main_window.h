@@ -98,12 +98,14 @@ struct UsedDialogs : Dialogs {
   std::function<void(frmAbout&)> about;
   std::function<void(pagetree::frmMove1&)> move;
   std::function<void(generator::frmHTMLExport&)> exporting;
+  std::function<void(shop::frmmrdshop&)> shop;
   int shown = 0;
 
   void showModal(FrmAssistent& form) override { use(assistant, form, "FrmAssistent"); }
   void showModal(frmAbout& form) override { use(about, form, "frmAbout"); }
   void showModal(pagetree::frmMove1& form) override { use(move, form, "frmMove1"); }
   void showModal(generator::frmHTMLExport& form) override { use(exporting, form, "frmHTMLExport"); }
+  void show(shop::frmmrdshop& form) override { use(shop, form, "frmmrdshop"); }
 
 private:
   template <class Form>
@@ -204,6 +206,13 @@ struct RecordedShell : ui::Shell {
   bool hasSystemInformation = false;
 };
 
+struct RecordedClipboard : ui::Clipboard {
+  void clear() override { steps.emplace_back("clear"); }
+  void setText(std::string_view text) override { steps.emplace_back(text); }
+
+  std::vector<std::string> steps;
+};
+
 struct MainWindow : Surroundings {
   MainWindow() { userSettings.setValue("Settings", "Assistent", "nein"); }
 
@@ -241,7 +250,8 @@ struct MainWindow : Surroundings {
   UsedSurface surface;
   UsedTree tree;
   RecordedShell shell;
-  mutable Mainform window{program, {screen, dialogs, surface, tree, shell, userSettings}};
+  RecordedClipboard clipboard;
+  mutable Mainform window{program, {screen, dialogs, surface, tree, shell, userSettings, clipboard}};
 };
 
 /// The same with a project of some pages, open.

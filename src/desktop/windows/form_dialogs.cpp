@@ -5,6 +5,7 @@
 #include "desktop/windows/html_export_window.h"
 #include "desktop/windows/mainform_window.h"
 #include "desktop/windows/move_window.h"
+#include "desktop/windows/shop_window.h"
 
 #include <QKeySequence>
 #include <QShortcut>
@@ -12,17 +13,27 @@
 namespace mrd::desktop {
 namespace {
 
-/// Shows a dialog until it is closed; the help key asks for the help of its window.
+/// The help key asks for the help of the dialog's window.
+void connectHelp(QDialog& dialog, MainformWindow& owner)
+{
+  const auto* const help = new QShortcut(QKeySequence::HelpContents, &dialog);
+  QObject::connect(help, &QShortcut::activated, &dialog,
+                   [&dialog, &owner] { owner.form().help().HilfeAnzeigen(dialog.objectName().toStdString()); });
+}
+
+/// Shows a dialog until it is closed.
 void run(QDialog& dialog, MainformWindow& owner)
 {
-  const QShortcut help(QKeySequence::HelpContents, &dialog);
-  QObject::connect(&help, &QShortcut::activated, &dialog,
-                   [&] { owner.form().help().HilfeAnzeigen(dialog.objectName().toStdString()); });
+  connectHelp(dialog, owner);
   owner.hideSplash();
   dialog.exec();
 }
 
 } // namespace
+
+FormDialogs::FormDialogs(MainformWindow& owner) : owner_(owner) {}
+
+FormDialogs::~FormDialogs() = default;
 
 void FormDialogs::showModal(mainform::FrmAssistent& form)
 {
@@ -47,6 +58,19 @@ void FormDialogs::showModal(generator::frmHTMLExport& form)
   FrmHtmlExportWindow dialog(form, &owner_);
   if (dialog.isLoaded())
     run(dialog, owner_);
+}
+
+void FormDialogs::show(shop::frmmrdshop& form)
+{
+  // The window of a dialog that is over goes by itself.
+  if (!shop_ || !form.isOpen()) {
+    shop_ = new FrmShopWindow(form, &owner_);
+    connectHelp(*shop_, owner_);
+  }
+  owner_.hideSplash();
+  shop_->show();
+  shop_->raise();
+  shop_->activateWindow();
 }
 
 } // namespace mrd::desktop
