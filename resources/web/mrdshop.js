@@ -38,7 +38,7 @@ var mrdshopServices = {};
       noArticle: 'Dieser Artikel kann zurzeit nicht bestellt werden.', added: 'Der Artikel liegt jetzt im Warenkorb.',
       noService: 'Dieser Shop nimmt zurzeit keine Bestellungen an.',
       yours: 'Ihre Bestellung', name: 'Name', address: 'Anschrift', mail: 'E-Mail', remark: 'Bemerkung (freiwillig)',
-      order: 'Zahlungspflichtig bestellen', cancel: 'Abbrechen', orderTitle: 'Bestellung Shop ',
+      order: 'Zahlungs\u00adpflichtig bestellen', cancel: 'Abbrechen', orderTitle: 'Bestellung Shop ',
       missing: 'Bitte f\u00fcllen Sie dieses Feld aus: ', wrongMail: 'Bitte geben Sie eine vollst\u00e4ndige E-Mail-Adresse ein.',
       posted: 'Ihre Bestellung wird \u00fcbertragen.',
       mailed: 'Ihre Bestellung steht jetzt in Ihrem E-Mail-Programm. Bitte schicken Sie die E-Mail dort ab. Falls sich kein ' +
@@ -89,15 +89,17 @@ var mrdshopServices = {};
       'border-bottom: 1px solid }' +
     '.mrdwako-name { flex: 1 1 11em; font-weight: bold }' +
     '.mrdwako-nummer { display: block; font-weight: normal; font-size: 14px }' +
-    '.mrdwako-preis { flex: 0 0 auto }' +
-    '.mrdwako-betrag { flex: 1 0 6em; text-align: right; font-weight: bold; font-variant-numeric: tabular-nums }' +
+    '.mrdwako-preis { flex: 0 1 8.5em }' +
+    '.mrdwako-betrag { flex: 1 1 7em; text-align: right; font-weight: bold; font-variant-numeric: tabular-nums }' +
+    '.mrdwako-geld { display: inline-block }' +
     '.mrdwako-summe { text-align: right; font-weight: bold; margin: 10px 0 }' +
     '.mrdwako-meldung { margin: 8px 0; padding: 8px 12px; border: 2px solid; font-weight: bold }' +
     '.mrdwako-meldung:empty { margin: 0; padding: 0; border: 0 }' +
     '.mrdwako button { min-height: 40px; padding: 6px 14px; cursor: pointer }' +
     '.mrdwako input, .mrdwako textarea { min-height: 40px; padding: 6px 8px; font-family: inherit }' +
     '.mrdwako li input { width: 4em; text-align: right }' +
-    '.mrdwako fieldset { margin: 16px 0 0 0; padding: 8px 12px 14px 12px; border: 1px solid; min-width: 0 }' +
+    '.mrdwako li button { margin: 0 }' +
+    '.mrdwako fieldset { margin: 16px 0 0 0; padding: 8px 10px 14px 10px; border: 1px solid; min-width: 0 }' +
     '.mrdwako legend { font-size: 16px; font-weight: bold; padding: 0 6px }' +
     '.mrdwako-feld { display: block; margin: 8px 0 }' +
     '.mrdwako-feld input, .mrdwako-feld textarea, .mrdwako-text { display: block; width: 100% }' +
@@ -356,11 +358,17 @@ var mrdshopServices = {};
   };
 
   Order.prototype.showTotal = function () {
-    this.total.textContent = this.totalText();
+    clear(this.total);
+    this.total.appendChild(document.createTextNode(this.texts.total));
+    this.total.appendChild(element('span', { 'class': 'mrdwako-geld' }, [this.totalMoney()]));
+  };
+
+  Order.prototype.totalMoney = function () {
+    return money(totalOf(this.lines, this.currency), this.currency, this.texts);
   };
 
   Order.prototype.totalText = function () {
-    return this.texts.total + money(totalOf(this.lines, this.currency), this.currency, this.texts);
+    return this.texts.total + this.totalMoney();
   };
 
   // Whether the basket was another one than that on the page; the page shows it now.
