@@ -37,7 +37,7 @@ var mrdshopServices = {};
         'Bitte erlauben Sie Cookies, und versuchen Sie es noch einmal.',
       noArticle: 'Dieser Artikel kann zurzeit nicht bestellt werden.', added: 'Der Artikel liegt jetzt im Warenkorb.',
       noService: 'Dieser Shop nimmt zurzeit keine Bestellungen an.',
-      yours: 'Ihre Bestellung', name: 'Name', address: 'Anschrift', mail: 'E-Mail', remark: 'Bemerkung (freiwillig)',
+      yours: 'Ihre Bestellung', person: 'Ihre Angaben', name: 'Name', address: 'Anschrift', mail: 'E-Mail', remark: 'Bemerkung (freiwillig)',
       order: 'Zahlungs\u00adpflichtig bestellen', cancel: 'Abbrechen', orderTitle: 'Bestellung Shop ',
       missing: 'Bitte f\u00fcllen Sie dieses Feld aus: ', wrongMail: 'Bitte geben Sie eine vollst\u00e4ndige E-Mail-Adresse ein.',
       posted: 'Ihre Bestellung wird \u00fcbertragen.',
@@ -64,7 +64,7 @@ var mrdshopServices = {};
         'try again.',
       noArticle: 'This article cannot be ordered at present.', added: 'The article is in the basket now.',
       noService: 'This shop does not take orders at present.',
-      yours: 'Your order', name: 'Name', address: 'Address', mail: 'E-mail', remark: 'Remark (optional)',
+      yours: 'Your order', person: 'Your details', name: 'Name', address: 'Address', mail: 'E-mail', remark: 'Remark (optional)',
       order: 'Order with obligation to pay', cancel: 'Cancel', orderTitle: 'Order for shop ',
       missing: 'Please fill in this field: ', wrongMail: 'Please enter a complete e-mail address.',
       posted: 'Your order is being sent.',
@@ -89,7 +89,7 @@ var mrdshopServices = {};
       'border-bottom: 1px solid }' +
     '.mrdwako-name { flex: 1 1 11em; font-weight: bold }' +
     '.mrdwako-nummer { display: block; font-weight: normal; font-size: 14px }' +
-    '.mrdwako-preis { flex: 0 1 8.5em }' +
+    '.mrdwako-preis { flex: 0 1 9.5em }' +
     '.mrdwako-betrag { flex: 1 1 7em; text-align: right; font-weight: bold; font-variant-numeric: tabular-nums }' +
     '.mrdwako-geld { display: inline-block }' +
     '.mrdwako-summe { text-align: right; font-weight: bold; margin: 10px 0 }' +
@@ -397,9 +397,8 @@ var mrdshopServices = {};
         [line.name, element('span', { 'class': 'mrdwako-nummer' }, [texts.article + line.number])]),
       element('span', { 'class': 'mrdwako-preis' }, [texts.each + money(priceOf(line, this.currency), this.currency, texts)]),
       element('label', {}, [texts.quantity + ' ', field]),
-      amount,
-      button(texts.remove, texts.remove + ': ' + line.name, function () { order.remove(line); })
-    ]);
+      amount
+    ].concat(this.article ? [] : button(texts.remove, texts.remove + ': ' + line.name, function () { order.remove(line); })));
   };
 
   Order.prototype.change = function (line, text) {
@@ -422,9 +421,7 @@ var mrdshopServices = {};
   };
 
   Order.prototype.remove = function (line) {
-    var stored;
-    if (this.article) { return this.close(); }
-    stored = writeBasket(readBasket().filter(function (other) { return other.number !== line.number; }));
+    var stored = writeBasket(readBasket().filter(function (other) { return other.number !== line.number; }));
     this.show();
     this.sayAndGoThere(stored ? line.name + this.texts.removed + (this.lines.length > 0 ? this.totalText() : this.texts.empty)
       : this.texts.notStored);
@@ -488,7 +485,7 @@ var mrdshopServices = {};
     });
     var send = element('button', { type: 'submit', 'class': 'mrdwako-knopf' }, [texts.order]);
     var form = element('form', { novalidate: '' },
-      [element('fieldset', {}, [element('legend', {}, [texts.yours])].concat(labels, [send]))]);
+      [element('fieldset', {}, [element('legend', {}, [texts.person])].concat(labels, [send]))]);
     form.addEventListener('submit', function (event) {
       event.preventDefault();
       order.submit(fields);

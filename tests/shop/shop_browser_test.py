@@ -552,9 +552,6 @@ class DirectOrder(Shop):
         self.press_button(page, "Abbrechen")
         self.assertEqual(page.ask(SEEN), [])
         self.assertEqual(page.ask("document.activeElement === document.forms.form2.mybutton"), True)
-        page.ask("document.forms.form1.mybutton.click()")
-        self.remove(page, 0)
-        self.assertEqual(page.ask(SEEN), [])
 
     def test_speaks_english_and_dollars(self):
         page = self.open("direct.htm")
@@ -655,7 +652,7 @@ class Reading(Shop):
         named = [(node["role"]["value"], node.get("name", {}).get("value", "")) for node in nodes if not node["ignored"]]
         for wanted in (("region", "Warenkorb"), ("textbox", "Menge: Tasse"), ("button", "Entfernen: Tasse"), ("textbox", "Name"),
                        ("textbox", "Anschrift"), ("textbox", "E-Mail"), ("button", "Zahlungs\u00adpflichtig bestellen"),
-                       ("group", "Ihre Bestellung")):
+                       ("group", "Ihre Angaben")):
             self.assertIn(wanted, named)
         self.assertEqual(len([role for role, _ in named if role == "listitem"]), 3)
         self.assertEqual([role for role, name in named if role in ("textbox", "button") and not name], [])
