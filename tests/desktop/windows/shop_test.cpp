@@ -82,7 +82,7 @@ struct ShopDesk : testing::Test {
   std::string script(std::string_view id) { return project.column(id, "script").text(); }
 
   support::TemporaryProject project{{"00", "Start", heading("Start")},
-                                    {"01", "Laden", heading("Laden") + "<p>vorher nachher</p><img src=\"x.gif\">"},
+                                    {"01", "Laden", heading("Laden") + "<p>vorher nachher</p>"},
                                     {"02", "Angebot", heading("Angebot") + "<p>Möwe</p>", "angebot-*.htm", 4}};
   ProgramHome home;
   std::unique_ptr<Desk> desk;
@@ -164,6 +164,7 @@ TEST_F(ShopDesk, puts_an_article_at_the_cursor_and_the_page_keeps_it)
 TEST_F(ShopDesk, puts_nothing_in_the_place_of_a_selected_picture)
 {
   openShop();
+  inDocument("document.body.append(document.createElement('img'))");
   inDocument("{ const r = document.createRange(); r.selectNode(document.querySelector('img')); "
              "getSelection().removeAllRanges(); getSelection().addRange(r); }");
 
@@ -287,7 +288,6 @@ TEST_F(ShopDesk, closes_with_the_main_window_and_keeps_the_article)
   EXPECT_FALSE(shop() && shop()->isVisible());
   EXPECT_EQ(project.db().openRecordset("SELECT * FROM Artikel").value("Artikel_deutsch").text(), "Plakat");
 }
-
 
 struct AuctionDesk : ShopDesk {
   AuctionDesk()
