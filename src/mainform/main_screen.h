@@ -4,6 +4,7 @@
 #include "pagetree/page_move.h"
 #include "platform/ui/window_controls.h"
 #include "publish/html_export_form.h"
+#include "shop/shop_form.h"
 
 namespace mrd::pictures {
 class FrmFileScan;
@@ -69,6 +70,8 @@ public:
   virtual void show(pictures::formobjektanzeigen& form) = 0;
   /// Makes the window that comes up by itself while there is work.
   virtual void prepare(pictures::frmBildkonvertierer& form) = 0;
+  /// Above the main window, which can be worked in.
+  virtual void show(shop::frmmrdshop& form) = 0;
 };
 
 } // namespace mrd::mainform

@@ -38,7 +38,9 @@ Mainform::Mainform(Program& program, const Seams& seams)
       tools_(program.ui, seams.DHTMLEdit1, seams.screen), files_({program.language, pages_, seams.screen}),
       settings_({project_, seams.screen, seams.DHTMLEdit1}, [this] { colours_.farbenaktualisieren(); }),
       treeMouse_({project_, pages_, seams.dialogs, help_}), drafts_(project_, pages_, tabs_),
-      pictures_({project_, pages_, tabs_, seams.dialogs, help_, seams.shell, seams.userSettings})
+      pictures_({project_, pages_, tabs_, seams.dialogs, help_, seams.shell, seams.userSettings}),
+      auction_({program.language, seams.TreeView1, seams.clipboard, seams.shell, pages_.fields, project_.fields()},
+               [this] { scriptChanged(); })
 {
   seams_.dialogs.prepare(pictures_.converter());
   seams_.DHTMLEdit1.setEvents(surfaceEvents());
@@ -181,6 +183,9 @@ void Mainform::Form_Unload()
 {
   ended_ = true;
   failures::withStandardHandler(program_.language, "Form_Unload", [&] {
+    if (shop_)
+      shop_->Form_QueryUnload();
+    closeShop();
     seams_.screen.unloadOtherWindows();
     if (!seams_.screen.isMinimised())
       writePlacement(seams_.userSettings, seams_.screen.placement());
@@ -211,8 +216,9 @@ void Mainform::openProject(const std::function<void()>& open)
 
 bool Mainform::leaveProject()
 {
-  if (!pages_.leave() || !tabs_.showTree())
+  if (!pages_.leave() || !tabs_.showTree() || (shop_ && !shop_->Form_QueryUnload()))
     return false;
+  closeShop();
   pages_.rememberState();
   return true;
 }
@@ -381,6 +387,66 @@ void Mainform::showAbout()
   seams_.dialogs.showModal(about);
 }
 
+// --- shop and auction
+
+void Mainform::mnuShop_Click()
+{
+  command("mnuShop_Click", [&] {
+    if (!project_.isOpen()) {
+      program_.language.GetMsg(kMessageNoProject);
+      return;
+    }
+    if (!shop_ || !shop_->isOpen())
+      shop_ = std::make_unique<shop::frmmrdshop>(
+          shop::frmmrdshop::Parts{project_.db(), program_.language, seams_.DHTMLEdit1, seams_.shell, pages_.fields}, shopHooks());
+    seams_.dialogs.show(*shop_);
+  });
+}
+
+shop::ShopHooks Mainform::shopHooks()
+{
+  return {[this] { return showPage(); }, [this] { pages_.changed(); }, [this] { scriptChanged(); }};
+}
+
+bool Mainform::showPage()
+{
+  if (pages_.isBusy())
+    return false;
+  if (pages_.LastActivePage().empty() || pages_.document.kind != DocumentKind::Page) {
+    program_.language.GetMsg(kMessageChoosePage);
+    return false;
+  }
+  return tabs_.showEditor();
+}
+
+void Mainform::scriptChanged()
+{
+  pages_.tbScript_Change();
+  seams_.screen.refresh(Shown::Page);
+}
+
+void Mainform::closeShop()
+{
+  if (shop_ && shop_->isOpen())
+    shop_->window.unload();
+  shop_.reset();
+}
+
+void Mainform::cbEbayHTMLkopieren_Click()
+{
+  command("cbEbayHTMLkopieren_Click", [&] { auction_.cbEbayHTMLkopieren_Click(); });
+}
+
+void Mainform::CbEbayMetatag_Click()
+{
+  command("CbEbayMetatag_Click", [&] { auction_.CbEbayMetatag_Click(); });
+}
+
+void Mainform::cbebaykategorien_Click()
+{
+  command("cbebaykategorien_Click", [&] { auction_.cbebaykategorien_Click(); });
+}
+
 void Mainform::menu_Click(std::string_view name, std::optional<int> index)
 {
   struct Entry {
@@ -406,6 +472,7 @@ void Mainform::menu_Click(std::string_view name, std::optional<int> index)
             }},
       Entry{"SeiteSub", [](Mainform& window, int entry) { window.SeiteSub_Click(entry); }},
       Entry{"NetSub", [](Mainform& window, int entry) { window.NetSub_Click(entry); }},
+      Entry{"mnuShop", [](Mainform& window, int) { window.mnuShop_Click(); }},
       Entry{"eng", [](Mainform& window, int) { window.eng_Click(); }},
       Entry{"GER", [](Mainform& window, int) { window.GER_Click(); }},
       Entry{"HelpSub1", [](Mainform& window, int entry) { window.HelpSub1_Click(entry); }},

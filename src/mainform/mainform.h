@@ -16,9 +16,13 @@
 #include "mainform/site_colours.h"
 #include "mainform/tree_mouse.h"
 #include "platform/files/user_settings.h"
+#include "platform/ui/clipboard.h"
 #include "platform/ui/shell.h"
+#include "shop/auction.h"
+#include "shop/shop_form.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,6 +38,7 @@ public:
     ui::TreeControl& TreeView1;
     ui::Shell& shell;
     files::UserSettings& userSettings;
+    ui::Clipboard& clipboard;
   };
   Mainform(Program& program, const Seams& seams);
   Mainform(const Mainform&) = delete;
@@ -90,6 +95,11 @@ public:
   void seitenvorschau();
   /// Saves the page, and shows the dialog that generates the site.
   void html();
+  /// Shows the shop's dialog beside the page.
+  void mnuShop_Click();
+  void cbEbayHTMLkopieren_Click();
+  void CbEbayMetatag_Click();
+  void cbebaykategorien_Click();
   void HilfeAnzeigen() { help_.HilfeAnzeigen("Mainform"); }
 
 private:
@@ -108,6 +118,10 @@ private:
   generator::ExportEnvironment exportEnvironment();
   void showAssistant(int page);
   void showAbout();
+  shop::ShopHooks shopHooks();
+  bool showPage();
+  void scriptChanged();
+  void closeShop();
 
   Program& program_;
   const Seams seams_;
@@ -122,6 +136,9 @@ private:
   TreeMouse treeMouse_;
   DraftKeeper drafts_;
   PictureCommands pictures_;
+  shop::AuctionHelper auction_;
+  /// There once it has been opened; of the project that is open.
+  std::unique_ptr<shop::frmmrdshop> shop_;
   bool projectOpened_ = false;
   /// The window is closed or about to be.
   bool ended_ = false;

@@ -8,6 +8,7 @@
 #include "desktop/windows/mainform_window.h"
 #include "desktop/windows/move_window.h"
 #include "desktop/windows/objekt_anzeigen_window.h"
+#include "desktop/windows/shop_window.h"
 
 #include <QApplication>
 #include <QKeySequence>
@@ -17,17 +18,17 @@ namespace mrd::desktop {
 namespace {
 
 /// The help key asks for the help of the window.
-void addHelpKey(QDialog& dialog, MainformWindow& owner)
+void connectHelp(QDialog& dialog, MainformWindow& owner)
 {
-  auto* const help = new QShortcut(QKeySequence::HelpContents, &dialog);
+  const auto* const help = new QShortcut(QKeySequence::HelpContents, &dialog);
   QObject::connect(help, &QShortcut::activated, &dialog,
-                   [&] { owner.form().help().HilfeAnzeigen(dialog.objectName().toStdString()); });
+                   [&dialog, &owner] { owner.form().help().HilfeAnzeigen(dialog.objectName().toStdString()); });
 }
 
 /// Shows a dialog until it is closed.
 void run(QDialog& dialog, MainformWindow& owner)
 {
-  addHelpKey(dialog, owner);
+  connectHelp(dialog, owner);
   owner.hideSplash();
   dialog.exec();
 }
@@ -76,7 +77,7 @@ void FormDialogs::show(pictures::FrmFileScan& form)
   if (!fileScan_ || !fileScan_->isVisible()) {
     fileScan_.reset();
     fileScan_ = std::make_unique<FrmFileScanWindow>(form, owner_.form().program().language, &owner_);
-    addHelpKey(*fileScan_, owner_);
+    connectHelp(*fileScan_, owner_);
     fileScan_->show();
   }
   form.window.refresh();
@@ -89,7 +90,7 @@ void FormDialogs::show(pictures::formobjektanzeigen& form)
   if (!viewer_ || !viewer_->isVisible()) {
     viewer_.reset();
     viewer_ = std::make_unique<ObjektAnzeigenWindow>(form, owner_.form().program().language, &owner_);
-    addHelpKey(*viewer_, owner_);
+    connectHelp(*viewer_, owner_);
   }
   viewer_->show();
 }
@@ -109,6 +110,19 @@ void FormDialogs::showWorking(pictures::frmBildkonvertierer& form)
   const QRect around = (before ? *before : static_cast<QWidget&>(owner_)).geometry();
   converter_->move(around.center() - converter_->rect().center());
   converter_->show();
+}
+
+void FormDialogs::show(shop::frmmrdshop& form)
+{
+  // The window of a dialog that is over goes by itself.
+  if (!shop_ || !form.isOpen()) {
+    shop_ = new FrmShopWindow(form, &owner_);
+    connectHelp(*shop_, owner_);
+  }
+  owner_.hideSplash();
+  shop_->show();
+  shop_->raise();
+  shop_->activateWindow();
 }
 
 } // namespace mrd::desktop

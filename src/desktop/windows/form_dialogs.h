@@ -2,12 +2,15 @@
 
 #include "mainform/main_screen.h"
 
+#include <QPointer>
+
 #include <memory>
 
 namespace mrd::desktop {
 
 class BildkonvertiererWindow;
 class FrmFileScanWindow;
+class FrmShopWindow;
 class MainformWindow;
 class ObjektAnzeigenWindow;
 
@@ -27,6 +30,7 @@ public:
   void show(pictures::FrmFileScan& form) override;
   void show(pictures::formobjektanzeigen& form) override;
   void prepare(pictures::frmBildkonvertierer& form) override;
+  void show(shop::frmmrdshop& form) override;
 
 private:
   void showWorking(pictures::frmBildkonvertierer& form);
@@ -35,6 +39,8 @@ private:
   std::unique_ptr<FrmFileScanWindow> fileScan_;
   std::unique_ptr<ObjektAnzeigenWindow> viewer_;
   std::unique_ptr<BildkonvertiererWindow> converter_;
+  /// The shop's window as long as it is there; it belongs to the main window.
+  QPointer<FrmShopWindow> shop_;
 };
 
 } // namespace mrd::desktop

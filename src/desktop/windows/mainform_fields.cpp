@@ -262,6 +262,9 @@ void MainformFields::connectPage()
     if (!showing_)
       page.fields.TBEbayArtikelnummer = text.toStdString();
   });
+  connect(ui_.cbEbayHTMLkopieren, &QPushButton::clicked, this, [this] { form_.cbEbayHTMLkopieren_Click(); });
+  connect(ui_.CbEbayMetatag, &QPushButton::clicked, this, [this] { form_.CbEbayMetatag_Click(); });
+  connect(ui_.cbebaykategorien, &QPushButton::clicked, this, [this] { form_.cbebaykategorien_Click(); });
   for (std::size_t i = 0; i < kPageTypes.size(); ++i)
     connect(ui_.*kPageTypes[i], &QRadioButton::clicked, this, [this, &page, i] {
       page.fields.opseitentyp = static_cast<int>(i) + 1;

@@ -37,7 +37,7 @@ MainformWindow::MainformWindow(mainform::Program& program, QtUi& userInterface, 
   addStatusPanels();
   userInterface_.setDisplay(this);
   form_ = std::make_unique<mainform::Mainform>(
-      program, mainform::Mainform::Seams{screen_, dialogs_, surface_, tree_, shell_, userSettings_});
+      program, mainform::Mainform::Seams{screen_, dialogs_, surface_, tree_, shell_, userSettings_, clipboard_});
   fields_ = std::make_unique<MainformFields>(*ui_, *form_, screen_.controls(), *this);
   connectMenus();
   connectPrompts();

@@ -215,6 +215,22 @@ TEST_P(Captions, of_the_windows_beside_the_main_one_have_room_and_letters_of_the
   pictures.converter().unload();
 }
 
+TEST_P(Captions, of_the_shop_have_room_and_names)
+{
+  Desk desk(home);
+  desk.start();
+  desk.action("mnuShop").trigger();
+  desk.settle();
+  auto& shop = desk.find<QDialog>("frmmrdshop");
+
+  EXPECT_THAT(cut(shop), IsEmpty());
+  EXPECT_THAT(nameless(shop), IsEmpty());
+  // The two German captions are fixed; the key goes from one to the other.
+  const bool isGerman = std::string_view(GetParam()) == "GER";
+  EXPECT_EQ(clashes(shop), isGerman ? std::vector<std::string>{"&Löschen | Neu &laden"} : std::vector<std::string>{});
+  EXPECT_EQ(shop.windowTitle(), "Shop");
+}
+
 TEST_P(Captions, leave_entries_without_a_command_disabled)
 {
   Desk desk(home);

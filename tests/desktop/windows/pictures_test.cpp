@@ -80,6 +80,11 @@ public:
   }
 
   std::string file() const { return project_.file(); }
+  void addArticle(const char* german, const char* english, double euro)
+  {
+    project_.db().execute("INSERT INTO Artikel (Artikel_deutsch, Artikel_englisch, Preis_Euro, Preis_Dollar) VALUES (?, ?, ?, ?)",
+                          {german, english, euro, euro * 1.5});
+  }
 
   void publishTo(const support::FtpServer& server)
   {
@@ -238,6 +243,19 @@ TEST_P(Pictures, of_the_windows_for_pictures)
   converter.progress(23);
   save(desk.find<QWidget>("frmBildkonvertierer"), GetParam(), "bildkonvertierer");
   converter.unload();
+}
+
+TEST_P(Pictures, of_the_shop)
+{
+  site.addArticle("Poster „Möwe“, groß", "Poster \"Gull\", large", 12.5);
+  site.addArticle("Tasse", "Mug", 8.1);
+  Desk desk(home);
+  ASSERT_TRUE(desk.start());
+  desk.action("mnuShop").trigger();
+  desk.settle();
+  save(desk.find<QDialog>("frmmrdshop"), GetParam(), "shop");
+  desk.find<QAbstractButton>("cmdAdd").click();
+  save(desk.find<QDialog>("frmmrdshop"), GetParam(), "shop-new");
 }
 
 TEST_P(Pictures, of_menus_and_the_opening_picture)
