@@ -18,10 +18,10 @@ struct Words {
 };
 
 constexpr std::array kWords{
-    Words{Deed::Send, Fate::Waiting, "wartet", "waiting"},
+    Words{Deed::Send, Fate::Waiting, "noch offen", "waiting"},
     Words{Deed::Send, Fate::Done, "übertragen", "sent"},
     Words{Deed::Send, Fate::Failed, "nicht übertragen", "not sent"},
-    Words{Deed::Delete, Fate::Waiting, "wartet", "waiting"},
+    Words{Deed::Delete, Fate::Waiting, "noch offen", "waiting"},
     Words{Deed::Delete, Fate::Done, "gelöscht", "deleted"},
     Words{Deed::Delete, Fate::Failed, "nicht gelöscht", "not deleted"},
 };

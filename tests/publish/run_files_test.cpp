@@ -40,7 +40,7 @@ TEST_F(RunListTest, names_every_file_before_the_first_is_sent)
 
   desk.dialog.cbftp_Click();
 
-  EXPECT_THAT(atFirst, ElementsAre("index.htm: wartet", "haus.htm: wartet", "pix/haus.jpg: wartet"));
+  EXPECT_THAT(atFirst, ElementsAre("index.htm: noch offen", "haus.htm: noch offen", "pix/haus.jpg: noch offen"));
   EXPECT_THAT(fates(desk.dialog, "ENG"), ElementsAre("index.htm: sent", "haus.htm: sent", "pix/haus.jpg: sent"));
   EXPECT_EQ(desk.dialog.files.summary("GER"), "3 übertragen");
 }
@@ -57,7 +57,7 @@ TEST_F(RunListTest, keeps_the_pages_that_a_click_on_the_seconds_left_out)
   desk.dialog.cbftp_Click();
 
   EXPECT_THAT(fates(desk.dialog), ElementsAre("index.htm: nicht übertragen: Auf das Ende der Übertragung wurde nicht gewartet.",
-                                              "haus.htm: wartet", "pix/haus.jpg: übertragen"));
+                                              "haus.htm: noch offen", "pix/haus.jpg: übertragen"));
   desk.forgetCommands();
   desk.client.onRound = [] {};
   desk.client.answers.clear();
@@ -85,8 +85,8 @@ TEST_F(RunListTest, of_a_stopped_run_can_be_sent_later)
   EXPECT_GE(desk.client.cancelled, 1);
   EXPECT_THAT(fates(desk.dialog),
               ElementsAre("index.htm: übertragen", "haus.htm: nicht übertragen: Die Übertragung wurde abgebrochen.",
-                          "pix/haus.jpg: wartet"));
-  EXPECT_EQ(desk.dialog.files.summary("GER"), "1 übertragen, 1 nicht übertragen, 1 wartet");
+                          "pix/haus.jpg: noch offen"));
+  EXPECT_EQ(desk.dialog.files.summary("GER"), "1 übertragen, 1 nicht übertragen, 1 noch offen");
   EXPECT_FALSE(desk.dialog.isRunning());
   EXPECT_FALSE(desk.dialog.channel.labelSekunden.isVisible);
   EXPECT_FALSE(desk.dialog.channel.ProgressBar1.isVisible);

@@ -7,6 +7,7 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QListWidget>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QStyle>
 #include <QTabWidget>
@@ -21,6 +22,14 @@ template <class Widget>
 Widget& find(const QWidget& window, const char* name)
 {
   return *window.findChild<Widget*>(QString::fromUtf8(name));
+}
+
+/// What comes and goes leaves the rest where it is.
+void keepPlace(QWidget& widget)
+{
+  auto policy = widget.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget.setSizePolicy(policy);
 }
 
 /// In as few ranges as it has: looking thousands of single ones through takes seconds.
@@ -61,12 +70,9 @@ PublishingView::PublishingView(QWidget& window, publish::Publishing& publishing)
   publishing_.listsChanged = [this] { showLists(); };
   publishing_.files.replaced = [this] { showFiles(); };
   publishing_.files.changed = [this](std::size_t index) { showFile(index); };
-  if (labelSekunden_) {
-    // The line beside it keeps its place.
-    auto policy = labelSekunden_->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    labelSekunden_->setSizePolicy(policy);
-  }
+  keepPlace(find<QProgressBar>(window, "ProgressBar1"));
+  if (labelSekunden_)
+    keepPlace(*labelSekunden_);
 }
 
 PublishingView::~PublishingView()

@@ -258,6 +258,31 @@ TEST_P(Pictures, of_the_shop)
   save(desk.find<QDialog>("frmmrdshop"), GetParam(), "shop-new");
 }
 
+TEST_P(Pictures, of_a_run_whose_server_takes_its_time)
+{
+  const support::FtpServer server("scripted", {"hang=STOR"});
+  site.publishTo(server);
+  Desk desk(home);
+  ASSERT_TRUE(desk.start());
+  const Look look = GetParam();
+  desk.answers.dialogs.push_back([&](QDialog& dialog) {
+    QTimer::singleShot(0, &dialog, [&dialog, look] {
+      constexpr int kSeenMilliseconds = 300;
+      for (const auto* const button : {"cbHTML", "cbftpverbindung"})
+        dialog.findChild<QAbstractButton*>(button)->click();
+      QTimer::singleShot(kSeenMilliseconds, &dialog, [&dialog, look] {
+        save(dialog, look, "html-export-running");
+        dialog.reject();
+      });
+      dialog.findChild<QAbstractButton*>("cbftp")->click();
+      save(dialog, look, "html-export-stopped");
+      dialog.reject();
+    });
+  });
+  desk.action("html").trigger();
+  EXPECT_EQ(desk.answers.dialogTitles.size(), 1U);
+}
+
 TEST_P(Pictures, of_menus_and_the_opening_picture)
 {
   Desk desk(home);

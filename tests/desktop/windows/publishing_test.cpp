@@ -283,7 +283,7 @@ TEST_F(PublishingDesk, gives_up_waiting_at_a_click_on_the_seconds)
     dialog.click("cbftp");
     // The client is busy with the first file: nothing else could start.
     EXPECT_THAT(dialog.run().front(), HasSubstr("nicht gewartet"));
-    EXPECT_THAT(dialog.run()[1], HasSubstr("wartet"));
+    EXPECT_THAT(dialog.run()[1], HasSubstr("noch offen"));
   });
   EXPECT_THAT(boxes, ElementsAre(HasSubstr("Hinweis: Probleme bei der FTP Übertragung:")));
 }
