@@ -546,6 +546,9 @@ var mrdshopServices = {};
     return money(cents, '', { point: '.', group: '' }).slice(0, -1);
   }
 
+  // What the service gets, in UTF-8: shopid, sprache, waehrung and the number of positionen; of each line, numbered from 1,
+  // artikelnummer_1, artikel_1, anzahl_1, preis_1 and betrag_1; then summe, name, anschrift, email and bemerkung. Amounts have
+  // two decimals behind a point.
   Order.prototype.postedFields = function (customer) {
     var currency = this.currency, total = totalOf(this.lines, currency);
     var fields = [['shopid', this.shop], ['sprache', this.texts === TEXTS.ENG ? 'ENG' : 'DEU'], ['waehrung', currency],
