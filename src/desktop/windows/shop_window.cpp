@@ -113,8 +113,8 @@ void FrmShopWindow::connectArticles()
             [this, i](const QString& text) { form_.txtFields[i] = text.toStdString(); });
   for (const auto& [button, action] : kMoves)
     connect(ui_.get()->*button, &QPushButton::clicked, this, [this, action = action] { form_.Data1_Click(action); });
-  for (const auto& [button, click] : kCommands)
-    connect(ui_.get()->*button, &QPushButton::clicked, this, [this, click = click] { (form_.*click)(); });
+  for (const Command& command : kCommands)
+    connect(ui_.get()->*command.button, &QPushButton::clicked, this, [this, &command] { (form_.*command.click)(); });
 }
 
 void FrmShopWindow::connectOptions()
