@@ -37,7 +37,8 @@ var mrdshopServices = {};
         'Bitte erlauben Sie Cookies, und versuchen Sie es noch einmal.',
       noArticle: 'Dieser Artikel kann zurzeit nicht bestellt werden.', added: 'Der Artikel liegt jetzt im Warenkorb.',
       noService: 'Dieser Shop nimmt zurzeit keine Bestellungen an.',
-      yours: 'Ihre Bestellung', person: 'Ihre Angaben', name: 'Name', address: 'Anschrift', mail: 'E-Mail', remark: 'Bemerkung (freiwillig)',
+      yours: 'Ihre Bestellung', person: 'Ihre Angaben', name: 'Name', address: 'Anschrift', mail: 'E-Mail',
+      remark: 'Bemerkung (freiwillig)',
       order: 'Zahlungs\u00adpflichtig bestellen', cancel: 'Abbrechen', orderTitle: 'Bestellung Shop ',
       missing: 'Bitte f\u00fcllen Sie dieses Feld aus: ', wrongMail: 'Bitte geben Sie eine vollst\u00e4ndige E-Mail-Adresse ein.',
       posted: 'Ihre Bestellung wird \u00fcbertragen.',
@@ -546,6 +547,9 @@ var mrdshopServices = {};
     return money(cents, '', { point: '.', group: '' }).slice(0, -1);
   }
 
+  // What the service gets, in UTF-8: shopid, sprache, waehrung and the number of positionen; of each line, numbered from 1,
+  // artikelnummer_1, artikel_1, anzahl_1, preis_1 and betrag_1; then summe, name, anschrift, email and bemerkung. Amounts have
+  // two decimals behind a point.
   Order.prototype.postedFields = function (customer) {
     var currency = this.currency, total = totalOf(this.lines, currency);
     var fields = [['shopid', this.shop], ['sprache', this.texts === TEXTS.ENG ? 'ENG' : 'DEU'], ['waehrung', currency],

@@ -32,19 +32,19 @@ constexpr std::array kMoves{
 
 struct Command {
   QPushButton* Window::*button;
-  void (frmmrdshop::*click)();
+  void (*click)(frmmrdshop& form);
 };
 constexpr std::array kCommands{
-    Command{&Window::cmdAdd, &frmmrdshop::cmdAdd_Click},
-    Command{&Window::cmdDelete, &frmmrdshop::cmdDelete_Click},
-    Command{&Window::cmdRefresh, &frmmrdshop::cmdRefresh_Click},
-    Command{&Window::cmdUpdate, &frmmrdshop::cmdUpdate_Click},
-    Command{&Window::cmdClose, &frmmrdshop::cmdClose_Click},
-    Command{&Window::cbNimmÜberschrift, &frmmrdshop::cbNimmÜberschrift_Click},
-    Command{&Window::cbnimmenglisch, &frmmrdshop::cbnimmenglisch_Click},
-    Command{&Window::cbArtikelEinfügen, &frmmrdshop::cbArtikelEinfügen_Click},
-    Command{&Window::CbWarenkorbeinfügen, &frmmrdshop::CbWarenkorbeinfügen_Click},
-    Command{&Window::cbaktualisieren, &frmmrdshop::cbaktualisieren_Click},
+    Command{&Window::cmdAdd, [](frmmrdshop& form) { form.cmdAdd_Click(); }},
+    Command{&Window::cmdDelete, [](frmmrdshop& form) { form.cmdDelete_Click(); }},
+    Command{&Window::cmdRefresh, [](frmmrdshop& form) { form.cmdRefresh_Click(); }},
+    Command{&Window::cmdUpdate, [](frmmrdshop& form) { form.cmdUpdate_Click(); }},
+    Command{&Window::cmdClose, [](frmmrdshop& form) { form.cmdClose_Click(); }},
+    Command{&Window::cbNimmÜberschrift, [](frmmrdshop& form) { form.cbNimmÜberschrift_Click(); }},
+    Command{&Window::cbnimmenglisch, [](frmmrdshop& form) { form.cbnimmenglisch_Click(); }},
+    Command{&Window::cbArtikelEinfügen, [](frmmrdshop& form) { form.cbArtikelEinfügen_Click(); }},
+    Command{&Window::CbWarenkorbeinfügen, [](frmmrdshop& form) { form.CbWarenkorbeinfügen_Click(); }},
+    Command{&Window::cbaktualisieren, [](frmmrdshop& form) { form.cbaktualisieren_Click(); }},
 };
 
 struct Option {
@@ -114,7 +114,7 @@ void FrmShopWindow::connectArticles()
   for (const auto& [button, action] : kMoves)
     connect(ui_.get()->*button, &QPushButton::clicked, this, [this, action = action] { form_.Data1_Click(action); });
   for (const auto& [button, click] : kCommands)
-    connect(ui_.get()->*button, &QPushButton::clicked, this, [this, click = click] { (form_.*click)(); });
+    connect(ui_.get()->*button, &QPushButton::clicked, this, [this, click = click] { click(form_); });
 }
 
 void FrmShopWindow::connectOptions()
