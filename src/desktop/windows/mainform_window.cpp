@@ -11,6 +11,7 @@
 #include "platform/ui/twips.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QSignalBlocker>
@@ -64,6 +65,8 @@ WebEditingSurface& MainformWindow::place(std::unique_ptr<WebEditingSurface> surf
 
 bool MainformWindow::start()
 {
+  // The page's process has come up while this window was made, and waits for answers.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   form_->Form_Load();
   if (!closed_)
     timer_.start(mainform::DraftKeeper::kIntervalSeconds * kMillisecondsPerSecond);
