@@ -1,7 +1,7 @@
 #include "cli/commands.h"
 #include "cli/session.h"
 #include "generator/html_export.h"
-#include "mainform/mainform.h"
+#include "mainform/project_frame.h"
 
 #include <CLI/CLI.hpp>
 
@@ -24,7 +24,7 @@ struct GenerateArguments {
 };
 
 /// The rules let a run go on without it; a site without a first page is seldom what its owner wants.
-void warnOfMissingHomepage(mainform::Mainform& mainform)
+void warnOfMissingHomepage(mainform::ProjectFrame& mainform)
 {
   if (mainform.db().openRecordset("SELECT * FROM Seite Where Seite.ID = '00' ORDER BY ID;").eof())
     mainform.program().ui.warning("In diesem Projekt fehlt die Homepage (die Seite mit der Nummer 00).");
@@ -32,7 +32,7 @@ void warnOfMissingHomepage(mainform::Mainform& mainform)
 
 ExitStatus generate(Session& session, const GenerateArguments& arguments)
 {
-  mainform::Mainform mainform(session.program());
+  mainform::ProjectFrame mainform(session.program());
   mainform.ladebenutzerlayouts();
   mainform::ExportPath exportPath;
   if (arguments.exportDirectory)

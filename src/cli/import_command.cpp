@@ -1,7 +1,7 @@
 #include "cli/commands.h"
 #include "cli/session.h"
-#include "mainform/mainform.h"
 #include "mainform/old_projects.h"
+#include "mainform/project_frame.h"
 #include "platform/files/files.h"
 
 #include <CLI/CLI.hpp>
@@ -42,7 +42,7 @@ bool areDirectoriesThere(Session& session, const ImportArguments& arguments)
 }
 
 /// Without either option the project is what the old file was, to the letter.
-void turnReferences(mainform::Mainform& mainform, const ImportArguments& arguments)
+void turnReferences(mainform::ProjectFrame& mainform, const ImportArguments& arguments)
 {
   mainform::OldProjects old(mainform.program());
   const auto exportPath = old.useExportPath(mainform.db(), path(arguments.exportDirectory));
@@ -53,7 +53,7 @@ void turnReferences(mainform::Mainform& mainform, const ImportArguments& argumen
 
 ExitStatus import(Session& session, const ImportArguments& arguments)
 {
-  mainform::Mainform mainform(session.program());
+  mainform::ProjectFrame mainform(session.program());
   if (!areDirectoriesThere(session, arguments) || !mainform.importProject(Session::path(arguments.jetFile), path(arguments.file)))
     return ExitStatus::Failed;
   if (arguments.exportDirectory || arguments.pictures)

@@ -2,7 +2,7 @@
 #include "cli/commands.h"
 #include "cli/json.h"
 #include "cli/session.h"
-#include "mainform/mainform.h"
+#include "mainform/project_frame.h"
 
 #include <CLI/CLI.hpp>
 
@@ -12,7 +12,7 @@ void addLayouts(CLI::App& app, Session& session)
 {
   app.add_subcommand("layouts", "The entries of the layout box: index TAB text")->callback([&session] {
     session.run([&] {
-      mainform::Mainform mainform(session.program());
+      mainform::ProjectFrame mainform(session.program());
       mainform.ladebenutzerlayouts();
       const auto& entries = mainform.fields().ComboGrundlayout.entries;
       std::vector<std::string> elements;

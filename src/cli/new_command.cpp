@@ -1,6 +1,6 @@
 #include "cli/commands.h"
 #include "cli/session.h"
-#include "mainform/mainform.h"
+#include "mainform/project_frame.h"
 
 #include <CLI/CLI.hpp>
 
@@ -15,7 +15,7 @@ void addNew(CLI::App& app, Session& session)
   command->add_option("FILE", *file)->required();
   command->callback([&session, file] {
     session.run([&] {
-      mainform::Mainform mainform(session.program());
+      mainform::ProjectFrame mainform(session.program());
       return mainform.createProject(Session::path(*file)) ? ExitStatus::Done : ExitStatus::Failed;
     });
   });

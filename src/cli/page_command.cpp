@@ -2,7 +2,7 @@
 #include "cli/json.h"
 #include "cli/session.h"
 #include "editor/document_surface.h"
-#include "mainform/mainform.h"
+#include "mainform/project_frame.h"
 #include "pagetree/page_deletion.h"
 #include "pagetree/page_id.h"
 #include "pagetree/page_move.h"
@@ -113,7 +113,7 @@ private:
 };
 
 /// The page's row; message 102 is shown where there is none.
-dao::Recordset rowOf(mainform::Mainform& mainform, const std::string& id)
+dao::Recordset rowOf(mainform::ProjectFrame& mainform, const std::string& id)
 {
   auto row = mainform.db().openRecordset("SELECT * FROM Seite Where Seite.ID = ? ORDER BY ID;", {dao::Value(id)});
   if (row.eof())
@@ -121,7 +121,7 @@ dao::Recordset rowOf(mainform::Mainform& mainform, const std::string& id)
   return row;
 }
 
-ExitStatus showPage(mainform::Mainform& mainform, const PageArguments& arguments)
+ExitStatus showPage(mainform::ProjectFrame& mainform, const PageArguments& arguments)
 {
   auto row = rowOf(mainform, arguments.id);
   if (row.eof())
@@ -133,7 +133,7 @@ ExitStatus showPage(mainform::Mainform& mainform, const PageArguments& arguments
   return ExitStatus::Done;
 }
 
-ExitStatus addPageUnder(mainform::Mainform& mainform, const PageArguments& arguments)
+ExitStatus addPageUnder(mainform::ProjectFrame& mainform, const PageArguments& arguments)
 {
   PageDesk desk(mainform.program(), mainform.db());
   if (!desk.hasPage(arguments.under))
@@ -148,7 +148,7 @@ ExitStatus addPageUnder(mainform::Mainform& mainform, const PageArguments& argum
   return ExitStatus::Done;
 }
 
-ExitStatus setPage(mainform::Mainform& mainform, const PageArguments& arguments)
+ExitStatus setPage(mainform::ProjectFrame& mainform, const PageArguments& arguments)
 {
   PageDesk desk(mainform.program(), mainform.db());
   // The tree shows a homepage where the project has none.
@@ -159,7 +159,7 @@ ExitStatus setPage(mainform::Mainform& mainform, const PageArguments& arguments)
   return desk.save(arguments.id) ? ExitStatus::Done : ExitStatus::Failed;
 }
 
-ExitStatus deletePage(mainform::Mainform& mainform, const PageArguments& arguments)
+ExitStatus deletePage(mainform::ProjectFrame& mainform, const PageArguments& arguments)
 {
   PageDesk desk(mainform.program(), mainform.db());
   if (!desk.hasPage(arguments.id))
@@ -171,7 +171,7 @@ ExitStatus deletePage(mainform::Mainform& mainform, const PageArguments& argumen
   return ExitStatus::Done;
 }
 
-ExitStatus movePage(mainform::Mainform& mainform, const PageArguments& arguments)
+ExitStatus movePage(mainform::ProjectFrame& mainform, const PageArguments& arguments)
 {
   using pagetree::MoveOption;
   const auto& [target, option] = arguments.before  ? std::pair(*arguments.before, MoveOption::Before)
@@ -198,7 +198,7 @@ ExitStatus movePage(mainform::Mainform& mainform, const PageArguments& arguments
   return ExitStatus::Done;
 }
 
-using Work = ExitStatus (*)(mainform::Mainform&, const PageArguments&);
+using Work = ExitStatus (*)(mainform::ProjectFrame&, const PageArguments&);
 
 /// A subcommand on an open project.
 CLI::App* addWork(CLI::App& page, Session& session, const std::string& name, const std::string& description, Work work,
@@ -208,7 +208,7 @@ CLI::App* addWork(CLI::App& page, Session& session, const std::string& name, con
   command->add_option("FILE", arguments->file)->required();
   command->callback([&session, arguments, work] {
     session.run([&] {
-      mainform::Mainform mainform(session.program());
+      mainform::ProjectFrame mainform(session.program());
       return mainform.openProject(Session::path(arguments->file)) ? work(mainform, *arguments) : ExitStatus::Failed;
     });
   });

@@ -2,7 +2,7 @@
 #include "cli/commands.h"
 #include "cli/json.h"
 #include "cli/session.h"
-#include "mainform/mainform.h"
+#include "mainform/project_frame.h"
 
 #include <CLI/CLI.hpp>
 
@@ -38,7 +38,7 @@ void addPages(CLI::App& app, Session& session)
   command->add_option("FILE", *file)->required();
   command->callback([&session, file] {
     session.run([&] {
-      mainform::Mainform mainform(session.program());
+      mainform::ProjectFrame mainform(session.program());
       if (!mainform.openProject(Session::path(*file)))
         return ExitStatus::Failed;
       printPages(mainform.db(), session.json);

@@ -4,7 +4,7 @@
 #include "cli/session.h"
 #include "frame/settings/settings.h"
 #include "frame/settings/stored_settings.h"
-#include "mainform/mainform.h"
+#include "mainform/project_frame.h"
 
 #include <CLI/CLI.hpp>
 
@@ -30,7 +30,7 @@ void listSettings(dao::Database& db, bool json)
 }
 
 /// One argument: a key to show, or key=value to set.
-ExitStatus workOn(const std::string& argument, mainform::Mainform& mainform, bool json)
+ExitStatus workOn(const std::string& argument, mainform::ProjectFrame& mainform, bool json)
 {
   if (const auto equals = argument.find('='); equals != std::string::npos && equals > 0) {
     settings::StoredSettings(mainform.db()).set(argument.substr(0, equals), argument.substr(equals + 1));
@@ -56,7 +56,7 @@ void addSettings(CLI::App& app, Session& session)
   command->add_option("KEY", *arguments, "KEY to show, KEY=VALUE to set");
   command->callback([&session, file, arguments] {
     session.run([&] {
-      mainform::Mainform mainform(session.program());
+      mainform::ProjectFrame mainform(session.program());
       if (!mainform.openProject(Session::path(*file)))
         return ExitStatus::Failed;
       if (arguments->empty())

@@ -2,6 +2,13 @@
 
 namespace mrd::editor {
 
+bool DocumentSurface::pasteHtml(std::string_view html)
+{
+  auto body = document_.body();
+  body.setInnerHtml(std::string(html) + body.innerHtml());
+  return true;
+}
+
 std::optional<std::string> DocumentSurface::textAroundCursor(std::string_view elementId) const
 {
   const auto body = document_.body();

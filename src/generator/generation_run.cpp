@@ -105,7 +105,9 @@ RunPage GenerationRun::readPage(const dao::Recordset& pages)
 bool GenerationRun::nextTurn()
 {
   ui_.progress(++turn_, total_);
-  return !ui_.pumpEvents();
+  job_.showProgress(turn_, total_);
+  const bool stopped = ui_.pumpEvents();
+  return !stopped && !job_.stopAsked();
 }
 
 std::optional<files::OutputFile> GenerationRun::openPage(const RunPage& page, const std::string& file)

@@ -40,8 +40,11 @@ struct RunJob {
   Selection selection;
   /// Put before every file name in template layouts.
   std::string tbNamenszusatz;
-  /// Shows how far the run is.
+  /// Shows how far the run is, in words and in pages of all pages.
   std::function<void(std::string_view)> showState;
+  std::function<void(std::size_t, std::size_t)> showProgress = [](std::size_t, std::size_t) {};
+  /// Whether the user asked to stop.
+  std::function<bool()> stopAsked = [] { return false; };
 };
 
 /// How a run ended.

@@ -1,263 +1,397 @@
 #include "mainform/mainform.h"
 
-#include "base/errors.h"
+#include "base/format.h"
 #include "base/text.h"
 #include "frame/failures/failures.h"
-#include "frame/paths/paths.h"
-#include "frame/project/migration.h"
-#include "frame/project/project.h"
-#include "frame/settings/export_path.h"
-#include "frame/settings/settings.h"
-#include "generator/templates/xml_layout.h"
-#include "mainform/old_projects.h"
-#include "platform/files/files.h"
-#include "platform/files/path.h"
+#include "mainform/about.h"
+#include "mainform/assistant.h"
+#include "mainform/pasted_picture.h"
+#include "mainform/window_placement.h"
+#include "pagetree/page_id.h"
+
+#include <array>
 
 namespace mrd::mainform {
 namespace {
 
-constexpr std::string_view kOpening = "DialogOpenChangeNewDB", kImporting = "ImportProject";
-constexpr int kMessageExists = 5, kMessageNoTemplate = 6, kMessageNoEmptyFile = 13, kMessageRetry = 14, kMessageNoProject = 15,
-              kMessageAccessDenied = 16, kMessageNothingOpen = 24, kMessageNoExportDirectory = 37, kMessageNoFile = 109;
-/// Ways of asking for a project. Only the first is ever set; the other two are kept for callers to come.
-constexpr int kOpenExisting = 111, kOpenNew = 222, kOpenOther = 333;
+constexpr std::string_view kName = "Mainform";
+constexpr int kMessageChoosePage = 2, kMessageSaveChanges = 3, kMessageNoProject = 24, kMessagePictureRefused = 110,
+              kMessageSurfaceRestored = 115;
+constexpr std::string_view kPanelPrefix = "ID:@";
+/// Pages of the assistant.
+constexpr int kGreeting = 0, kFields = 1;
 
 } // namespace
 
-Mainform::Mainform(Program& program, ProjectHooks hooks) : program_(program), hooks_(std::move(hooks)) {}
-
-void Mainform::ladebenutzerlayouts()
+Mainform::Mainform(Program& program, const Seams& seams)
+    : program_(program), seams_(seams), project_(program, projectHooks()),
+      pages_({project_, seams.screen, seams.DHTMLEdit1, seams.TreeView1},
+             {[this] { colours_.farbenaktualisieren(); }, [this] { return files_.leaveFile(); }, [this] { drafts_.forget(); },
+              [this] { tabs_.showKind(); }}),
+      colours_({program.ui, seams.DHTMLEdit1, seams.screen, project_.fields(), pages_.document}),
+      help_(program.files, program.language, seams.shell),
+      tabs_({project_, pages_, seams.screen, help_}, [this] { colours_.farbenaktualisieren(); }),
+      tools_(program.ui, seams.DHTMLEdit1, seams.screen), files_({program.language, pages_, seams.screen}),
+      settings_({project_, seams.screen, seams.DHTMLEdit1}, [this] { colours_.farbenaktualisieren(); }),
+      treeMouse_({project_, pages_, seams.dialogs, help_}), drafts_(project_, pages_, tabs_)
 {
-  const std::string directory = program_.files.file("\\xml");
-  const auto folder = templates::readLayoutFolder(directory);
-  auto& entries = fields_.ComboGrundlayout.entries;
-  if (folder.hasFiles)
-    entries.emplace_back("-- benutzerdefinierte Layouts --");
-  for (const auto& [name, file] : folder.layouts)
-    entries.push_back(name + " (" + file + ")");
-  for (const auto& file : folder.malformed)
-    program_.ui.warning("not well-formed: " + files::nativePath(directory + "\\" + file).string());
+  seams_.DHTMLEdit1.setEvents(surfaceEvents());
 }
 
-Mainform::Opened Mainform::open(std::string_view path)
+ProjectHooks Mainform::projectHooks()
 {
-  const bool isOld = dao::isJetFile(path);
-  if (isOld && !OldProjects(program_).convertInPlace(path))
-    return Opened::Refused;
-  // The project that is open stays so where the next one cannot be opened.
-  db_ = project::openProject(path);
-  DbName_ = openName_ = path;
-  return isOld ? Opened::Converted : Opened::AsItWas;
+  return {[this] { pages_.ZeigeStruktur(); },
+          [this] {
+            pages_.loadLastActivePage();
+            projectOpened_ = true;
+          },
+          [this] {
+            if (pages_.document.kind != DocumentKind::File)
+              pages_.changed();
+          },
+          [this] {
+            ended_ = true;
+            seams_.screen.unload();
+          },
+          [this] {
+            pages_.projectOpened();
+            seams_.DHTMLEdit1.setDocumentHtml("<html><body></body></html>");
+          },
+          [this] {
+            settings_.showFields();
+            colours_.farbenaktualisieren();
+          }};
 }
 
-bool Mainform::importProject(std::string_view jetFile, const std::optional<std::string>& target)
+ui::SurfaceEvents Mainform::surfaceEvents()
 {
-  if (!paths::datei_vorhanden(jetFile)) {
-    program_.language.GetMsg(kMessageNoFile, files::nativePath(jetFile).string(), "R");
-    return false;
-  }
-  if (target && paths::datei_vorhanden(*target)) {
-    program_.language.GetMsg(kMessageExists);
-    return false;
-  }
-  bool done = false;
-  failures::withStandardHandler(program_.language, kImporting, [&] {
-    OldProjects old(program_);
-    const bool isThere = target ? old.convertTo(jetFile, *target) : !dao::isJetFile(jetFile) || old.convertInPlace(jetFile);
-    if (!isThere)
-      return;
-    const std::string file = target ? *target : std::string(jetFile);
-    db_ = project::openProject(file);
-    DbName_ = openName_ = file;
-    done = true;
+  ui::SurfaceEvents events;
+  events.documentComplete = [this] { tools_.DocumentComplete(); };
+  events.displayChanged = [this] { tools_.DisplayChanged(); };
+  events.changed = [this] { pages_.changed(); };
+  events.storePicture = [this](std::string_view bytes, std::string_view mimeType) { return storePicture(bytes, mimeType); };
+  events.restored = [this] { program_.language.GetMsg(kMessageSurfaceRestored); };
+  return events;
+}
+
+std::optional<std::string> Mainform::storePicture(std::string_view bytes, std::string_view mimeType)
+{
+  std::optional<std::string> reference;
+  command("storePicture", [&] {
+    if (project_.isOpen())
+      reference = storePastedPicture(project_.fields().tbpfadexport, pagetree::idOf(pages_.LastActivePage()), bytes, mimeType);
+    if (!reference)
+      program_.language.GetMsg(kMessagePictureRefused, mimeType, "R");
   });
-  return done;
+  return reference;
 }
 
-bool Mainform::openProject(std::string_view path)
+void Mainform::command(std::string_view name, const std::function<void()>& body)
 {
-  bool done = false;
-  failures::withStandardHandler(program_.language, kOpening, [&] {
-    if (!paths::datei_vorhanden(path) && !files::directoryExists(path))
-      throw base::Error(base::ErrorNumber::FileNotFound, "Datei nicht gefunden: " + files::nativePath(path).string());
-    if (open(path) == Opened::Refused)
-      return;
-    project::Migration(*db_, program_.ui).UpdDatabase();
-    done = true;
-  });
-  return done;
+  // Events run while a page is loaded or saved; a command that came then would work on half a page.
+  if (!pages_.isBusy())
+    failures::withStandardHandler(program_.language, name, body);
 }
 
-bool Mainform::loadSettings(const ExportPath& exportPath)
-{
-  if (!exportPath.given) {
-    settings::einstellungenladen(*db_, fields_, program_.files, program_.ui);
-    return true;
-  }
-  const auto directory = settings::existingExportPath(*exportPath.given, program_.files);
-  if (!directory) {
-    program_.language.GetMsg(kMessageNoExportDirectory);
-    return false;
-  }
-  fields_.tbpfadexport = *directory;
-  settings::einstellungenladen(*db_, fields_, program_.files, program_.ui, "Exportpfad");
-  return true;
-}
+// --- start and end
 
-bool Mainform::createProject(std::string_view path)
+void Mainform::Form_Load()
 {
-  if (paths::datei_vorhanden(path)) {
-    program_.language.GetMsg(kMessageExists);
-    return false;
-  }
-  const std::string emptyProject = program_.files.file(kEmptyProject);
-  if (!paths::datei_vorhanden(emptyProject)) {
-    program_.language.GetMsg(kMessageNoTemplate);
-    return false;
-  }
-  project::copyTemplate(emptyProject, path);
-  return true;
-}
-
-void Mainform::DialogOpenChangeNewDB(std::string_view Pfad, bool& Abgebrochen)
-{
-  Abgebrochen = false;
-  hooks_.opseitentyp_Click();
-  std::string path;
-  if (!Pfad.empty() && paths::datei_vorhanden(Pfad))
-    path = Pfad;
-  else if (!Pfad.empty())
-    OpenMode_ = kOpenExisting;
-  for (bool again = true; again;) {
-    try {
-      if (path.empty() && !chooseProject())
-        return;
-      if (!path.empty())
-        DbName_ = path;
-      openWithWindow();
-      return;
-    } catch (const base::Error& error) {
-      keepNameOfOpenProject();
-      program_.ui.hideSplash();
-      again = tellFailure(error, Abgebrochen);
+  int line = 0;
+  try {
+    line = 1;
+    seams_.screen.place(readPlacement(seams_.userSettings));
+    line = 6;
+    project_.ladebenutzerlayouts();
+    line = 8;
+    seams_.screen.refresh(Shown::Tools);
+    settings_.showFields();
+    line = 10;
+    seams_.screen.show();
+    line = 11;
+    program_.readLanguage();
+    seams_.screen.setMenuChecked(program_.language.Sprache(), true);
+    line = 12;
+    program_.language.Sprachstart(seams_.screen);
+    showStates();
+    line = 13;
+    openProject([this] {
+      bool denied = false;
+      project_.DialogOpenChangeNewDB(paths::LeseIni("LastFile", "File1", program_.files.iniFile()), denied);
+    });
+    line = 14;
+    if (!ended_ && seams_.userSettings.value(kSettingsSection, "Assistent", "ja") != "nein") {
+      program_.ui.pumpEvents();
+      showAssistant(kGreeting);
     }
+  } catch (const base::Error& error) {
+    failures::showStandardFailure(program_.language, error, base::format("Mainform.Form_Load. Zeile:{}", line));
   }
 }
 
-bool Mainform::tellFailure(const base::Error& error, bool& Abgebrochen)
+void Mainform::showStates()
 {
-  switch (error.kind()) {
-  case base::ErrorNumber::Cancelled:
-    if (program_.language.GetMsg(kMessageRetry) == ui::Button::Retry)
-      return true;
-    program_.language.GetMsg(kMessageNoProject);
-    return false;
-  case base::ErrorNumber::AccessDenied:
-    program_.language.GetMsg(kMessageAccessDenied);
-    Abgebrochen = true;
-    return false;
-  default:
-    failures::showStandardFailure(program_.language, error, kOpening);
-    return false;
-  }
+  // What a language says of a control must not undo what the layout and the kind of document say of its state, and the fields of
+  // its text.
+  tabs_.showKind();
+  settings_.showFields();
+  if (project_.isOpen())
+    seams_.screen.refresh(Shown::Page);
 }
 
-bool Mainform::chooseProject()
+void Mainform::Form_Resize(int width)
 {
-  ui::Ui& ui = program_.ui;
-  const std::string& directory = program_.files.directory();
-  std::optional<std::string> chosen;
-  switch (OpenMode_) {
-  case kOpenExisting:
-    ui.hideSplash();
-    chosen = ui.openFileDialog({"Datenbank öffnen", "Mirandel-Datenbanken|*.mdb", directory});
-    break;
-  case kOpenNew: {
-    const std::string emptyFile = base::trim(paths::LeseIni("EmptyFile", "File", program_.files.iniFile()));
-    if (!paths::datei_vorhanden(emptyFile)) {
-      ui.hideSplash();
-      program_.language.GetMsg(kMessageNoEmptyFile);
-      return false;
-    }
-    chosen = ui.saveFileDialog({"Neue Datenbank anlegen", "Access-Db's|*.mdb"});
-    if (chosen)
-      project::copyTemplate(emptyFile, *chosen);
-    ui.hideSplash();
-    break;
-  }
-  case kOpenOther:
-    chosen = ui.openFileDialog({"Datenbank wechseln", "Mirandel Datenbanken|*.mdb", directory});
-    break;
-  default:
-    DbName_.clear();
-    return true;
-  }
-  if (!chosen)
-    throw base::Error(base::ErrorNumber::Cancelled, "Abbrechen wurde gewählt.");
-  DbName_ = *chosen;
-  return true;
-}
-
-void Mainform::openWithWindow()
-{
-  rememberProject();
-  if (DbName_.empty()) {
-    program_.ui.hideSplash();
-    program_.language.GetMsg(kMessageNothingOpen);
-    hooks_.unload();
+  if (seams_.screen.isMinimised() || width >= kLeastWindowWidth)
     return;
-  }
-  const auto opened = open(std::string(DbName_));
-  if (opened == Opened::Refused)
-    return keepNameOfOpenProject();
-  if (opened == Opened::Converted)
-    OldProjects(program_).askForPictures(*db_);
-  hooks_.emptyEditor();
-  loadSettings();
-  hooks_.farbenaktualisieren();
-  project::Migration(*db_, program_.ui).UpdDatabase();
-  hooks_.ZeigeStruktur();
-  hooks_.loadLastActivePage();
+  Placement placement = seams_.screen.placement();
+  placement.MainWidth = kLeastWindowWidth;
+  seams_.screen.place(placement);
 }
 
-void Mainform::keepNameOfOpenProject()
-{
-  // Dialogs open the project by its name: it has to be that of the one that the window shows.
-  if (isOpen())
-    DbName_ = openName_;
-}
+int Mainform::SizeControls(int SplitterLeft) const { return clampedSplitter(SplitterLeft, seams_.screen.innerWidth()); }
 
-void Mainform::rememberProject() { paths::SchreibeIni("LastFile", "File1", DbName_, program_.files.iniFile()); }
-
-bool Mainform::NewProject_Click()
+bool Mainform::Form_QueryUnload()
 {
-  const auto chosen =
-      program_.ui.openFileDialog({"Datenbank anlegen", "Mirandel-Datenbanken|*.mdb", program_.files.directory(), "mrdneu.mdb"});
-  if (!chosen || paths::teile_dateipfad(*chosen).name.empty() || !createProject(*chosen))
+  if (pages_.isBusy())
     return false;
-  bool denied = false;
-  DialogOpenChangeNewDB(*chosen, denied);
-  return !denied && isOpen();
+  if (pages_.document.kind == DocumentKind::File)
+    return files_.leaveFile();
+  if (!pages_.PageDirty())
+    return true;
+  switch (program_.language.GetMsg(kMessageSaveChanges)) {
+  case ui::Button::No:
+    pages_.giveUp();
+    return true;
+  case ui::Button::Cancel:
+    return false;
+  default:
+    // Yes; or the question could not be asked, and then a window that does not close would be a trap.
+    return pages_.SavePage();
+  }
+}
+
+void Mainform::Form_Unload()
+{
+  ended_ = true;
+  failures::withStandardHandler(program_.language, "Form_Unload", [&] {
+    seams_.screen.unloadOtherWindows();
+    if (!seams_.screen.isMinimised())
+      writePlacement(seams_.userSettings, seams_.screen.placement());
+    pages_.rememberState();
+    program_.ui.pumpEvents();
+    pages_.projectClosed();
+    project_.close();
+    program_.ui.pumpEvents();
+  });
+}
+
+void Mainform::FileExit_Click()
+{
+  if (Form_QueryUnload())
+    seams_.screen.unload();
+}
+
+// --- projects
+
+void Mainform::openProject(const std::function<void()>& open)
+{
+  projectOpened_ = false;
+  // Until the next project's page is loaded, the editor holds one of the last: nothing may save or keep it meanwhile.
+  pages_.whileBusy(open);
+  if (projectOpened_)
+    drafts_.offer();
+}
+
+bool Mainform::leaveProject()
+{
+  if (!pages_.leave() || !tabs_.showTree())
+    return false;
+  pages_.rememberState();
+  return true;
+}
+
+void Mainform::NewProject_Click()
+{
+  command("NewProject_Click", [&] {
+    if (!leaveProject())
+      return;
+    bool made = false;
+    openProject([&] { made = project_.NewProject_Click(); });
+    if (made)
+      showAssistant(kFields);
+  });
 }
 
 void Mainform::OpenProject_Click()
 {
-  OpenMode_ = kOpenExisting;
-  bool denied = false;
-  DialogOpenChangeNewDB("", denied);
+  command("OpenProject_Click", [&] {
+    if (leaveProject())
+      openProject([&] { project_.OpenProject_Click(); });
+  });
 }
 
-void Mainform::CheckDatabase()
+// --- menus and toolbars
+
+void Mainform::SeiteSub_Click(int Index)
 {
-  const ui::WaitPointer wait(program_.ui);
-  // Opened first and closed then: a file that has become unreadable leaves the program what it has.
-  db_ = project::openProject(base::trim(DbName_));
+  constexpr std::array<std::string_view, 3> kKeys{"seiteneu", "seitelöschen", "seitenvorschau"};
+  if (Index >= 0 && static_cast<std::size_t>(Index) < kKeys.size())
+    Toolbar2_ButtonClick(kKeys[static_cast<std::size_t>(Index)]);
 }
 
-void Mainform::close()
+void Mainform::NetSub_Click(int Index)
 {
-  db_.reset();
-  program_.language.close();
+  if (Index == 0)
+    command("NetSub_Click", [&] { html(); });
+}
+
+void Mainform::HelpSub1_Click(int Index)
+{
+  command("HelpSub1_Click", [&] {
+    switch (Index) {
+    case 0:
+      HilfeAnzeigen();
+      break;
+    case 3:
+      showAssistant(kGreeting);
+      break;
+    case 4:
+      showAbout();
+      break;
+    default:
+      break;
+    }
+  });
+}
+
+void Mainform::eng_Click()
+{
+  // Captions are no part of the page: a choice that came while that loads would leave its mark in the menu and nothing else.
+  failures::withStandardHandler(program_.language, "eng_Click", [&] {
+    program_.language.eng_Click(seams_.screen);
+    showStates();
+  });
+}
+
+void Mainform::GER_Click()
+{
+  failures::withStandardHandler(program_.language, "GER_Click", [&] {
+    program_.language.GER_Click(seams_.screen);
+    showStates();
+  });
+}
+
+void Mainform::Toolbar2_ButtonClick(std::string_view Key)
+{
+  struct Button {
+    std::string_view key;
+    void (Mainform::*press)();
+  };
+  constexpr std::array kButtons{
+      Button{"seitespeichern", &Mainform::seitespeichern},
+      Button{"seitelöschen", &Mainform::seitelöschen},
+      Button{"seiteneu", &Mainform::seiteneu},
+      Button{"html", &Mainform::html},
+      Button{"seitenvorschau", &Mainform::seitenvorschau},
+  };
+  for (const auto& button : kButtons)
+    if (button.key == Key)
+      command("Toolbar2_ButtonClick", [&] { (this->*button.press)(); });
+}
+
+void Mainform::seitespeichern() { files_.FileSave_Click(); }
+
+void Mainform::seiteneu()
+{
+  if (tabs_.showTree())
+    pages_.newPage();
+}
+
+void Mainform::seitelöschen()
+{
+  if (pages_.document.kind == DocumentKind::Page || (tabs_.showTree() && pages_.leave()))
+    pages_.DelPage();
+}
+
+void Mainform::html()
+{
+  if (!project_.isOpen()) {
+    program_.language.GetMsg(kMessageNoProject);
+    return;
+  }
+  if (!pages_.leave())
+    return;
+  generator::frmHTMLExport dialog(exportEnvironment());
+  dialog.DbName = project_.DbName();
+  seams_.dialogs.showModal(dialog);
+}
+
+void Mainform::seitenvorschau()
+{
+  if (!project_.isOpen()) {
+    program_.language.GetMsg(kMessageNoProject);
+    return;
+  }
+  if (!pages_.leave())
+    return;
+  const std::string id = base::replaceAll(pages_.fields.statusPanel, kPanelPrefix, "");
+  if (pages_.LastActivePage().empty() || !pagetree::isPageId(id)) {
+    program_.language.GetMsg(kMessageChoosePage);
+    return;
+  }
+  generator::frmHTMLExport dialog(exportEnvironment());
+  dialog.selection.Lblseitenvorschauid = id;
+  // Events run while the page is generated, and no second run may begin then.
+  pages_.whileBusy([&] {
+    if (dialog.Form_Load(project_.DbName()))
+      dialog.cbHTML_Click();
+  });
+}
+
+generator::ExportEnvironment Mainform::exportEnvironment()
+{
+  return {program_.files, program_.language, project_.fields(), program_.clock, seams_.shell};
+}
+
+void Mainform::showAssistant(int page)
+{
+  FrmAssistent assistant({program_, settings_, seams_.userSettings, seams_.shell});
+  assistant.TabAssistent = page;
+  seams_.dialogs.showModal(assistant);
+}
+
+void Mainform::showAbout()
+{
+  frmAbout about(program_.language, seams_.shell);
+  seams_.dialogs.showModal(about);
+}
+
+void Mainform::menu_Click(std::string_view name, std::optional<int> index)
+{
+  struct Entry {
+    std::string_view name;
+    void (*click)(Mainform& window, int index);
+  };
+  static constexpr std::array kEntries{
+      Entry{"FileNew", [](Mainform& window, int) { window.command("FileNew_Click", [&] { window.files_.FileNew_Click(); }); }},
+      Entry{"FileOpen", [](Mainform& window, int) { window.command("FileOpen_Click", [&] { window.files_.FileOpen_Click(); }); }},
+      Entry{"FileSave", [](Mainform& window, int) { window.command("FileSave_Click", [&] { window.files_.FileSave_Click(); }); }},
+      Entry{"FileSaveAs",
+            [](Mainform& window, int) { window.command("FileSaveAs_Click", [&] { window.files_.FileSaveAs_Click(); }); }},
+      Entry{"NewProject", [](Mainform& window, int) { window.NewProject_Click(); }},
+      Entry{"OpenProject", [](Mainform& window, int) { window.OpenProject_Click(); }},
+      Entry{"FileExit", [](Mainform& window, int) { window.FileExit_Click(); }},
+      Entry{"editsub", [](Mainform& window, int entry) { window.tools_.editsub_Click(entry); }},
+      Entry{"ViewSub", [](Mainform& window, int entry) { window.tools_.ViewSub_Click(entry); }},
+      Entry{"SeiteSub", [](Mainform& window, int entry) { window.SeiteSub_Click(entry); }},
+      Entry{"NetSub", [](Mainform& window, int entry) { window.NetSub_Click(entry); }},
+      Entry{"eng", [](Mainform& window, int) { window.eng_Click(); }},
+      Entry{"GER", [](Mainform& window, int) { window.GER_Click(); }},
+      Entry{"HelpSub1", [](Mainform& window, int entry) { window.HelpSub1_Click(entry); }},
+  };
+  for (const auto& entry : kEntries)
+    if (entry.name == name)
+      entry.click(*this, index.value_or(0));
 }
 
 } // namespace mrd::mainform

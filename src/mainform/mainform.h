@@ -1,9 +1,21 @@
 #pragma once
-// The frame around one open project: the one way into it, and what the whole program knows of it.
+// The main window without a screen: its parts, each with the controls and the procedures of its subject, and the commands that
+// lead from one to another.
 
-#include "frame/settings/fields.h"
+#include "mainform/draft_keeper.h"
+#include "mainform/editor_tabs.h"
+#include "mainform/editor_tools.h"
+#include "mainform/file_commands.h"
+#include "mainform/help.h"
+#include "mainform/main_screen.h"
+#include "mainform/page_desk.h"
 #include "mainform/program.h"
-#include "platform/dao/database.h"
+#include "mainform/project_frame.h"
+#include "mainform/settings_tabs.h"
+#include "mainform/site_colours.h"
+#include "mainform/tree_mouse.h"
+#include "platform/files/user_settings.h"
+#include "platform/ui/shell.h"
 
 #include <functional>
 #include <optional>
@@ -12,84 +24,103 @@
 
 namespace mrd::mainform {
 
-/// What the main window does when a project opens.
-struct ProjectHooks {
-  /// Fills the tree from the table.
-  std::function<void()> ZeigeStruktur = [] {};
-  /// Puts the stored page into the editor.
-  std::function<void()> loadLastActivePage = [] {};
-  /// Marks the open page as changed by its type options.
-  std::function<void()> opseitentyp_Click = [] {};
-  /// Closes the window and with it the program.
-  std::function<void()> unload = [] {};
-  /// Puts a document without content into the editor.
-  std::function<void()> emptyEditor = [] {};
-  /// Recolours the editor and the previews from the fields.
-  std::function<void()> farbenaktualisieren = [] {};
-};
-
-/// Where the files of a project's site go.
-struct ExportPath {
-  /// A directory in place of the stored one, which is then not touched; it must exist.
-  std::optional<std::string> given;
-};
-
 class Mainform {
 public:
-  explicit Mainform(Program& program, ProjectHooks hooks = {});
+  struct Seams {
+    MainScreen& screen;
+    Dialogs& dialogs;
+    ui::EditingSurface& DHTMLEdit1;
+    ui::TreeControl& TreeView1;
+    ui::Shell& shell;
+    files::UserSettings& userSettings;
+  };
+  Mainform(Program& program, const Seams& seams);
+  Mainform(const Mainform&) = delete;
+  Mainform& operator=(const Mainform&) = delete;
+
+  // Parts.
 
   Program& program() { return program_; }
-  settings::Fields& fields() { return fields_; }
-  dao::Database& db() { return *db_; }
-  bool isOpen() const { return db_.has_value(); }
-  /// The file that is open; without one the last that was tried.
-  const std::string& DbName() const { return DbName_; }
+  ProjectFrame& project() { return project_; }
+  PageDesk& pages() { return pages_; }
+  TreeMouse& treeMouse() { return treeMouse_; }
+  EditorTabs& tabs() { return tabs_; }
+  EditorTools& tools() { return tools_; }
+  FileCommands& files() { return files_; }
+  SettingsTabs& settings() { return settings_; }
+  SiteColours& colours() { return colours_; }
+  DraftKeeper& drafts() { return drafts_; }
+  Help& help() { return help_; }
 
-  /// Adds the users' layouts to the layout box. Warns of files that are not well-formed.
-  void ladebenutzerlayouts();
+  // Start and end.
 
-  /// The one way into a project for a window: opens the file, or asks for one when the path is empty or leads nowhere.
-  /// `Abgebrochen` becomes true when access was denied.
-  void DialogOpenChangeNewDB(std::string_view Pfad, bool& Abgebrochen);
-  /// Asks for a name and makes a project from the empty template. True when one was made and opened.
-  bool NewProject_Click();
-  /// Asks for a project and opens it.
+  /// Fills the lists, shows the window, and only then touches language, project and assistant.
+  void Form_Load();
+  /// Keeps the window wide enough. Twips.
+  void Form_Resize(int width);
+  /// Left edge of the splitter for a wish of the user. Twips.
+  int SizeControls(int SplitterLeft) const;
+  /// Whether the window may close: asks about what is not saved (message 3).
+  bool Form_QueryUnload();
+  /// Saves the placement and the state of the project and closes the databases. Does not save the page.
+  void Form_Unload();
+  /// Every DraftKeeper::kIntervalSeconds.
+  void Timer() { drafts_.Timer(); }
+
+  // Commands.
+
+  void NewProject_Click();
   void OpenProject_Click();
-
-  /// Opens a project and brings its schema up to date, without its settings. False, with a message, when it cannot be used.
-  bool openProject(std::string_view path);
-  /// Fills the fields from the open project. False, with message 37, when the export directory that was given does not exist.
-  bool loadSettings(const ExportPath& exportPath = {});
-  /// Makes a project from a database of an earlier version: in a file of its own, or without `target` in the place of the old
-  /// one, as opening it does. False, with a message, when there is none.
-  bool importProject(std::string_view jetFile, const std::optional<std::string>& target);
-  /// Makes a project from the empty template. False, with message 5 or 6, when the file exists or the template is missing.
-  bool createProject(std::string_view path);
-
-  /// Closes and reopens the project database.
-  void CheckDatabase();
-  /// Closes the project and the language database.
-  void close();
+  /// Asks about what is not saved and closes the window.
+  void FileExit_Click();
+  void SeiteSub_Click(int Index);
+  void NetSub_Click(int Index);
+  void HelpSub1_Click(int Index);
+  void eng_Click();
+  void GER_Click();
+  /// The command of a toolbar's button, by its exact key.
+  void Toolbar1_ButtonClick(std::string_view Key) { tools_.Toolbar1_ButtonClick(Key); }
+  void Toolbar2_ButtonClick(std::string_view Key);
+  /// The command of a menu entry, by its name and number; an entry that has none does nothing.
+  void menu_Click(std::string_view name, std::optional<int> index);
+  /// Saves the page that is open, generates it and shows it.
+  void seitenvorschau();
+  /// Saves the page, and shows the dialog that generates the site.
+  void html();
+  void HilfeAnzeigen() { help_.HilfeAnzeigen("Mainform"); }
 
 private:
-  /// How the file came to be open. A refusal was told.
-  enum class Opened { Refused, AsItWas, Converted };
-  Opened open(std::string_view path);
-  bool chooseProject();
-  void rememberProject();
-  void openWithWindow();
-  /// After a failure: the project that was open is still the one.
-  void keepNameOfOpenProject();
-  bool tellFailure(const base::Error& error, bool& Abgebrochen);
+  ProjectHooks projectHooks();
+  ui::SurfaceEvents surfaceEvents();
+  std::optional<std::string> storePicture(std::string_view bytes, std::string_view mimeType);
+  /// Runs a command under the standard handler; nothing while another one waits for the surface.
+  void command(std::string_view name, const std::function<void()>& body);
+  void showStates();
+  /// Opens a project and offers what a crash has left of it.
+  void openProject(const std::function<void()>& open);
+  bool leaveProject();
+  void seitespeichern();
+  void seiteneu();
+  void seitelöschen();
+  generator::ExportEnvironment exportEnvironment();
+  void showAssistant(int page);
+  void showAbout();
 
   Program& program_;
-  ProjectHooks hooks_;
-  settings::Fields fields_;
-  std::optional<dao::Database> db_;
-  std::string DbName_;
-  /// The file that is open.
-  std::string openName_;
-  int OpenMode_ = 0;
+  const Seams seams_;
+  ProjectFrame project_;
+  PageDesk pages_;
+  SiteColours colours_;
+  Help help_;
+  EditorTabs tabs_;
+  EditorTools tools_;
+  FileCommands files_;
+  SettingsTabs settings_;
+  TreeMouse treeMouse_;
+  DraftKeeper drafts_;
+  bool projectOpened_ = false;
+  /// The window is closed or about to be.
+  bool ended_ = false;
 };
 
 } // namespace mrd::mainform

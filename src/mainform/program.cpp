@@ -43,10 +43,15 @@ void fillFromInstallation(const fs::path& installed, const fs::path& target)
 
 } // namespace
 
-void Program::startLanguage()
+void Program::readLanguage()
 {
   const std::string code = base::upper(paths::LeseIni("Language", "Lang", files.iniFile()));
   language.setSprache(code == "ENG" ? "ENG" : "GER");
+}
+
+void Program::startLanguage()
+{
+  readLanguage();
   language.Sprachstart();
 }
 

@@ -25,7 +25,9 @@ public:
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
-  /// Takes the language from the INI file ("GER" when it names none of the two) and opens the language database.
+  /// Takes the language from the INI file, "GER" when it names none of the two.
+  void readLanguage();
+  /// The same, and opens the language database.
   void startLanguage();
 
   const paths::ProgramFiles files;

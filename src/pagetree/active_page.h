@@ -19,6 +19,8 @@ public:
   std::string ActiveNodeText;
   /// The page was changed since it was loaded.
   bool PageDirty = false;
+  /// A drag may start: not while a page is being loaded.
+  bool DragErlaubt = true;
 
   /// Stores the current id in the project; a missing row stays missing.
   void WriteLastActivePage();

@@ -26,20 +26,45 @@ std::string neighbour(std::string_view id, int step)
 
 } // namespace
 
-void frmMove1::optMove_Click(MoveOption Index)
+void frmMove1::Form_Load(ui::WindowControls& controls)
 {
-  move_.MoveOption = Index;
-  if (Index == MoveOption::Before)
-    move_.MoveTargetID = parentOf(move_.MoveTargetID) + formatNumber(numberOf(move_.MoveTargetID) - 1);
+  language_.Setlanguage(controls);
+  Form_Load();
 }
 
-void frmMove1::btnCancel_Click() { MoveAusgefuehrt = false; }
+void frmMove1::Form_Load()
+{
+  failures::withStandardHandler(language_, "Form_Load", [&] {
+    lblMove[0].tag = move_.MoveSourceID;
+    lblMove[1].tag = move_.MoveTargetID;
+    optMove_Click(MoveOption::Behind);
+  });
+}
+
+void frmMove1::optMove_Click(MoveOption Index)
+{
+  failures::withStandardHandler(language_, "optMove_Click", [&] {
+    move_.MoveOption = Index;
+    if (Index == MoveOption::Before)
+      move_.MoveTargetID = parentOf(move_.MoveTargetID) + formatNumber(numberOf(move_.MoveTargetID) - 1);
+    lblMove[1].tag = move_.MoveTargetID;
+    window.refresh();
+  });
+}
+
+void frmMove1::btnCancel_Click()
+{
+  MoveAusgefuehrt = false;
+  if (tree_)
+    tree_->setDropHighlight(std::nullopt);
+  window.unload();
+}
 
 bool frmMove1::refuse(int message, bool forgetTarget)
 {
   language_.GetMsg(message);
   if (forgetTarget)
-    move_.MoveTargetID = kRootId;
+    lblMove[1].tag = move_.MoveTargetID = kRootId;
   MoveAusgefuehrt = false;
   return false;
 }
@@ -66,9 +91,11 @@ void frmMove1::btnMove_Click()
   failures::withStandardHandler(language_, "btnMove_Click", [&] {
     if (!isAllowed())
       return;
+    const ui::StillTree still(tree_);
     const ui::WaitPointer wait(language_.ui());
     MovePage();
   });
+  window.unload();
 }
 
 void frmMove1::MovePage()

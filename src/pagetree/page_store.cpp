@@ -47,11 +47,13 @@ std::string withHeading(std::string_view html, std::string_view label)
 void PageStore::LoadPage(std::string_view node, std::string_view Schluessel)
 {
   const std::string key = Schluessel.empty() ? std::string(node) : keyOf(Schluessel);
+  const std::string label = parts_.TreeView1.label(node);
+  // Read before anything changes: what cannot be read must not leave the next page's key on the last page's text.
+  auto row = rowsOf(parts_.db, idOf(key));
+  parts_.active.DragErlaubt = false;
   parts_.active.LastActivePage = key;
   parts_.active.WriteLastActivePage();
   fields_.TBEbayArtikelnummer.clear();
-  const std::string label = parts_.TreeView1.label(node);
-  auto row = rowsOf(parts_.db, idOf(key));
   if (row.eof())
     showNewPage(label);
   else
@@ -61,6 +63,18 @@ void PageStore::LoadPage(std::string_view node, std::string_view Schluessel)
   parts_.active.PageDirty = false;
   parts_.active.ActiveNodeText = label;
   parts_.active.SetLastActivePage();
+  keepActive(key);
+  parts_.active.DragErlaubt = true;
+}
+
+void PageStore::keepActive(const std::string& key)
+{
+  // A project that could not be written remembers another page; the editor's text still belongs to this one.
+  if (parts_.active.LastActivePage == key)
+    return;
+  parts_.active.LastActivePage = key;
+  if (parts_.TreeView1.hasNode(key))
+    parts_.TreeView1.select(key);
 }
 
 void PageStore::showStoredPage(dao::Recordset& row, std::string_view label)
@@ -150,9 +164,12 @@ void PageStore::save(std::string_view id)
   row.set("script", fields_.tbScript);
   row.set("changingdate", parts_.clock.now().iso());
   row.update();
+  const std::string active = parts_.active.LastActivePage;
   parts_.active.WriteLastActivePage();
   hooks_.WriteExpandedNodes();
   hooks_.ZeigeStruktur();
+  if (!active.empty())
+    keepActive(active);
   parts_.active.PageDirty = false;
 }
 

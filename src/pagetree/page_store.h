@@ -67,6 +67,7 @@ private:
   void showNewPage(std::string_view label);
   void startDocument(std::string_view labelledStart);
   void waitForDocument();
+  void keepActive(const std::string& key);
   void save(std::string_view id);
   void saveHead();
   std::string heading() const;

@@ -42,7 +42,21 @@ std::size_t PlainTree::childCount(std::string_view key) const { return node(key)
 
 bool PlainTree::expanded(std::string_view key) const { return node(key).expanded; }
 
-void PlainTree::setExpanded(std::string_view key, bool expanded) { node(key).expanded = expanded; }
+std::vector<std::string> PlainTree::keys() const
+{
+  // A key begins with its parent's, and sorts behind it; the root alone has no share in those of its children.
+  std::vector<std::string> keys;
+  for (const auto& [key, node] : nodes_)
+    keys.push_back(key);
+  return keys;
+}
+
+void PlainTree::setExpanded(std::string_view key, bool expanded)
+{
+  if (expanded && !node(key).expanded)
+    events_.expand(key);
+  node(key).expanded = expanded;
+}
 
 void PlainTree::select(std::string_view key)
 {

@@ -1,7 +1,7 @@
 #pragma once
 // A main window without a screen over a program directory of its own, with what opening a project asked of it written down.
 
-#include "mainform/mainform.h"
+#include "mainform/project_frame.h"
 #include "support/test_program.h"
 
 #include <filesystem>
@@ -66,7 +66,7 @@ struct OpenWindow : Surroundings {
   /// What filling the tree fails with.
   std::optional<base::Error> failure;
   Program program{files(), clock, ui};
-  Mainform window{program, hooks()};
+  ProjectFrame window{program, hooks()};
 };
 
 } // namespace mrd::mainform

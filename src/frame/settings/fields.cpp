@@ -84,4 +84,6 @@ std::string html_zu_farbe(std::string_view Text)
   return "&H" + exchangeOuterPairs(sixDigits(Text));
 }
 
+std::string cssColour(std::string_view text) { return text.starts_with('#') ? std::string(text) : "#" + std::string(text); }
+
 } // namespace mrd::settings

@@ -51,5 +51,7 @@ struct Fields {
 std::string farbe_zu_html(long long Wert);
 /// "&H" and the colour number's hexadecimal digits, for a colour text with or without "#".
 std::string html_zu_farbe(std::string_view Text);
+/// "#" and the digits of a colour text with or without "#", as documents take it.
+std::string cssColour(std::string_view text);
 
 } // namespace mrd::settings

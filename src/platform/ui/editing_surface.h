@@ -1,15 +1,70 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace mrd::ui {
+
+/// What a surface tells its owner. None of it comes from within a call of the surface, except where that call waits.
+struct SurfaceEvents {
+  /// A document is loaded, and busy() is over.
+  std::function<void()> documentComplete = [] {};
+  /// The cursor stands elsewhere or what it stands in has changed: statuses and values of commands are to be asked again.
+  std::function<void()> displayChanged = [] {};
+  /// The user, or a command, changed the document. Loading never does, nor does setting the body.
+  std::function<void()> changed = [] {};
+  /// The user asked for the context menu at this point of the surface.
+  std::function<void(int x, int y)> showContextMenu = [](int, int) {};
+  /// A picture was pasted: keeps its bytes, and answers with the reference under which the page shows it, or nothing to refuse.
+  std::function<std::optional<std::string>(std::string_view bytes, std::string_view mimeType)> storePicture =
+      [](std::string_view, std::string_view) { return std::nullopt; };
+  /// The surface had broken down and shows the document again as it last knew it; the selection and what could be undone are
+  /// lost.
+  std::function<void()> restored = [] {};
+};
+
+struct FontChoice {
+  std::string name;
+  /// 1 to 7; empty leaves it.
+  std::string size;
+};
+
+/// What a surface asks the user in the course of commands that are run with a prompt. No answer: the command is not run.
+struct SurfacePrompts {
+  std::function<std::optional<std::string>(std::string_view present)> link = [](std::string_view) { return std::nullopt; };
+  std::function<std::optional<std::string>(std::string_view present)> picture = [](std::string_view) { return std::nullopt; };
+  std::function<std::optional<FontChoice>(const FontChoice& present)> font = [](const FontChoice&) { return std::nullopt; };
+  std::function<std::optional<std::string>(std::string_view present)> searchText = [](std::string_view) { return std::nullopt; };
+};
+
+enum class Prompt { None, Ask };
+
+/// `Control`: one picture or another element that is selected as a whole.
+enum class SelectionType { None, Text, Control };
+
+/// A table to insert. Attributes are HTML text as it stands inside a tag.
+struct NewTable {
+  int rows = 3;
+  int columns = 3;
+  std::string tableAttributes = "border=1 cellpadding=1 cellspacing=1 width=75%";
+  std::string cellAttributes = {};
+  std::string caption = {};
+};
 
 /// The document in which a page is edited as it will look. Its HTML has CR LF line ends.
 class EditingSurface {
 public:
   virtual ~EditingSurface() = default;
+
+  /// Replaces what is told to the owner, and what the user is asked.
+  virtual void setEvents(SurfaceEvents events) = 0;
+  virtual void setPrompts(SurfacePrompts prompts) = 0;
+
+  /// Directory of the site in the system's form: relative references of the page start there.
+  virtual void setSiteDirectory(std::string_view directory) = 0;
 
   /// Sets a whole document's text; busy() until it is loaded.
   virtual void setDocumentHtml(std::string_view html) = 0;
@@ -17,14 +72,41 @@ public:
   virtual bool busy() const = 0;
 
   virtual std::string bodyInnerHtml() const = 0;
+  /// As the first text of a document it belongs to the loading; later it can be undone.
   virtual void setBodyInnerHtml(std::string_view html) = 0;
+
+  /// Colours as "#rrggbb" and style rules that the document is shown with. They are no part of it, and stay for the next ones.
+  virtual void setDocumentColours(std::string_view background, std::string_view text) = 0;
+  virtual void setStyleRules(std::string_view css) = 0;
 
   /// Empties the selection; the cursor stays.
   virtual void clearSelection() = 0;
+  virtual SelectionType selectionType() const = 0;
+  virtual std::string selectedText() const = 0;
+  /// Replaces the selection. False when it is a control selection, which has no text.
+  virtual bool pasteHtml(std::string_view html) = 0;
   /// Text of the element around the cursor, or of its parent, if it has the id.
   virtual std::optional<std::string> textAroundCursor(std::string_view elementId) const = 0;
   /// Text of the first element of the document with the id.
   virtual std::optional<std::string> textOfElement(std::string_view elementId) const = 0;
+
+  /// Runs a command of `ui::command`. The argument is a colour, a font, a size, the name of a block format, a reference, a text
+  /// to find. False when the command could not be run.
+  virtual bool execCommand(int command, Prompt prompt = Prompt::None, std::string_view argument = {}) = 0;
+  /// Whether the command can be run on the selection, and what it would find; see `ui::command`.
+  virtual int queryStatus(int command) const = 0;
+  /// What a command that gets or sets something finds at the selection: font name, size 1 to 7, colour, name of the block
+  /// format, reference of a link or picture. Empty when the selection has several or none.
+  virtual std::string commandValue(int command) const = 0;
+  /// Names of the block formats, in the order of the menu that shows them.
+  virtual std::vector<std::string> blockFormatNames() const = 0;
+  virtual bool insertTable(const NewTable& table) = 0;
+
+  /// Lines around tables and cells that have none; marks for what a page holds and does not show.
+  virtual bool showBorders() const = 0;
+  virtual void setShowBorders(bool show) = 0;
+  virtual bool showDetails() const = 0;
+  virtual void setShowDetails(bool show) = 0;
 
   virtual void setFocus() = 0;
 };

@@ -4,12 +4,16 @@
 
 namespace mrd::ui {
 
-/// Opens files with the program that the user's desktop has for them.
+/// Opens things with the programs that the user's desktop has for them.
 class Shell {
 public:
   virtual ~Shell() = default;
   /// `path` in the system's form.
   virtual void open(std::string_view path) = 0;
+  /// An address with its scheme ("mailto:", "http:").
+  virtual void openAddress(std::string_view) {}
+  /// Starts the desktop's tool that describes the computer; false where there is none.
+  virtual bool openSystemInformation() { return false; }
 };
 
 } // namespace mrd::ui

@@ -16,7 +16,7 @@ struct ControlTexts {
 };
 
 /// Every operation throws base::Error (ControlNotFound) for a control that the window lacks. `index` is the element of a control
-/// array, empty for a single control.
+/// array, empty for a single control. No event of a control follows from any of them.
 class WindowControls {
 public:
   virtual ~WindowControls() = default;
@@ -32,7 +32,17 @@ public:
   virtual void setCurrentTab(std::string_view control, int page) = 0;
   /// Texts of the tab control's current page.
   virtual void setCurrentTabTexts(std::string_view control, const ControlTexts& texts) = 0;
+  /// The language menu is asked for by the code of the language: the case of the name does not count.
   virtual void setMenuChecked(std::string_view menu, bool checked) = 0;
+
+  /// Texts of any page of a tab control; the current page stays.
+  virtual void setTabTexts(std::string_view control, int page, const ControlTexts& texts)
+  {
+    const int kept = currentTab(control);
+    setCurrentTab(control, page);
+    setCurrentTabTexts(control, texts);
+    setCurrentTab(control, kept);
+  }
 };
 
 } // namespace mrd::ui

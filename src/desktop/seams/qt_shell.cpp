@@ -1,0 +1,44 @@
+#include "desktop/seams/qt_shell.h"
+
+#include "desktop/seams/shown_text.h"
+#include "platform/files/path.h"
+
+#include <QDesktopServices>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QUrl>
+
+#include <array>
+
+namespace mrd::desktop {
+namespace {
+
+struct Tool {
+  const char* program;
+  const char* argument;
+};
+/// The desktops' own tools that describe the computer, the first one found counts.
+constexpr std::array kInformationTools{Tool{"kinfocenter", nullptr},      Tool{"gnome-control-center", "info-overview"},
+                                       Tool{"cinnamon-settings", "info"}, Tool{"mate-about", nullptr},
+                                       Tool{"hardinfo", nullptr},         Tool{"xfce4-about", nullptr}};
+
+} // namespace
+
+void QtShell::open(std::string_view path)
+{
+  QDesktopServices::openUrl(QUrl::fromLocalFile(shown(files::nativePath(path).string())));
+}
+
+void QtShell::openAddress(std::string_view address) { QDesktopServices::openUrl(QUrl(shown(address))); }
+
+bool QtShell::openSystemInformation()
+{
+  for (const auto& tool : kInformationTools) {
+    const QString program = QStandardPaths::findExecutable(tool.program);
+    if (!program.isEmpty())
+      return QProcess::startDetached(program, tool.argument ? QStringList(tool.argument) : QStringList());
+  }
+  return false;
+}
+
+} // namespace mrd::desktop

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "mainform/about.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class frmAbout;
+}
+
+namespace mrd::desktop {
+
+class FrmAboutWindow : public QDialog {
+public:
+  explicit FrmAboutWindow(mainform::frmAbout& form, QWidget* parent = nullptr);
+  ~FrmAboutWindow() override;
+
+private:
+  mainform::frmAbout& form_;
+  std::unique_ptr<Ui::frmAbout> ui_;
+};
+
+} // namespace mrd::desktop

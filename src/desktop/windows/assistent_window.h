@@ -1,0 +1,31 @@
+#pragma once
+
+#include "desktop/seams/qt_controls.h"
+#include "mainform/assistant.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class FrmAssistent;
+}
+
+namespace mrd::desktop {
+
+class FrmAssistentWindow : public QDialog {
+public:
+  explicit FrmAssistentWindow(mainform::FrmAssistent& form, QWidget* parent = nullptr);
+  ~FrmAssistentWindow() override;
+
+private:
+  void connectControls();
+  void showGuide();
+  void refresh();
+
+  mainform::FrmAssistent& form_;
+  std::unique_ptr<Ui::FrmAssistent> ui_;
+  bool showing_ = false;
+};
+
+} // namespace mrd::desktop

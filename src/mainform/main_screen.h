@@ -1,0 +1,58 @@
+#pragma once
+// The main window and the dialogs over it as the core drives them: on a screen, or by a test.
+
+#include "generator/html_export.h"
+#include "pagetree/page_move.h"
+#include "platform/ui/window_controls.h"
+
+namespace mrd::mainform {
+
+class FrmAssistent;
+class frmAbout;
+
+/// Place and size of the main window and its splitter, in twips, as a user's settings keep them.
+struct Placement {
+  int MainLeft = 1000, MainTop = 1000, MainWidth = 6500, MainHeight = 6500;
+  int picSplitterLeft = 2000;
+
+  bool operator==(const Placement&) const = default;
+};
+
+/// Groups of values of the main window's form objects that change together.
+enum class Shown {
+  Page,     ///< `pages().fields`, the window's caption, the selected page type
+  Settings, ///< all of `settings().fields()`
+  Colours,  ///< the colours of swatches and previews, the framed swatch
+  Tabs,     ///< `tabs().TabTree` and `tabs().tabHtml`
+  Tools,    ///< states of Toolbar1, the two font boxes, captions of `FormatSub`
+  Caption,  ///< the window's caption alone
+};
+
+/// The window `Mainform`. What it shows of controls by name goes through ui::WindowControls; the rest is read from the form
+/// objects when refresh() asks for it.
+class MainScreen : public ui::WindowControls {
+public:
+  virtual void place(const Placement& placement) = 0;
+  virtual Placement placement() const = 0;
+  virtual bool isMinimised() const = 0;
+  /// Width inside the borders, in twips.
+  virtual int innerWidth() const = 0;
+  virtual void show() = 0;
+  virtual void refresh(Shown what) = 0;
+  /// Closes the window without a further question, which leads to Form_Unload.
+  virtual void unload() = 0;
+  /// Closes every other window, from the last to the first.
+  virtual void unloadOtherWindows() = 0;
+};
+
+/// Shows form objects in their windows and returns when these are closed.
+class Dialogs {
+public:
+  virtual ~Dialogs() = default;
+  virtual void showModal(FrmAssistent& form) = 0;
+  virtual void showModal(frmAbout& form) = 0;
+  virtual void showModal(pagetree::frmMove1& form) = 0;
+  virtual void showModal(generator::frmHTMLExport& form) = 0;
+};
+
+} // namespace mrd::mainform

@@ -1,0 +1,148 @@
+#include "mainform/menu_table.h"
+
+#include <array>
+
+namespace mrd::mainform {
+namespace {
+
+constexpr std::string_view kSeparator = "-";
+
+constexpr std::array kMenuEntries{
+    MenuEntry{"", "File", {}, "&File"},
+    MenuEntry{"File", "FileNew", {}, "&New HTML File"},
+    MenuEntry{"File", "FileOpen", {}, "&Open HTML File"},
+    MenuEntry{"File", "FileSave", {}, "&Save HTML File"},
+    MenuEntry{"File", "FileSaveAs", {}, "Save HTML File &As..."},
+    MenuEntry{"File", "NewProject", {}, "New Project"},
+    MenuEntry{"File", "OpenProject", {}, "Open Project"},
+    MenuEntry{"File", "FileExit", {}, "E&xit"},
+
+    MenuEntry{"", "Edit", {}, "&Edit"},
+    MenuEntry{"Edit", "editsub", 0, "Undo", false},
+    MenuEntry{"Edit", "editsub", 1, "Redo", false},
+    MenuEntry{"Edit", "editsub", 2, kSeparator, false},
+    MenuEntry{"Edit", "editsub", 3, "Cut", false},
+    MenuEntry{"Edit", "editsub", 4, "Copy", false},
+    MenuEntry{"Edit", "editsub", 5, "Paste", false},
+    MenuEntry{"Edit", "editsub", 6, "Select All", false},
+    MenuEntry{"Edit", "editsub", 7, kSeparator, false},
+    MenuEntry{"Edit", "editsub", 8, "Find Text"},
+    MenuEntry{"Edit", "editsub", 9, kSeparator, false},
+    MenuEntry{"Edit", "editsub", 10, "Snap To Grid", false},
+    MenuEntry{"Edit", "editsub", 11, "Replace", false},
+
+    MenuEntry{"", "View", {}, "&View"},
+    MenuEntry{"View", "ViewSub", 0, "Borders"},
+    MenuEntry{"View", "ViewSub", 1, "Document Details"},
+
+    MenuEntry{"", "Seite", {}, "&Page"},
+    MenuEntry{"Seite", "SeiteSub", 0, "new"},
+    MenuEntry{"Seite", "SeiteSub", 1, "delete"},
+    MenuEntry{"Seite", "SeiteSub", 2, "Seitenvorschau"},
+
+    MenuEntry{"", "pix", {}, "&pix"},
+    MenuEntry{"pix", "pixsub", 0, "ein Bild einfügen", false},
+    MenuEntry{"pix", "pixsub", 1, "für jedes Bild eine Seite erzeugen", false},
+    MenuEntry{"pix", "pixsub", 2, "mehrere Bilder auf dieser Seite einfügen", false},
+    MenuEntry{"pix", "pixsub", 3, "Thumbnails/Vorschaubilder erstellen", false},
+    MenuEntry{"pix", "pixsub", 4, "alle Vorschaubilder neu erstellen", false},
+    MenuEntry{"pix", "mnupixSchatten", {}, "Schatten für alle Bilder der Seite", false},
+
+    MenuEntry{"", "net", {}, "&net"},
+    MenuEntry{"net", "NetSub", 0, "move pages to Internet"},
+
+    MenuEntry{"", "Insert1", {}, "&Insert"},
+    MenuEntry{"Insert1", "InsertSub1", 0, "Picture...", false},
+    MenuEntry{"Insert1", "InsertSub1", 1, "Anchor...", false},
+    MenuEntry{"Insert1", "InsertSub1", 2, "Button", false},
+    MenuEntry{"Insert1", "InsertSub1", 3, "HTML", false},
+    MenuEntry{"Insert1", "InsertSub1", 4, "Marquee", false},
+    MenuEntry{"Insert1", "InsertSub1", 5, "12pt", false},
+
+    MenuEntry{"", "Format", {}, "F&ormat"},
+    MenuEntry{"Format", "FormatSub", 0, "", false},
+    MenuEntry{"Format", "FormatSub", 1, "", false},
+    MenuEntry{"Format", "FormatSub", 2, "", false},
+    MenuEntry{"Format", "FormatSub", 3, "", false},
+    MenuEntry{"Format", "FormatSub", 4, "", false},
+    MenuEntry{"Format", "FormatSub", 5, "", false},
+    MenuEntry{"Format", "FormatSub", 6, "", false},
+    MenuEntry{"Format", "FormatSub", 7, "", false},
+    MenuEntry{"Format", "FormatSub", 8, "", false},
+    MenuEntry{"Format", "FormatSub", 9, "", false},
+    MenuEntry{"Format", "FormatSub", 10, "", false},
+    MenuEntry{"Format", "FormatSub", 11, "", false},
+    MenuEntry{"Format", "FormatSub", 12, "", false},
+    MenuEntry{"Format", "FormatSub", 13, "", false},
+    MenuEntry{"Format", "FormatSub", 14, "", false},
+    MenuEntry{"Format", "FormatSub", 15, "", false},
+
+    MenuEntry{"", "Table", {}, "T&able"},
+    MenuEntry{"Table", "TableSub", 0, "Insert Table...", false},
+    MenuEntry{"Table", "TableSub", 1, kSeparator, false},
+    MenuEntry{"Table", "TableSub", 2, "Insert Row", false},
+    MenuEntry{"Table", "TableSub", 3, "Insert Column", false},
+    MenuEntry{"Table", "TableSub", 4, "Insert Cell", false},
+    MenuEntry{"Table", "TableSub", 5, kSeparator, false},
+    MenuEntry{"Table", "TableSub", 6, "Delete Rows", false},
+    MenuEntry{"Table", "TableSub", 7, "Delete Columns", false},
+    MenuEntry{"Table", "TableSub", 8, "Delete Cells", false},
+    MenuEntry{"Table", "TableSub", 9, kSeparator, false},
+    MenuEntry{"Table", "TableSub", 10, "Merge Cells", false},
+    MenuEntry{"Table", "TableSub", 11, "Split Cell", false},
+    MenuEntry{"Table", "mnuTableProperties", {}, "Tabelleneigenschaften", false},
+    MenuEntry{"Table", "D2D", {}, "Positioning"},
+    MenuEntry{"D2D", "D2DSub", 0, "Set Position Attribute To Absolute", false},
+    MenuEntry{"D2D", "D2DSub", 1, "Bring To Front", false},
+    MenuEntry{"D2D", "D2DSub", 2, "Send To Back", false},
+    MenuEntry{"D2D", "D2DSub", 3, "Bring Forward", false},
+    MenuEntry{"D2D", "D2DSub", 4, "Send Back", false},
+    MenuEntry{"D2D", "D2DSub", 5, "Bring Above Text", false},
+    MenuEntry{"D2D", "D2DSub", 6, "Send Below Text", false},
+    MenuEntry{"D2D", "D2DSub", 7, kSeparator, false},
+    MenuEntry{"D2D", "D2DSub", 8, "Lock Element", false},
+
+    MenuEntry{"", "Extras", {}, "E&xtras"},
+    MenuEntry{"Extras", "mnuShop", {}, "Shop ...", false},
+
+    MenuEntry{"", "Language", {}, "&Language"},
+    MenuEntry{"Language", "eng", {}, "&English"},
+    MenuEntry{"Language", "GER", {}, "&Deutsch"},
+
+    MenuEntry{"", "Help1", {}, "&?"},
+    MenuEntry{"Help1", "HelpSub1", 0, "&Hilfe"},
+    MenuEntry{"Help1", "HelpSub1", 3, "Assistent"},
+    MenuEntry{"Help1", "HelpSub1", 4, "About MRD..."},
+    MenuEntry{"Help1", "mnuTest", {}, "Test", false},
+};
+
+constexpr std::array kToolButtons{
+    ToolButton{"Toolbar1", "Bold", "fett"},
+    ToolButton{"Toolbar1", "Italic", "kursiv"},
+    ToolButton{"Toolbar1", "Underline", "unterstrichen"},
+    ToolButton{"Toolbar1", "Numbers", "nummerierte Liste"},
+    ToolButton{"Toolbar1", "Bullets", "Aufzählung"},
+    ToolButton{"Toolbar1", "Outdent", "Einzug verkleinern"},
+    ToolButton{"Toolbar1", "Indent", "Einzug vergrößern"},
+    ToolButton{"Toolbar1", "LeftJustify", "linksbündig"},
+    ToolButton{"Toolbar1", "Center", "zentriert"},
+    ToolButton{"Toolbar1", "RightJustify", "rechtsbündig"},
+    ToolButton{"Toolbar1", "Color", "Schriftfarbe"},
+    ToolButton{"Toolbar2", "seitespeichern", "die Seite speichern"},
+    ToolButton{"Toolbar2", "seitelöschen", "die Seite löschen"},
+    ToolButton{"Toolbar2", "seiteneu", "eine neue Seite anlegen"},
+    ToolButton{"Toolbar2", "html", "HTML-Seiten erzeugen und ins Internet stellen"},
+    ToolButton{"Toolbar2", "seitenvorschau", "die Seite im Browser ansehen"},
+    ToolButton{"Toolbar3", "pix_eins", "ein Bild einfügen", false},
+    ToolButton{"Toolbar3", "pix_eigene", "für jedes Bild eine Seite erzeugen", false},
+    ToolButton{"Toolbar3", "pix_mehrere", "mehrere Bilder auf dieser Seite einfügen", false},
+    ToolButton{"Toolbar3", "pix_thumbs", "Thumbnails/Vorschaubilder erstellen", false},
+};
+
+} // namespace
+
+std::span<const MenuEntry> menuEntries() { return kMenuEntries; }
+
+std::span<const ToolButton> toolButtons() { return kToolButtons; }
+
+} // namespace mrd::mainform

@@ -1,0 +1,153 @@
+#include "desktop/windows/desk.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QPushButton>
+#include <QTest>
+
+#include <algorithm>
+
+namespace mrd::desktop {
+
+bool comesTrue(const std::function<bool()>& condition, int milliseconds)
+{
+  QElapsedTimer clock;
+  clock.start();
+  while (!condition() && clock.elapsed() < milliseconds)
+    letPass(5);
+  return condition();
+}
+
+void letPass(int milliseconds)
+{
+  QEventLoop loop;
+  QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
+Answers::Answers()
+{
+  constexpr int kLookMilliseconds = 10;
+  QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
+  timer_.start(kLookMilliseconds);
+}
+
+void Answers::look()
+{
+  QWidget* const shown = QApplication::activeModalWidget();
+  if (!shown || !shown->isVisible()) {
+    answered_ = nullptr;
+    return;
+  }
+  if (shown == answered_)
+    return;
+  answered_ = shown;
+  if (auto* const box = qobject_cast<QMessageBox*>(shown))
+    return answer(*box);
+  auto* const dialog = qobject_cast<QDialog*>(shown);
+  if (!dialog)
+    return;
+  dialogTitles.push_back(dialog->windowTitle().toStdString());
+  if (dialogs.empty())
+    return dialog->reject();
+  const auto act = dialogs.front();
+  dialogs.pop_front();
+  act(*dialog);
+}
+
+void Answers::answer(QMessageBox& box)
+{
+  boxes.push_back(box.text().toStdString());
+  QAbstractButton* chosen = box.defaultButton();
+  if (!buttons.empty()) {
+    const auto name = QStringLiteral("button_%1").arg(static_cast<int>(buttons.front()));
+    buttons.pop_front();
+    if (auto* const named = box.findChild<QAbstractButton*>(name))
+      chosen = named;
+  }
+  answered_ = nullptr;
+  chosen->click();
+}
+
+ProgramHome::ProgramHome()
+{
+  namespace fs = std::filesystem;
+  for (const auto& entry : fs::directory_iterator(MRD_PROGRAM_DIR))
+    if (const auto name = entry.path().filename(); name != "mirandel" && name != "mrd" && name.extension() != ".INI")
+      fs::copy(entry.path(), directory.native() / name, fs::copy_options::recursive);
+}
+
+std::string ProgramHome::iniValue(std::string_view section, std::string_view key) const
+{
+  return paths::LeseIni(section, key, paths::ProgramFiles(directory.path()).iniFile());
+}
+
+void ProgramHome::setIniValue(std::string_view section, std::string_view key, std::string_view value) const
+{
+  paths::SchreibeIni(section, key, value, paths::ProgramFiles(directory.path()).iniFile());
+}
+
+Desk::Desk(ProgramHome& programHome)
+    : home(programHome), userSettings(programHome.userSettingsFile()),
+      program_(std::make_unique<mainform::Program>(paths::ProgramFiles(programHome.directory.path()), clock_, ui_)),
+      window_(std::make_unique<MainformWindow>(*program_, ui_, userSettings))
+{
+  ui_.setLanguage([this] { return program_->language.Sprache(); });
+}
+
+Desk::~Desk()
+{
+  if (window_->isVisible())
+    window_->close();
+}
+
+bool Desk::start()
+{
+  constexpr int kActiveMilliseconds = 1000;
+  const bool open = window_->start();
+  // Where no window manager does it, the window has to ask for the keyboard.
+  window_->activateWindow();
+  comesTrue([this] { return window_->isActiveWindow(); }, kActiveMilliseconds);
+  settle();
+  return open;
+}
+
+void Desk::settle()
+{
+  constexpr int kMomentMilliseconds = 60;
+  comesTrue([this] { return !surface().busy(); });
+  letPass(kMomentMilliseconds);
+}
+
+QTreeWidgetItem* Desk::node(const std::string& key)
+{
+  for (QTreeWidgetItemIterator item(&tree()); *item; ++item)
+    if (PageTree::keyOf(**item) == key)
+      return *item;
+  return nullptr;
+}
+
+void Desk::clickNode(const std::string& key)
+{
+  tree().scrollToItem(node(key));
+  QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, tree().visualItemRect(node(key)).center());
+  settle();
+}
+
+void Desk::dragNode(const std::string& from, const std::string& to)
+{
+  QWidget* const view = tree().viewport();
+  QTest::mousePress(view, Qt::LeftButton, {}, tree().visualItemRect(node(from)).center());
+  settle();
+  const QPoint target = tree().visualItemRect(node(to)).center();
+  // The first move starts the drag, the second finds the target.
+  for (int step = 0; step < 2; ++step) {
+    QMouseEvent move(QEvent::MouseMove, target, view->mapToGlobal(target), Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(view, &move);
+  }
+  QTest::mouseRelease(view, Qt::LeftButton, {}, target);
+  settle();
+}
+
+} // namespace mrd::desktop

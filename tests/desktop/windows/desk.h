@@ -1,0 +1,93 @@
+#pragma once
+// The program at its desk: a program directory and settings of its own, the main window on the screen, and a user who answers
+// boxes.
+
+#include "desktop/editing/web_editing_surface.h"
+#include "desktop/seams/qt_ui.h"
+#include "desktop/windows/mainform_window.h"
+#include "support/temporary.h"
+
+#include <QMessageBox>
+#include <QTimer>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace mrd::desktop {
+
+/// Lets events run until it is so; false when that takes too long.
+bool comesTrue(const std::function<bool()>& condition, int milliseconds = 10000);
+void letPass(int milliseconds);
+
+/// Answers every message box and dialog as soon as it is on the screen.
+class Answers {
+public:
+  Answers();
+
+  /// Answers for the boxes to come, in their order; a box without one gets its default button.
+  std::deque<ui::Button> buttons;
+  /// Texts of the boxes that came.
+  std::vector<std::string> boxes;
+  /// What is done with the dialogs that come, in their order; one without gets the Escape key.
+  std::deque<std::function<void(QDialog&)>> dialogs;
+  /// Titles of the dialogs that came.
+  std::vector<std::string> dialogTitles;
+
+private:
+  void look();
+  void answer(QMessageBox& box);
+
+  QTimer timer_;
+  QWidget* answered_ = nullptr;
+};
+
+/// The program directory as it was built, for one test.
+class ProgramHome {
+public:
+  ProgramHome();
+
+  support::TemporaryDirectory directory;
+  std::string iniValue(std::string_view section, std::string_view key) const;
+  void setIniValue(std::string_view section, std::string_view key, std::string_view value) const;
+  std::string userSettingsFile() const { return (directory.native() / "settings.ini").string(); }
+};
+
+/// One run of the program.
+class Desk {
+public:
+  explicit Desk(ProgramHome& home);
+  ~Desk();
+
+  /// Starts as the program does, and waits until the page is there.
+  bool start();
+  void settle();
+
+  MainformWindow& window() { return *window_; }
+  mainform::Mainform& form() { return window_->form(); }
+  template <class Widget>
+  Widget& find(const char* name)
+  {
+    return *window_->findChild<Widget*>(QString::fromUtf8(name));
+  }
+  QAction& action(const char* name) { return find<QAction>(name); }
+  WebEditingSurface& surface() { return find<WebEditingSurface>("DHTMLEdit1"); }
+  PageTree& tree() { return find<PageTree>("TreeView1"); }
+  QTreeWidgetItem* node(const std::string& key);
+  void clickNode(const std::string& key);
+  void dragNode(const std::string& from, const std::string& to);
+
+  ProgramHome& home;
+  Answers answers;
+  files::UserSettings userSettings;
+
+private:
+  base::SystemClock clock_;
+  QtUi ui_;
+  std::unique_ptr<mainform::Program> program_;
+  std::unique_ptr<MainformWindow> window_;
+};
+
+} // namespace mrd::desktop

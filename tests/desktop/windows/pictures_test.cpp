@@ -1,0 +1,209 @@
+// Pictures of every window and every tab, in both languages, light and dark, for people to look at.
+
+#include "desktop/editing/web_editing_surface.h"
+#include "desktop/looks/theme.h"
+#include "desktop/windows/desk.h"
+#include "desktop/windows/startbild_window.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTabWidget>
+
+#include <gtest/gtest.h>
+
+namespace mrd::desktop {
+namespace {
+
+constexpr int kSourcePage = 1, kExportPage = 4;
+
+struct Look {
+  const char* language;
+  Theme theme;
+};
+
+std::string nameOf(const Look& look) { return std::string(look.language) + (look.theme == Theme::Light ? "-light" : "-dark"); }
+
+void save(QWidget& window, const Look& look, const std::string& name)
+{
+  const QString folder = QStringLiteral(MRD_PICTURES);
+  ASSERT_TRUE(QDir().mkpath(folder));
+  constexpr int kPaintMilliseconds = 120, kSmallest = 0;
+  letPass(kPaintMilliseconds);
+  ASSERT_TRUE(window.grab().save(folder + QString::fromStdString("/" + name + "-" + nameOf(look) + ".png"), "PNG", kSmallest));
+}
+
+/// A small site with pictures, as its owner would have it.
+class Site {
+public:
+  Site()
+      : project_({{"00", "Möwe & Meer", html("Möwe & Meer", "willkommen")},
+                  {"01", "Am Strand", html("Am Strand", "strand")},
+                  {"0101", "Ebbe", html("Ebbe", "ebbe")},
+                  {"0102", "Flut", html("Flut", "flut")},
+                  {"02", "Im Hafen", html("Im Hafen", "hafen")},
+                  {"03", "Wetter", html("Wetter", "wetter"), "http://www.wetter.example", 2},
+                  {"04", "Versteckt", html("Versteckt", "versteckt"), std::nullopt, 3},
+                  {"05", "Angebot", html("Angebot", "angebot"), std::nullopt, 4}})
+  {
+    const auto site = project_.directory().native() / "site";
+    std::filesystem::create_directories(site / "pix");
+    for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(MRD_SOURCE_DIR) / "demo" / "pix"))
+      if (entry.path().extension() == ".jpg" && picture_.empty()) {
+        picture_ = entry.path().filename().string();
+        std::filesystem::copy_file(entry.path(), site / "pix" / picture_);
+      }
+    const std::string picture = "<p align=center><img src=\"file://" + (site / "pix" / picture_).string() + "\" width=420></p>";
+    project_.db().execute("UPDATE Seite SET html = ? WHERE ID = '01'", {html("Am Strand", "strand") + picture});
+    project_.setSetting("Exportpfad", project_.directory().path() + "\\site\\");
+    project_.setSetting("Titel", "Möwe & Meer");
+    project_.setSetting("grundlayout", "Navigation linke Seite");
+    project_.setSetting("blättern", "0");
+    for (const auto& [key, colour] : {std::pair{"Textfarbe", "203040"},
+                                      {"Menütextfarbe", "f0f4f8"},
+                                      {"Tabellenfarbe", "2b6777"},
+                                      {"Menüaktivfarbe", "ffd166"},
+                                      {"Hyperlink", "2b6777"},
+                                      {"Hintergrundfarbe", "ffffff"},
+                                      {"Hintergrundfarbeaussen", "e7eef0"},
+                                      {"Rahmeninaktivfarbe", "7aa5b0"}})
+      project_.setSetting(key, colour);
+    project_.setSetting("rundeEcke", "1");
+    project_.setSetting("LastActivePage", "01");
+    project_.db().execute("UPDATE Seite SET expanded = TRUE WHERE ID = '01'");
+  }
+
+  std::string file() const { return project_.file(); }
+
+private:
+  static std::string html(const std::string& heading, const std::string& word)
+  {
+    return "<h3 align=center id=\"ueberschrift\">" + heading + "</h3>\r\n<p>Der Wind kommt von Westen, und die Möwen stehen " +
+           "über dem Wasser (" + word + ").</p>\r\n<ul><li>Muscheln sammeln</li><li>Schiffe zählen</li></ul>\r\n";
+  }
+
+  support::TemporaryProject project_;
+  std::string picture_;
+};
+
+class Pictures : public testing::TestWithParam<Look> {
+protected:
+  Pictures()
+  {
+    applyTheme(*qApp, GetParam().theme);
+    home.setIniValue("LastFile", "File1", site.file());
+    home.setIniValue("Language", "Lang", GetParam().language);
+    files::UserSettings settings(home.userSettingsFile());
+    for (const auto& [key, twips] : {std::pair{"MainLeft", "0"},
+                                     {"MainTop", "0"},
+                                     {"MainWidth", "17700"},
+                                     {"MainHeight", "12000"},
+                                     {"picSplitterLeft", "3600"},
+                                     {"Assistent", "nein"}})
+      settings.setValue("Settings", key, twips);
+  }
+
+  Site site;
+  ProgramHome home;
+};
+
+TEST_P(Pictures, of_the_main_window_and_its_tabs)
+{
+  Desk desk(home);
+  ASSERT_TRUE(desk.start());
+  auto& tabs = desk.find<QTabWidget>("tabHtml");
+  letPass(500);
+  for (int page = 0; page < tabs.count(); ++page) {
+    tabs.setCurrentIndex(page);
+    desk.settle();
+    // The help shows paths as users have them, and not those of a test.
+    if (page == kSourcePage || page == kSourcePage + 1)
+      desk.clickNode(page == kSourcePage ? "@02" : "@01");
+    if (page == kExportPage)
+      desk.find<QLineEdit>("tbpfadexport").setText("/home/anna/website/");
+    save(desk.window(), GetParam(), "mainform-" + std::to_string(page));
+  }
+  auto& layouts = desk.find<QComboBox>("ComboGrundlayout");
+  tabs.setCurrentIndex(3);
+  for (const int layout : {1, 2, 3, 4}) {
+    layouts.setCurrentIndex(layout);
+    emit layouts.activated(layout);
+    desk.settle();
+    save(desk.window(), GetParam(), "mainform-layout" + std::to_string(layout));
+  }
+  desk.clickNode("@05");
+  tabs.setCurrentIndex(2);
+  desk.settle();
+  save(desk.window(), GetParam(), "mainform-auction");
+  tabs.setCurrentIndex(0);
+  desk.find<QTabWidget>("TabTree").setCurrentIndex(1);
+  desk.settle();
+  save(desk.window(), GetParam(), "mainform-head");
+  desk.find<QTabWidget>("TabTree").setCurrentIndex(0);
+  desk.window().resize(433, 433);
+  desk.settle();
+  save(desk.window(), GetParam(), "mainform-small");
+  EXPECT_TRUE(desk.answers.boxes.empty()) << desk.answers.boxes.front();
+}
+
+TEST_P(Pictures, of_the_dialogs)
+{
+  Desk desk(home);
+  ASSERT_TRUE(desk.start());
+  const Look look = GetParam();
+  desk.answers.dialogs.push_back([&](QDialog& dialog) {
+    auto& tabs = *dialog.findChild<QTabWidget*>("TabAssistent");
+    for (int page = 0; page < tabs.count(); ++page) {
+      tabs.setCurrentIndex(page);
+      save(dialog, look, "assistent-" + std::to_string(page));
+    }
+    dialog.reject();
+  });
+  desk.action("HelpSub1_3").trigger();
+  desk.answers.dialogs.push_back([&](QDialog& dialog) {
+    save(dialog, look, "about");
+    dialog.reject();
+  });
+  desk.action("HelpSub1_4").trigger();
+  desk.answers.dialogs.push_back([&](QDialog& dialog) {
+    save(dialog, look, "move");
+    dialog.reject();
+  });
+  desk.dragNode("@02", "@01");
+  desk.answers.dialogs.push_back([&](QDialog& dialog) {
+    save(dialog, look, "html-export");
+    dialog.findChild<QAbstractButton*>("cbHTML")->click();
+    save(dialog, look, "html-export-done");
+    dialog.reject();
+  });
+  desk.action("html").trigger();
+  EXPECT_EQ(desk.answers.dialogTitles.size(), 4U);
+}
+
+TEST_P(Pictures, of_menus_and_the_opening_picture)
+{
+  Desk desk(home);
+  ASSERT_TRUE(desk.start());
+  for (const auto* const name :
+       {"File", "Edit", "View", "Seite", "pix", "net", "Insert1", "Format", "Table", "D2D", "Extras", "Language", "Help1"}) {
+    auto& menu = desk.find<QMenu>(name);
+    menu.popup(desk.window().mapToGlobal(QPoint(40, 60)));
+    save(menu, GetParam(), std::string("menu-") + name);
+    menu.close();
+  }
+  mainform::FrmStartbild form;
+  FrmStartbildWindow splash(form);
+  splash.show();
+  save(splash, GetParam(), "startbild");
+}
+
+INSTANTIATE_TEST_SUITE_P(Looks, Pictures,
+                         testing::Values(Look{"GER", Theme::Light}, Look{"GER", Theme::Dark}, Look{"ENG", Theme::Light},
+                                         Look{"ENG", Theme::Dark}),
+                         [](const auto& look) { return nameOf(look.param).substr(0, 3) + nameOf(look.param).substr(4); });
+
+} // namespace
+} // namespace mrd::desktop
