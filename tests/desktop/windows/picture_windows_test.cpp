@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QDropEvent>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
@@ -471,6 +472,31 @@ TEST_F(PictureWindows, give_the_pictures_of_a_page_shadows_that_the_editor_shows
   desk->settle();
   EXPECT_THAT(desk->surface().bodyInnerHtml(), HasSubstr("a_shd.jpg"));
   EXPECT_TRUE(std::filesystem::exists(project.directory().native() / "site/pix/a_shd.jpg"));
+}
+
+TEST_F(PictureWindows, put_one_picture_where_the_cursor_is)
+{
+  photo("a.jpg");
+  desk->answers.dialogs.push_back([this](QDialog& dialog) {
+    auto& files = dynamic_cast<QFileDialog&>(dialog);
+    files.selectFile(QString::fromStdString((project.directory().native() / "fotos/a.jpg").string()));
+    QMetaObject::invokeMethod(&files, "accept");
+  });
+
+  open("pix_eins");
+
+  desk->settle();
+  EXPECT_THAT(desk->surface().bodyInnerHtml(), HasSubstr("src=\"file://" + fotos("a.jpg") + "\""));
+  EXPECT_TRUE(desk->form().pages().PageDirty());
+}
+
+TEST_F(PictureWindows, insert_nothing_when_the_file_dialog_is_cancelled)
+{
+  open("pix_eins");
+
+  EXPECT_EQ(desk->answers.dialogTitles.size(), 1U);
+  EXPECT_THAT(desk->surface().bodyInnerHtml(), Not(HasSubstr("<img")));
+  EXPECT_FALSE(desk->form().pages().PageDirty());
 }
 
 TEST_F(PictureWindows, make_the_same_copies_as_the_command_line)
