@@ -11,7 +11,7 @@ namespace mrd::generator {
 namespace {
 
 /// Changes with every change of what a rewritten body looks like, so that old side files are not taken for new ones.
-constexpr std::string_view kCacheFormat = "bodies 2";
+constexpr std::string_view kCacheFormat = "bodies 3";
 
 /// The directory as a reference, in which some signs would mean something else.
 std::string referenceOf(std::string_view directory)
@@ -99,6 +99,12 @@ std::optional<RewrittenBody> BodyCache::get(const dao::ContentHash& key)
     use.erweiterung = reader.text();
     use.enter = reader.number() != 0;
   }
+  body.open.resize(reader.number());
+  for (auto& reference : body.open) {
+    reference.path = reader.text();
+    reference.written = reader.text();
+    reference.at = reader.number();
+  }
   body.bytes = reader.rest();
   return body;
 }
@@ -115,6 +121,12 @@ void BodyCache::put(const dao::ContentHash& key, const RewrittenBody& body)
     appendText(record, use.name);
     appendText(record, use.erweiterung);
     appendNumber(record, use.enter);
+  }
+  appendNumber(record, body.open.size());
+  for (const auto& reference : body.open) {
+    appendText(record, reference.path);
+    appendText(record, reference.written);
+    appendNumber(record, reference.at);
   }
   record += body.bytes;
   store_.put(key, record);
