@@ -64,6 +64,24 @@ private:
   std::string_view rest_;
 };
 
+void appendUse(std::string& out, const PictureUse& use)
+{
+  appendText(out, use.verzeichnis);
+  appendText(out, use.name);
+  appendText(out, use.erweiterung);
+  appendNumber(out, use.enter);
+}
+
+PictureUse readUse(RecordReader& reader)
+{
+  PictureUse use;
+  use.verzeichnis = reader.text();
+  use.name = reader.text();
+  use.erweiterung = reader.text();
+  use.enter = reader.number() != 0;
+  return use;
+}
+
 } // namespace
 
 RewrittenBody rewriteBody(const BodySource& source)
@@ -93,15 +111,11 @@ std::optional<RewrittenBody> BodyCache::get(const dao::ContentHash& key)
   body.found.slashAppended = reader.number() != 0;
   body.found.dependsOnMissingSlash = reader.number() != 0;
   body.found.uses.resize(reader.number());
-  for (auto& use : body.found.uses) {
-    use.verzeichnis = reader.text();
-    use.name = reader.text();
-    use.erweiterung = reader.text();
-    use.enter = reader.number() != 0;
-  }
+  for (auto& use : body.found.uses)
+    use = readUse(reader);
   body.open.resize(reader.number());
   for (auto& reference : body.open) {
-    reference.path = reader.text();
+    reference.picture = readUse(reader);
     reference.written = reader.text();
     reference.at = reader.number();
   }
@@ -116,15 +130,11 @@ void BodyCache::put(const dao::ContentHash& key, const RewrittenBody& body)
   appendNumber(record, body.found.slashAppended);
   appendNumber(record, body.found.dependsOnMissingSlash);
   appendNumber(record, body.found.uses.size());
-  for (const auto& use : body.found.uses) {
-    appendText(record, use.verzeichnis);
-    appendText(record, use.name);
-    appendText(record, use.erweiterung);
-    appendNumber(record, use.enter);
-  }
+  for (const auto& use : body.found.uses)
+    appendUse(record, use);
   appendNumber(record, body.open.size());
   for (const auto& reference : body.open) {
-    appendText(record, reference.path);
+    appendUse(record, reference.picture);
     appendText(record, reference.written);
     appendNumber(record, reference.at);
   }

@@ -19,12 +19,11 @@ struct BodySource {
 
 /// A picture whose reference is settled when its page is written. Texts are output bytes.
 struct OpenReference {
-  /// Path of the picture; a relative one counts from the directory of the pictures.
-  std::string path;
+  PictureUse picture;
   /// What stands in the page where the picture is not to be had.
   std::string written;
-  /// Where in the body's bytes the reference goes.
-  std::size_t at = 0;
+  /// Where in the body's bytes the reference goes; nowhere for a picture that did not come through into the body.
+  std::size_t at = std::string::npos;
 };
 
 /// A body as it goes out, and what the run has to do for it.

@@ -34,12 +34,12 @@ struct RunJob {
   dao::Database& db;
   std::string DbName;
   /// The shared head, as its editor holds it.
-  std::string head;
+  std::string head = {};
   /// Where the pages go, with a separator at its end; their pictures lie in its `pix`.
   std::string exportpfad;
-  Selection selection;
+  Selection selection = {};
   /// Put before every file name in template layouts.
-  std::string tbNamenszusatz;
+  std::string tbNamenszusatz = {};
   /// Shows how far the run is, in words and in pages of all pages.
   std::function<void(std::string_view)> showState;
   std::function<void(std::size_t, std::size_t)> showProgress = [](std::size_t, std::size_t) {};

@@ -100,7 +100,8 @@ void RowRun::prepare(PendingPage& pending)
     pending.body = pending.future.get();
     cache_.put(*pending.cacheKey, *pending.body);
   }
-  prepareFor(*pending.body);
+  if (staysInDirectory(fileFor(pending.page)))
+    prepareFor(*pending.body);
   pending.isPrepared = true;
 }
 

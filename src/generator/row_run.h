@@ -33,9 +33,9 @@ protected:
   virtual RowLayout layout() const = 0;
   /// All that a body's rewritten form depends on.
   virtual BodySource bodySource(const RunPage& page, const LinkAddresses& addresses) const = 0;
-  /// Called for the pages in their order, as soon as a body is there and before its page's turn.
+  /// Called for the pages in their order, as soon as a body is there and before its page's turn. Not for a refused page.
   virtual void prepareFor(const RewrittenBody&) {}
-  const PageLink& homepage() const { return homepage_; }
+  WorkerPool& workers() { return workers_; }
 
 private:
   /// A page whose body is being rewritten, or has been.

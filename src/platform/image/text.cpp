@@ -1,0 +1,73 @@
+#include "platform/image/image.h"
+
+#include "base/text.h"
+#include "platform/image/library.h"
+#include "platform/image/state.h"
+
+#include <vips/vips8>
+
+#include <algorithm>
+#include <string>
+
+namespace mrd::image {
+namespace {
+
+using vips::VImage;
+
+/// One resolution makes a font's points pixels.
+constexpr int kDotsPerInch = 72;
+/// More letters than any rectangle shows; drawing them all would take as long as the text is.
+constexpr std::size_t kMostLetters = 1000;
+
+/// The library reads markup in texts.
+std::string withoutMarkup(std::string_view text)
+{
+  const std::string plain = base::repairUtf8(base::left(text, kMostLetters));
+  gchar* const escaped = g_markup_escape_text(plain.data(), static_cast<gssize>(plain.size()));
+  std::string result = escaped;
+  g_free(escaped);
+  return result;
+}
+
+/// How much of each pixel a line of text covers, 0 to 255.
+VImage coverage(const std::string& markup, int heightPx)
+{
+  return VImage::text(markup.c_str(),
+                      VImage::option()->set("font", ("sans " + std::to_string(heightPx)).c_str())->set("dpi", kDotsPerInch));
+}
+
+std::uint8_t mixed(std::uint8_t ground, std::uint8_t colour, int share)
+{
+  constexpr int kWhole = 255;
+  return static_cast<std::uint8_t>((ground * (kWhole - share) + colour * share + kWhole / 2) / kWhole);
+}
+
+} // namespace
+
+void Image::drawText(std::string_view text, const Rectangle& bounds, int heightPx, Colour colour)
+{
+  if (text.find_first_not_of(" \t\r\n") == std::string_view::npos)
+    return;
+  Pixels cover;
+  Size size;
+  withLibrary("text", [&] {
+    const auto line = coverage(withoutMarkup(text), heightPx);
+    size = {line.width(), line.height()};
+    std::size_t bytes = 0;
+    cover.reset(static_cast<std::uint8_t*>(line.write_to_memory(&bytes)));
+  });
+  const int top = bounds.top + (bounds.height - size.height) / 2;
+  auto drawn = changeable();
+  for (int y = std::max({0, bounds.top, top}); y < std::min({height(), bounds.top + bounds.height, top + size.height}); ++y)
+    for (int x = std::max(0, bounds.left); x < std::min({width(), bounds.left + bounds.width, bounds.left + size.width}); ++x) {
+      const int share = cover.get()[static_cast<std::size_t>(y - top) * static_cast<std::size_t>(size.width) +
+                                    static_cast<std::size_t>(x - bounds.left)];
+      std::uint8_t* const pixel = drawn->at(x, y);
+      pixel[0] = mixed(pixel[0], colour.red, share);
+      pixel[1] = mixed(pixel[1], colour.green, share);
+      pixel[2] = mixed(pixel[2], colour.blue, share);
+    }
+  state_ = std::move(drawn);
+}
+
+} // namespace mrd::image
