@@ -2,7 +2,7 @@
 # program looks for them. The same script and pictures lie a second time below "hilfe", from where a new export directory
 # and a run take what the program directory's top does not have.
 
-set(MRD_WEB_FILES mrdnav.js picturetransfer.js popupbild.htm)
+set(MRD_WEB_FILES mrdnav.js picturetransfer.js popupbild.htm imode/viewer.html)
 set(MRD_WEB_FILES_OF_HILFE mrdnav.js)
 set(MRD_PIX_FILES
   mrdbanner.gif pixel.gif nav_home.gif nav_links.gif nav_rechts.gif nav_oben.gif nav_top.gif lupe.gif karre.gif)

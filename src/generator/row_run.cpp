@@ -43,10 +43,10 @@ void RowRun::generatePages(dao::Recordset& pages)
     }
     if (!nextTurn())
       return;
-    prepareReadyOnes(ahead);
     generatePage(ahead.front(), assembly, ancestors);
     aheadBytes -= ahead.front().bytes();
     ahead.pop_front();
+    prepareReadyOnes(ahead);
   }
   cache_.flush(!job_.selection.isPreview() && !job_.selection.opneue);
   outcome_.finished = true;
@@ -88,27 +88,25 @@ void RowRun::prepareReadyOnes(std::deque<PendingPage>& ahead)
   for (auto& pending : ahead) {
     if (pending.isWaiting())
       return;
-    prepare(pending);
+    takeBody(pending);
+    if (pending.body && !pending.isPrepared && staysInDirectory(fileFor(pending.page)))
+      prepareFor(*pending.body);
+    pending.isPrepared = true;
   }
 }
 
-void RowRun::prepare(PendingPage& pending)
+void RowRun::takeBody(PendingPage& pending)
 {
-  if (pending.isPrepared || !pending.cacheKey)
+  if (pending.body || !pending.cacheKey)
     return;
-  if (!pending.body) {
-    pending.body = pending.future.get();
-    cache_.put(*pending.cacheKey, *pending.body);
-  }
-  if (staysInDirectory(fileFor(pending.page)))
-    prepareFor(*pending.body);
-  pending.isPrepared = true;
+  pending.body = pending.future.get();
+  cache_.put(*pending.cacheKey, *pending.body);
 }
 
 /// The body as its page takes it.
-void RowRun::takeBody(PendingPage& pending)
+void RowRun::finishBody(PendingPage& pending)
 {
-  prepare(pending);
+  takeBody(pending);
   if (pending.body && pending.body->found.dependsOnMissingSlash && pending.tbbasisurl != fields_.tbbasisurl) {
     // A page in between appended the "/" that this body's links hold.
     pending.tbbasisurl = fields_.tbbasisurl;
@@ -124,7 +122,7 @@ void RowRun::generatePage(PendingPage& pending, PageAssembly& assembly, Ancestor
   if (!output)
     return;
   ancestors.takeUp(page, file);
-  takeBody(pending);
+  finishBody(pending);
   const RewrittenBody* const body = pending.body ? &*pending.body : nullptr;
   if (body == nullptr)
     scriptList_.append(file).append(base::kCrLf);

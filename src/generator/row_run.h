@@ -33,7 +33,7 @@ protected:
   virtual RowLayout layout() const = 0;
   /// All that a body's rewritten form depends on.
   virtual BodySource bodySource(const RunPage& page, const LinkAddresses& addresses) const = 0;
-  /// Called for the pages in their order, as soon as a body is there and before its page's turn. Not for a refused page.
+  /// Called for pages in their order, as soon as a body is there before its page's turn. Not for a refused page.
   virtual void prepareFor(const RewrittenBody&) {}
   WorkerPool& workers() { return workers_; }
 
@@ -62,8 +62,8 @@ private:
   PendingPage begin(RunPage page);
   BodySource bodySource(const PendingPage& pending) const;
   void prepareReadyOnes(std::deque<PendingPage>& ahead);
-  void prepare(PendingPage& pending);
   void takeBody(PendingPage& pending);
+  void finishBody(PendingPage& pending);
   void generatePage(PendingPage& pending, PageAssembly& assembly, Ancestors& ancestors);
   std::string fileFor(const RunPage& page) const;
 

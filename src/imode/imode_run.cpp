@@ -98,6 +98,7 @@ void ImodeRun::prepareFor(const generator::RewrittenBody& body)
 
 std::string_view ImodeRun::bringBody(const generator::RewrittenBody& body)
 {
+  prepareFor(body);
   std::vector<Insertion> insertions;
   for (const auto& open : body.open) {
     std::string reference = referenceTo(open);
