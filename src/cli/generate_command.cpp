@@ -38,7 +38,7 @@ struct DialogRun {
 
 DialogRun generateImode(const generator::ExportEnvironment& environment, std::string_view project)
 {
-  imode::frmimode dialog(environment);
+  imode::ImodeExport dialog(environment);
   dialog.Form_Load(project);
   auto outcome = dialog.cbHTML_Click();
   return {std::move(outcome), dialog.labelSeite};

@@ -52,6 +52,8 @@ protected:
                      const std::function<RunOutcome()>& generate);
   /// A job that writes into this directory and shows itself in the dialog.
   RunJob job(std::string directory);
+  /// The project, which the dialog has open on its own.
+  dao::Database& db() { return *db_; }
   /// With a separator at its end; empty before a run.
   const std::string& exportpfad() const { return exportpfad_; }
 

@@ -7,6 +7,7 @@
 
 namespace mrd::generator {
 
+/// The half of it that generates.
 class frmHTMLExport : public ExportDialog {
 public:
   explicit frmHTMLExport(const ExportEnvironment& environment) : ExportDialog(environment) {}

@@ -7,7 +7,7 @@
 
 namespace mrd::imode {
 
-generator::RunOutcome frmimode::cbHTML_Click()
+generator::RunOutcome ImodeExport::cbHTML_Click()
 {
   return runInto(environment_.fields.tbpfadexport, {"imode", "imode\\pix"}, [this] {
     const auto run = job(exportpfad() + "imode\\");
@@ -17,7 +17,7 @@ generator::RunOutcome frmimode::cbHTML_Click()
   });
 }
 
-void frmimode::cbvorschau_Click()
+void ImodeExport::cbvorschau_Click()
 {
   failures::withStandardHandler(environment_.language, "cbvorschau_Click", [this] {
     const std::string site = settings::withClosingSeparator(environment_.fields.tbpfadexport);

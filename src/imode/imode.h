@@ -1,15 +1,17 @@
 #pragma once
-// The dialog that writes the edition for telephones: its values and its procedures, without a screen.
+// The dialog that writes the edition for telephones and puts it on its server: its values and its procedures, without a screen.
 
 #include "generator/export_dialog.h"
+#include "publish/export_form.h"
 
 #include <string>
 
 namespace mrd::imode {
 
-class frmimode : public generator::ExportDialog {
+/// The half of it that generates.
+class ImodeExport : public generator::ExportDialog {
 public:
-  explicit frmimode(const generator::ExportEnvironment& environment) : ExportDialog(environment) {}
+  explicit ImodeExport(const generator::ExportEnvironment& environment) : ExportDialog(environment) {}
 
   /// Writes all pages into `imode` of the export directory. Has the standard failure handler. A click while a run is under way
   /// does nothing.
@@ -19,6 +21,14 @@ public:
 
 private:
   std::string startdatei_;
+};
+
+class frmimode : public publish::ExportForm<ImodeExport> {
+public:
+  frmimode(const generator::ExportEnvironment& environment, const publish::PublishingEnvironment& publishingEnvironment)
+      : ExportForm(publish::kImode, environment, publishingEnvironment)
+  {
+  }
 };
 
 } // namespace mrd::imode

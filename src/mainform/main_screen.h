@@ -1,9 +1,9 @@
 #pragma once
 // The main window and the dialogs over it as the core drives them: on a screen, or by a test.
 
-#include "generator/html_export.h"
 #include "pagetree/page_move.h"
 #include "platform/ui/window_controls.h"
+#include "publish/html_export_form.h"
 
 namespace mrd::mainform {
 
@@ -52,7 +52,7 @@ public:
   virtual void showModal(FrmAssistent& form) = 0;
   virtual void showModal(frmAbout& form) = 0;
   virtual void showModal(pagetree::frmMove1& form) = 0;
-  virtual void showModal(generator::frmHTMLExport& form) = 0;
+  virtual void showModal(publish::frmHTMLExport& form) = 0;
 };
 
 } // namespace mrd::mainform

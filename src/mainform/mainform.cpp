@@ -8,6 +8,9 @@
 #include "mainform/pasted_picture.h"
 #include "mainform/window_placement.h"
 #include "pagetree/page_id.h"
+#include "platform/ftp/curl_client.h"
+#include "publish/remembered_servers.h"
+#include "publish/timer.h"
 
 #include <array>
 
@@ -316,7 +319,10 @@ void Mainform::html()
   }
   if (!pages_.leave())
     return;
-  generator::frmHTMLExport dialog(exportEnvironment());
+  publish::RememberedServers servers(seams_.userSettings, program_.language);
+  ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); });
+  const publish::SystemTimer timer;
+  publish::frmHTMLExport dialog(exportEnvironment(), {program_.language, project_.fields(), client, timer});
   dialog.DbName = project_.DbName();
   seams_.dialogs.showModal(dialog);
 }

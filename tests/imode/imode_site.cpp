@@ -7,7 +7,7 @@ namespace mrd::imode {
 
 generator::RunOutcome ImodeSite::run()
 {
-  frmimode dialog({program, language, fields, clock, shell});
+  ImodeExport dialog({program, language, fields, clock, shell});
   if (!dialog.Form_Load(dbName))
     return {};
   auto outcome = dialog.cbHTML_Click();

@@ -26,7 +26,7 @@ TEST(ViewerScript, escapes_what_would_end_it_or_means_something_else_in_an_addre
 
 struct PreviewTest : testing::Test {
   ImodeSite site{{"00", "Start", "", "s*.htm"}};
-  frmimode dialog{{site.program, site.language, site.fields, site.clock, site.shell}};
+  ImodeExport dialog{{site.program, site.language, site.fields, site.clock, site.shell}};
 
   PreviewTest()
   {

@@ -97,13 +97,13 @@ struct UsedDialogs : Dialogs {
   std::function<void(FrmAssistent&)> assistant;
   std::function<void(frmAbout&)> about;
   std::function<void(pagetree::frmMove1&)> move;
-  std::function<void(generator::frmHTMLExport&)> exporting;
+  std::function<void(publish::frmHTMLExport&)> exporting;
   int shown = 0;
 
   void showModal(FrmAssistent& form) override { use(assistant, form, "FrmAssistent"); }
   void showModal(frmAbout& form) override { use(about, form, "frmAbout"); }
   void showModal(pagetree::frmMove1& form) override { use(move, form, "frmMove1"); }
-  void showModal(generator::frmHTMLExport& form) override { use(exporting, form, "frmHTMLExport"); }
+  void showModal(publish::frmHTMLExport& form) override { use(exporting, form, "frmHTMLExport"); }
 
 private:
   template <class Form>

@@ -42,7 +42,7 @@ void FormDialogs::showModal(pagetree::frmMove1& form)
   run(dialog, owner_);
 }
 
-void FormDialogs::showModal(generator::frmHTMLExport& form)
+void FormDialogs::showModal(publish::frmHTMLExport& form)
 {
   FrmHtmlExportWindow dialog(form, &owner_);
   if (dialog.isLoaded())

@@ -14,7 +14,7 @@ public:
   void showModal(mainform::FrmAssistent& form) override;
   void showModal(mainform::frmAbout& form) override;
   void showModal(pagetree::frmMove1& form) override;
-  void showModal(generator::frmHTMLExport& form) override;
+  void showModal(publish::frmHTMLExport& form) override;
 
 private:
   MainformWindow& owner_;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "generator/html_export.h"
+#include "publish/html_export_form.h"
 
 #include <QDialog>
 
@@ -12,9 +12,11 @@ class frmHTMLExport;
 
 namespace mrd::desktop {
 
+class PublishingView;
+
 class FrmHtmlExportWindow : public QDialog {
 public:
-  explicit FrmHtmlExportWindow(generator::frmHTMLExport& form, QWidget* parent = nullptr);
+  explicit FrmHtmlExportWindow(publish::frmHTMLExport& form, QWidget* parent = nullptr);
   ~FrmHtmlExportWindow() override;
 
   /// False when there is nothing to generate from: the user has been told, and the dialog is not to be shown.
@@ -23,10 +25,13 @@ public:
   void reject() override;
 
 private:
+  void connectGenerating();
+  void connectPublishing();
   void refresh();
 
-  generator::frmHTMLExport& form_;
+  publish::frmHTMLExport& form_;
   std::unique_ptr<Ui::frmHTMLExport> ui_;
+  std::unique_ptr<PublishingView> view_;
   bool loaded_ = false;
 };
 
