@@ -36,7 +36,8 @@ Mainform::Mainform(Program& program, const Seams& seams)
       tabs_({project_, pages_, seams.screen, help_}, [this] { colours_.farbenaktualisieren(); }),
       tools_(program.ui, seams.DHTMLEdit1, seams.screen), files_({program.language, pages_, seams.screen}),
       settings_({project_, seams.screen, seams.DHTMLEdit1}, [this] { colours_.farbenaktualisieren(); }),
-      treeMouse_({project_, pages_, seams.dialogs, help_}), drafts_(project_, pages_, tabs_)
+      imodeHead_(project_.fields(), program.ui), treeMouse_({project_, pages_, seams.dialogs, help_}),
+      drafts_(project_, pages_, tabs_)
 {
   seams_.DHTMLEdit1.setEvents(surfaceEvents());
 }
@@ -311,7 +312,8 @@ void Mainform::seitelöschen()
     pages_.DelPage();
 }
 
-void Mainform::html()
+template <class Dialog>
+void Mainform::showExport()
 {
   if (!project_.isOpen()) {
     program_.language.GetMsg(kMessageNoProject);
@@ -322,9 +324,16 @@ void Mainform::html()
   publish::RememberedServers servers(seams_.userSettings, program_.language);
   ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); });
   const publish::SystemTimer timer;
-  publish::frmHTMLExport dialog(exportEnvironment(), {program_.language, project_.fields(), client, timer});
+  Dialog dialog(exportEnvironment(), {program_.language, project_.fields(), client, timer});
   dialog.DbName = project_.DbName();
   seams_.dialogs.showModal(dialog);
+}
+
+void Mainform::html() { showExport<publish::frmHTMLExport>(); }
+
+void Mainform::cbimode_Click()
+{
+  command("cbimode_Click", [&] { showExport<imode::frmimode>(); });
 }
 
 void Mainform::seitenvorschau()

@@ -98,12 +98,14 @@ struct UsedDialogs : Dialogs {
   std::function<void(frmAbout&)> about;
   std::function<void(pagetree::frmMove1&)> move;
   std::function<void(publish::frmHTMLExport&)> exporting;
+  std::function<void(imode::frmimode&)> exportingImode;
   int shown = 0;
 
   void showModal(FrmAssistent& form) override { use(assistant, form, "FrmAssistent"); }
   void showModal(frmAbout& form) override { use(about, form, "frmAbout"); }
   void showModal(pagetree::frmMove1& form) override { use(move, form, "frmMove1"); }
   void showModal(publish::frmHTMLExport& form) override { use(exporting, form, "frmHTMLExport"); }
+  void showModal(imode::frmimode& form) override { use(exportingImode, form, "frmimode"); }
 
 private:
   template <class Form>

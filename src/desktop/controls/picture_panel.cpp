@@ -28,6 +28,14 @@ void PicturePanel::setPicture(const QString& nativePath)
   update();
 }
 
+void PicturePanel::setImage(const QImage& image)
+{
+  path_.clear();
+  picture_ = QPixmap::fromImage(image);
+  updateGeometry();
+  update();
+}
+
 QSize PicturePanel::sizeHint() const { return picture_.size(); }
 
 void PicturePanel::paintEvent(QPaintEvent*)

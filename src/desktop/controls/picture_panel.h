@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QPixmap>
 #include <QString>
 #include <QWidget>
@@ -12,6 +13,8 @@ public:
   explicit PicturePanel(QWidget* parent = nullptr) : QWidget(parent) {}
 
   void setPicture(const QString& nativePath);
+  /// Shows a picture that is no file.
+  void setImage(const QImage& image);
 
   QSize sizeHint() const override;
 

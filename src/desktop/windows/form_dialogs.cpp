@@ -3,6 +3,7 @@
 #include "desktop/windows/about_window.h"
 #include "desktop/windows/assistent_window.h"
 #include "desktop/windows/html_export_window.h"
+#include "desktop/windows/imode_window.h"
 #include "desktop/windows/mainform_window.h"
 #include "desktop/windows/move_window.h"
 
@@ -45,6 +46,13 @@ void FormDialogs::showModal(pagetree::frmMove1& form)
 void FormDialogs::showModal(publish::frmHTMLExport& form)
 {
   FrmHtmlExportWindow dialog(form, &owner_);
+  if (dialog.isLoaded())
+    run(dialog, owner_);
+}
+
+void FormDialogs::showModal(imode::frmimode& form)
+{
+  FrmImodeWindow dialog(form, &owner_);
   if (dialog.isLoaded())
     run(dialog, owner_);
 }

@@ -15,6 +15,7 @@ public:
   void showModal(mainform::frmAbout& form) override;
   void showModal(pagetree::frmMove1& form) override;
   void showModal(publish::frmHTMLExport& form) override;
+  void showModal(imode::frmimode& form) override;
 
 private:
   MainformWindow& owner_;

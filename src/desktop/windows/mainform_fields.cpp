@@ -112,6 +112,14 @@ void showLine(QLineEdit& widget, const QString& text)
   widget.setCursorPosition(0);
 }
 
+QImage imageOf(const image::Image& picture)
+{
+  constexpr int kBytesPerPixel = 3;
+  const QImage shared(picture.bytes().data(), picture.width(), picture.height(), kBytesPerPixel * picture.width(),
+                      QImage::Format_RGB888);
+  return shared.copy();
+}
+
 QColor screenColour(const std::string& text)
 {
   const int colour = mainform::screenColour(text);
@@ -195,6 +203,12 @@ void MainformFields::connectSettings()
     ui_.tbradius->setText(QString::number(std::max(0, radius)));
   });
   connect(ui_.tbpfadexport, &QLineEdit::editingFinished, this, [this] { form_.settings().tbpfadexport_LostFocus(); });
+  connect(ui_.tbimodekopftext, &QLineEdit::textChanged, this, [this] { showBand(); });
+  connect(ui_.cbimodegifladen, &QPushButton::clicked, this, [this] {
+    form_.imodeHead().cbimodegifladen_Click();
+    showHeadPicture();
+  });
+  connect(ui_.cbimode, &QPushButton::clicked, this, [this] { form_.cbimode_Click(); });
   connect(ui_.cbpfad, &QToolButton::clicked, this, [this] { form_.settings().cbpfad_Click(); });
   connect(ui_.cbeinstellungen, &QPushButton::clicked, this, [this] { form_.settings().cbeinstellungen_Click(); });
 }
@@ -318,8 +332,7 @@ void MainformFields::showSettings()
   ui_.CheckRundeEcke->setChecked(fields.CheckRundeEcke);
   (fields.OptionVorschauMitTitel ? ui_.OptionVorschauMitTitel : ui_.OptionVorschauOhneTitel)->setChecked(true);
   (ui_.*kHeadTypes[static_cast<std::size_t>(fields.Opimmodekopf)])->setChecked(true);
-  ui_.Lblimodegif->setText(shownPath(fields.Lblimodegif));
-  ui_.picImodeKopf->setPicture(shownPath(fields.picImodeKopf));
+  showHeadPicture();
   showLabels();
 }
 
@@ -362,6 +375,22 @@ void MainformFields::showRadius()
   const Fields& fields = form_.settings().fields();
   ui_.LEADEcke->setRadius(static_cast<int>(base::numericValue(fields.tbradius)));
   ui_.LEADEcke->setColours(screenColour(fields.Tbtabelle), screenColour(fields.tbhintergrundaussen));
+  showBand();
+}
+
+void MainformFields::showBand()
+{
+  auto& head = form_.imodeHead();
+  head.imodelogo();
+  if (head.LEADimode)
+    ui_.LEADimode->setImage(imageOf(*head.LEADimode));
+}
+
+void MainformFields::showHeadPicture()
+{
+  const Fields& fields = form_.settings().fields();
+  ui_.Lblimodegif->setText(shownPath(fields.Lblimodegif));
+  ui_.picImodeKopf->setPicture(shownPath(fields.picImodeKopf));
 }
 
 void MainformFields::showTabs()
