@@ -206,7 +206,17 @@ TEST_P(Pictures, of_the_dialogs)
     });
   });
   desk.action("html").trigger();
-  EXPECT_EQ(desk.answers.dialogTitles.size(), 4U);
+  desk.answers.dialogs.push_back([&](QDialog& dialog) {
+    save(dialog, look, "imode");
+    QTimer::singleShot(0, &dialog, [&dialog, look] {
+      dialog.findChild<QAbstractButton*>("cbHTML")->click();
+      publish(dialog);
+      save(dialog, look, "imode-published");
+      dialog.reject();
+    });
+  });
+  desk.find<QAbstractButton>("cbimode").click();
+  EXPECT_EQ(desk.answers.dialogTitles.size(), 5U);
 }
 
 TEST_P(Pictures, of_menus_and_the_opening_picture)
