@@ -3,6 +3,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "base/windows1252.h"
+#include "platform/dao/byte_store.h"
 #include "platform/files/path.h"
 #include "platform/html/document.h"
 

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "base/windows1252.h"
 #include "frame/paths/paths.h"
+#include "frame/project/file_register.h"
 #include "imode/band.h"
 #include "imode/body.h"
 #include "imode/row_table.h"

@@ -2,6 +2,7 @@
 // The main window without a screen: its parts, each with the controls and the procedures of its subject, and the commands that
 // lead from one to another.
 
+#include "generator/html_export.h"
 #include "imode/head_frame.h"
 #include "mainform/draft_keeper.h"
 #include "mainform/editor_tabs.h"

@@ -366,7 +366,7 @@ TEST_F(ImodeDialogTest, is_shown_behind_a_saved_page_and_writes_all_pages)
   window.cbimode_Click();
 
   EXPECT_EQ(text("01", "Überschrift"), "Villa");
-  EXPECT_TRUE(files::fileExists(directory.file("site\imode\01.htm")));
+  EXPECT_TRUE(files::fileExists(directory.file("site\\imode\\index.htm")));
 }
 
 TEST_F(ImodeDialogTest, without_a_project_is_message_24)

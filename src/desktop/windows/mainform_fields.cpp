@@ -6,6 +6,7 @@
 #include "desktop/windows/mainform_window.ui.h"
 #include "frame/settings/fields.h"
 #include "mainform/site_colours.h"
+#include "platform/image/image.h"
 
 #include <QCompleter>
 #include <QEvent>

@@ -85,6 +85,7 @@ public:
     project_.setSetting("ftpserver", server.server());
     project_.setSetting("ftpuser", server.user());
     project_.setSetting("ftppasswort", server.password());
+    project_.setSetting("ftpverzeichnisimode", "handy");
   }
 
 private:
