@@ -122,6 +122,7 @@
   let selectionBefore = saveSelection();
   /// Counts what happened to the body, so that the desktop knows whether it has its present text.
   let version = 1;
+  let arrivedKeys = 0;
   /// Nothing was changed since the load: a body that is set now belongs to the load.
   let pristine = true;
   /// The desktop itself changes the body.
@@ -310,7 +311,9 @@
     setBody(parsed.body.innerHTML);
   }
 
+  /// With this the desktop knows of all changes; the next one is to be told again.
   function readBody() {
+    openNotes.delete("changed");
     return { version, body: bodyHtml() };
   }
 
@@ -341,11 +344,10 @@
       quiet = false;
       return readBody();
     },
-    hasArrived: () => true,
+    arrivedKeys: () => arrivedKeys,
     /// Nothing when the desktop has the present text.
     read(known) {
       settle();
-      openNotes.delete("changed");
       return known === version ? null : readBody();
     },
     textOfElement: id => textOf(elementById(id)),
@@ -1256,9 +1258,18 @@
     note("contextMenu", event.clientX, event.clientY, display());
   }
 
+  /// A selection that was set while the window had no focus takes no keys when it gets it.
+  function onFocus() {
+    const saved = saveSelection();
+    selection.removeAllRanges();
+    restoreSelection(saved);
+  }
+
+  window.addEventListener("focus", onFocus);
   const listen = (name, handler) => document.addEventListener(name, handler, true);
   listen("beforeinput", onBeforeInput);
   listen("input", event => settle(event.inputType || "other"));
+  listen("keydown", () => ++arrivedKeys);
   listen("keydown", onKeyDown);
   listen("mousedown", closeStep);
   listen("click", event => { if (event.target.tagName === "IMG") selectNode(event.target); });

@@ -167,7 +167,7 @@ ExitStatus publish(Session& session, const PublishArguments& arguments)
 
 void addPublish(CLI::App& app, Session& session)
 {
-  auto* const command = app.add_subcommand("publish", "Sends the generated site to its server");
+  auto* const command = app.add_subcommand("publish", "Puts the site on its server");
   const auto arguments = std::make_shared<PublishArguments>();
   command->add_option("FILE", arguments->file)->required();
   command->add_flag("--imode", arguments->imode, "The edition for telephones");

@@ -46,8 +46,7 @@ protected:
 
   /// What the dialog takes from the project that was opened.
   virtual void readProject(dao::Database&) {}
-  /// Runs `generate` into the export directory, with the standard failure handler. Message 37 without that directory, and the
-  /// dialog is then closed; the directories below it are made, from the upper ones on. Nothing while a run is under way.
+  /// Enters the export directory and runs `generate`, with the standard failure handler. Nothing while a run is under way.
   RunOutcome runInto(std::string_view exportDirectory, std::initializer_list<std::string_view> below,
                      const std::function<RunOutcome()>& generate);
   /// A job that writes into this directory and shows itself in the dialog.
@@ -59,8 +58,10 @@ protected:
 
   const ExportEnvironment environment_;
 
-private:
+  /// False, with message 37 and the dialog closed, without that directory; those below it are made.
   bool enterExportDirectory(std::string_view exportDirectory, std::initializer_list<std::string_view> below);
+
+private:
   void showState(std::string_view text);
   void showProgress(std::size_t value, std::size_t maximum);
 

@@ -8,6 +8,8 @@
 namespace mrd::generator {
 namespace {
 
+/// Below the export directory.
+constexpr std::string_view kPictures = "pix";
 constexpr std::string_view kDefaultHead = "<font face='[mrd:Schriftart]'><div align=center>made with Mirandel</div></font>";
 
 /// The head as its editor holds it.
@@ -43,7 +45,7 @@ RunOutcome frmHTMLExport::cbHTML_Click()
 {
   if (isRunning())
     return {};
-  const RunOutcome outcome = runInto(environment_.fields.tbpfadexport, {"pix"}, [this] { return generate(); });
+  const RunOutcome outcome = runInto(environment_.fields.tbpfadexport, {kPictures}, [this] { return generate(); });
   if (selection.isPreview())
     window.unload();
   return outcome;
@@ -61,6 +63,11 @@ RunOutcome frmHTMLExport::generate()
   return outcome;
 }
 
-void frmHTMLExport::cbvorschau_Click() { environment_.shell.open(exportpfad() + startdatei_); }
+void frmHTMLExport::cbvorschau_Click()
+{
+  // Before the first run of the dialog there is no homepage yet that it knows of, but a directory.
+  if (!exportpfad().empty() || enterExportDirectory(environment_.fields.tbpfadexport, {kPictures}))
+    environment_.shell.open(exportpfad() + startdatei_);
+}
 
 } // namespace mrd::generator

@@ -20,7 +20,7 @@ public:
   /// Generates: all pages, only new ones or a preview, as `selection` says. Has the standard failure handler. A click while a run
   /// is under way does nothing.
   RunOutcome cbHTML_Click();
-  /// Opens the homepage of the last run.
+  /// Opens the homepage of the last run; without one the export directory (message 37 where that is missing).
   void cbvorschau_Click();
 
   Selection selection;

@@ -116,6 +116,21 @@ TEST_F(UploadTest, tells_at_its_end_that_the_last_file_did_not_start)
   EXPECT_THAT(desk.program.ui.statusTexts, testing::Contains("FTP: haus.jpg  erfolgreich übertragen."));
 }
 
+TEST_F(UploadTest, tells_again_what_no_later_file_has_replaced)
+{
+  Desk desk;
+  prepare(desk);
+  desk.client.answers[kAllCommands[4]] = {{0, "", "", 53}};
+  desk.program.ui.expect(0, "Hinweis: Probleme bei der FTP Übertragung:\r\n 53");
+  desk.dialog.cbftp_Click();
+  desk.project.db().execute("DELETE * FROM Dateien");
+  desk.program.ui.expect(0, "Hinweis: Probleme bei der FTP Übertragung:\r\n 53");
+
+  desk.dialog.cbftp_Click();
+
+  EXPECT_EQ(desk.dialog.files.size(), 0u);
+}
+
 TEST_F(UploadTest, keeps_in_its_list_what_the_server_refused_and_sends_that_alone)
 {
   Desk desk;

@@ -17,6 +17,8 @@ constexpr int kCopyDelayMs = 400;
 constexpr int kDisplayDelayMs = 30;
 /// A page that takes longer to load is shown when it is ready; its owner need not wait for it.
 constexpr int kLoadMs = 15000;
+/// Keys on a busy machine take no longer than this to the page.
+constexpr int kKeysMs = 300;
 /// A page that ends its process so often in a row is not shown any more.
 constexpr int kMaxBreakdowns = 5;
 constexpr int kHealthyMs = 10000;
@@ -123,6 +125,7 @@ void EditedDocument::stopWaiting()
 void EditedDocument::onReady()
 {
   ready_ = true;
+  pressedKeys_.count = 0;
   showStyles();
   sendBody();
 }
@@ -155,7 +158,10 @@ void EditedDocument::takeLoaded(const QVariant& answer)
   loadTimer_.stop();
   const bool wasBusy = std::exchange(busy, false);
   const bool restored = std::exchange(restoring_, false);
+  // What was told while nobody listened is asked for now.
+  displayTimer_.start(kDisplayDelayMs);
   later([=, this] {
+    noticeChange(std::exchange(changeWhileBusy_, 0));
     if (wasBusy)
       events.documentComplete();
     if (restored)
@@ -186,8 +192,12 @@ void EditedDocument::setBody(std::string_view html)
 
 void EditedDocument::noticeChange(int version)
 {
+  if (busy) {
+    changeWhileBusy_ = version;
+    return;
+  }
   // A note that was overtaken by an answer tells nothing new.
-  if (busy || version <= version_)
+  if (version <= version_)
     return;
   if (!copyTimer_.isActive())
     copyTimer_.start(kCopyDelayMs);
@@ -217,12 +227,25 @@ void EditedDocument::fetchBody()
     });
 }
 
+/// Those that the engine kept to itself never come, and are waited for once.
+void EditedDocument::waitForKeys()
+{
+  int arrived = 0;
+  QElapsedTimer clock;
+  clock.start();
+  do
+    arrived = page_->ask("arrivedKeys", {}).value_or(0).toInt();
+  while (arrived < pressedKeys_.count && clock.elapsed() < kKeysMs);
+  pressedKeys_.count = arrived;
+  // The text that a key brings follows right behind it.
+  page_->ask("arrivedKeys", {});
+}
+
 const std::string& EditedDocument::body()
 {
   if (!waitUntilLoaded())
     return body_;
-  // Keys reach the document by a way of their own. Those that were pressed before this call have arrived when it answers.
-  page_->ask("hasArrived", {});
+  waitForKeys();
   const int load = loads_;
   const auto answer = page_->ask("read", {version_});
   if (answer && load == loads_)

@@ -3,6 +3,7 @@
 
 #include "desktop/editing/clipboard_content.h"
 #include "desktop/editing/edited_page.h"
+#include "desktop/editing/pressed_keys.h"
 #include "desktop/editing/site_files.h"
 #include "platform/ui/editing_surface.h"
 
@@ -67,6 +68,7 @@ private:
   void onBreakdown();
   void sendBody();
   void noticeChange(int version);
+  void waitForKeys();
   void takeBody(const QVariant& answer);
   void takeLoaded(const QVariant& answer);
   void fetchBody();
@@ -78,11 +80,14 @@ private:
   ScriptNotes notes_;
   std::unique_ptr<EditedPage> page_;
   QTimer copyTimer_, displayTimer_, loadTimer_;
+  PressedKeys pressedKeys_{view};
 
   std::string directory_;
   /// The text as it was last known, and the number that the script gave to this state.
   std::string body_;
   int version_ = 0;
+  /// Number of a change that was told while a load was under way; 0 for none.
+  int changeWhileBusy_ = 0;
   /// The owner knows of the changes behind `version_`.
   bool announced_ = false;
   /// The empty document is there.

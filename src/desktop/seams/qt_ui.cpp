@@ -49,8 +49,7 @@ constexpr std::array<std::array<Button, 3>, 6> kBoxes{{
 
 QMessageBox::Icon iconOf(int style)
 {
-  constexpr int kIconBits = 0x70;
-  switch (style & kIconBits) {
+  switch (ui::box::icon(style)) {
   case ui::box::kCritical:
     return QMessageBox::Critical;
   case ui::box::kQuestion:

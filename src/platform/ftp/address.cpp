@@ -91,6 +91,19 @@ std::string escaped(std::string_view text)
   return out;
 }
 
+std::string escapedPath(std::string_view path)
+{
+  std::string out;
+  while (true) {
+    const auto slash = path.find('/');
+    out += escaped(path.substr(0, slash));
+    if (slash == std::string_view::npos)
+      return out;
+    out += '/';
+    path.remove_prefix(slash + 1);
+  }
+}
+
 std::string addressOf(std::string_view server, std::string_view user, std::string_view password)
 {
   std::string text = base::trim(server);

@@ -37,5 +37,7 @@ Address parseAddress(std::string_view url);
 
 /// The text with every character escaped that is no letter, digit or one of "-._~".
 std::string escaped(std::string_view text);
+/// Each piece of a path escaped, the separators kept.
+std::string escapedPath(std::string_view path);
 
 } // namespace mrd::ftp

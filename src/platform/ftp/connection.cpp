@@ -4,6 +4,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "platform/files/path.h"
+#include "platform/ftp/explanations.h"
 #include "platform/ftp/fingerprint.h"
 
 #include <algorithm>
@@ -27,7 +28,7 @@ constexpr long kConnectSeconds = 120, kAnswerSeconds = 300;
 /// What a server says that closes the connection by itself.
 constexpr int kGoodbye = 421;
 constexpr int kLastWordsMs = 300;
-constexpr int kShortestSleepMs = 1, kLongestSleepMs = 64;
+constexpr int kShortestSleepMs = 4, kLongestSleepMs = 64;
 
 struct CodeOfEnding {
   CURLcode ending;
@@ -54,23 +55,6 @@ constexpr std::array kCodes{
     CodeOfEnding{CURLE_BAD_DOWNLOAD_RESUME, code::kNotConfirmed},
 };
 
-struct Words {
-  int code;
-  std::string_view text;
-};
-
-/// What a user reads where the server itself said nothing.
-constexpr std::array kWords{
-    Words{code::kHostNotFound, "Der Server „{}“ wurde nicht gefunden."},
-    Words{code::kCannotConnect, "Der Server „{}“ nimmt keine Verbindung an."},
-    Words{code::kTimedOut, "Der Server „{}“ antwortet nicht."},
-    Words{code::kLoginDenied, "Der Server „{}“ lehnt die Anmeldung ab: Benutzer oder Passwort stimmen nicht."},
-    Words{code::kNotTrusted, "Die Echtheit des Servers „{}“ ist nicht bestätigt."},
-    Words{code::kNoEncryption, "Mit dem Server „{}“ kommt keine verschlüsselte Verbindung zustande."},
-    Words{code::kCancelled, "Der Vorgang wurde abgebrochen."},
-    Words{code::kConnectionLost, "Die Verbindung zum Server „{}“ ist abgerissen."},
-};
-
 void initialiseLibrary()
 {
   static const CURLcode done = curl_global_init(CURL_GLOBAL_DEFAULT);
@@ -78,20 +62,6 @@ void initialiseLibrary()
 }
 
 bool isSftp(const Address& address) { return address.protocol == Protocol::Sftp; }
-
-/// Each piece of a path escaped, the separators kept.
-std::string escapedPath(std::string_view path)
-{
-  std::string out;
-  while (true) {
-    const auto slash = path.find('/');
-    out += escaped(path.substr(0, slash));
-    if (slash == std::string_view::npos)
-      return out;
-    out += '/';
-    path.remove_prefix(slash + 1);
-  }
-}
 
 /// The user's own key for host logins, where there is one of the kinds that servers of today take.
 std::string usersKey()
@@ -195,37 +165,18 @@ struct Connection::State {
 
 void Connection::State::command(std::string_view line)
 {
-  while (line.ends_with('\n') || line.ends_with('\r'))
-    line.remove_suffix(1);
   commandSent = true;
-  // Nothing that is kept may hold the password.
-  outcome.replies.push_back({std::string(line.starts_with("PASS ") ? "PASS" : line)});
+  noteCommand(outcome.replies, line);
   events.stateChanged(ftp::State::Requesting);
   events.stateChanged(ftp::State::RequestSent);
 }
 
 void Connection::State::answer(std::string_view line)
 {
-  while (line.ends_with('\n') || line.ends_with('\r'))
-    line.remove_suffix(1);
-  if (outcome.replies.empty()) {
-    outcome.replies.push_back({});
+  if (outcome.replies.empty())
     events.stateChanged(ftp::State::Connected);
-  }
-  auto& reply = outcome.replies.back();
-  const bool hasCode =
-      line.size() >= 3 && std::all_of(line.begin(), line.begin() + 3, [](char c) { return c >= '0' && c <= '9'; });
-  const bool isLast = hasCode && (line.size() == 3 || line[3] == ' ');
-  // A greeting without end must not fill the memory.
-  if (reply.text.size() < 64 * 1024)
-    reply.text += (reply.text.empty() ? "" : "\n") + std::string(line);
-  if (!isLast)
+  if (!noteAnswer(outcome.replies, line))
     return;
-  const int code = (line[0] - '0') * 100 + (line[1] - '0') * 10 + (line[2] - '0');
-  reply.lastText = line;
-  if (reply.first == 0)
-    reply.first = code;
-  reply.last = code;
   events.stateChanged(ftp::State::ReceivingResponse);
   events.stateChanged(ftp::State::ResponseReceived);
 }
@@ -475,9 +426,8 @@ std::string Connection::State::explanation(int code) const
   const bool isServersWord = code == code::kRefused || code == code::kLoginDenied;
   if (isServersWord && !outcome.replies.empty() && outcome.replies.back().last >= 400)
     text = outcome.replies.back().lastText;
-  const auto* const words = std::find_if(kWords.begin(), kWords.end(), [&](const Words& w) { return w.code == code; });
-  if (text.empty() && words != kWords.end())
-    return base::replaceAll(words->text, "{}", address.host);
+  if (const auto words = wordsFor(code, address.host); text.empty() && !words.empty())
+    return words;
   if (text.empty())
     text = errorText.data();
   // Some servers repeat what they were told.

@@ -3,6 +3,7 @@
 
 #include "platform/ftp/address.h"
 #include "platform/ftp/client.h"
+#include "platform/ftp/replies.h"
 
 #include <functional>
 #include <memory>
@@ -11,16 +12,6 @@
 #include <vector>
 
 namespace mrd::ftp {
-
-/// A command on the control connection with what the server said to it: first and last code (150 and 226 of a transfer), 0 where
-/// no answer came, and the text of all lines.
-struct Reply {
-  std::string command;
-  int first = 0, last = 0;
-  std::string text = {}, lastText = {};
-
-  bool isRefused() const { return last >= 400; }
-};
 
 enum class TransferKind {
   /// Only the commands before.

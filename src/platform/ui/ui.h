@@ -18,6 +18,8 @@ inline constexpr int kOk = 0, kOkCancel = 1, kAbortRetryIgnore = 2, kYesNoCancel
 inline constexpr int kCritical = 16, kQuestion = 32, kExclamation = 48, kInformation = 64;
 /// The part of a style that names the buttons.
 constexpr int buttons(int style) { return style & 7; }
+/// The part of a style that names the icon.
+constexpr int icon(int style) { return style & 0x70; }
 } // namespace box
 
 struct MessageBox {

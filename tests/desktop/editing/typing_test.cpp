@@ -47,6 +47,29 @@ TEST(Typing, after_a_read_is_a_change_again)
   EXPECT_EQ(surface.bodyInnerHtml(), "<p>Textab</p>");
 }
 
+TEST(Typing, while_the_page_is_replaced_does_not_silence_what_is_typed_later)
+{
+  ShownSurface surface;
+  for (int i = 0; i < 5; ++i) {
+    surface.load("<p>Text</p>");
+    surface.placeCursor("p", 4);
+    QTest::keyClicks(surface.findChild<QWebEngineView*>()->focusProxy(), "abc");
+    surface.setDocumentHtml("<p>neu</p>");
+    QTest::keyClicks(surface.findChild<QWebEngineView*>()->focusProxy(), "abc");
+    surface.setBodyInnerHtml("<p>neuer</p>");
+    comesTrue([&] { return !surface.busy(); });
+    letPass(i * 40);
+    surface.bodyInnerHtml();
+    const int changes = surface.changes;
+    const int displays = surface.displays;
+
+    surface.placeCursor("p", 3);
+    surface.type("x");
+
+    EXPECT_TRUE(comesTrue([&] { return surface.changes > changes && surface.displays > displays; })) << i;
+  }
+}
+
 TEST(Typing, in_an_empty_document_works)
 {
   ShownSurface surface;
