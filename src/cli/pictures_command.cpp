@@ -57,19 +57,16 @@ ExitStatus addShadows(mainform::ProjectFrame& mainform, PageDesk& desk, const Pi
 {
   auto& program = mainform.program();
   desk.load(arguments.id);
-  const auto shadows = pictures::schatten_fuer_seite(desk.surface(), program.ui, mainform.fields().tbhintergrund);
+  pictures::frmBildkonvertierer unseen;
+  const auto shadows = pictures::schatten_fuer_seite({desk.surface(), program.ui, unseen}, mainform.fields().tbhintergrund);
   return shadows == 0 || desk.save(arguments.id) ? ExitStatus::Done : ExitStatus::Failed;
-}
-
-pictures::Thumbnails thumbnailsOf(mainform::ProjectFrame& mainform, PageDesk& desk)
-{
-  return pictures::Thumbnails(
-      {mainform.db(), mainform.program().language, mainform.fields(), desk.surface(), desk.tree(), desk.active(), desk.fields()});
 }
 
 ExitStatus makeThumbnails(mainform::ProjectFrame& mainform, PageDesk& desk, const PicturesArguments& arguments)
 {
-  auto thumbnails = thumbnailsOf(mainform, desk);
+  pictures::frmBildkonvertierer unseen;
+  pictures::Thumbnails thumbnails({mainform.db(), mainform.program().language, mainform.fields(), desk.surface(), desk.tree(),
+                                   desk.active(), desk.fields(), unseen});
   if (arguments.id.empty())
     return thumbnails.allevorschaubilderneu(desk.store()) ? ExitStatus::Done : ExitStatus::Failed;
   desk.load(arguments.id);
@@ -106,8 +103,10 @@ ExitStatus addToPage(mainform::ProjectFrame& mainform, PageDesk& desk, const Pic
   desk.load(arguments.id);
   pictures::ChosenPictures chosen{{}, {}, pagetree::keyOf(arguments.id)};
   std::ranges::transform(arguments.pictures, std::back_inserter(chosen.Listpix), Session::path);
+  pictures::frmBildkonvertierer unseen;
   pictures::PictureInsertion insertion(
-      {mainform.db(), program.language, program.clock, mainform.fields(), program.files, desk.surface()}, optionsOf(arguments));
+      {mainform.db(), program.language, program.clock, mainform.fields(), program.files, desk.surface(), unseen},
+      optionsOf(arguments));
   const auto outcome = insertion.run(chosen);
   tell(program.ui, outcome);
   const bool isSaved = outcome.inserted == 0 || arguments.onePageEach || desk.save(arguments.id);

@@ -81,8 +81,9 @@ ConvertedPicture konvertiere_und_kopiere_bild(const ConversionOptions& options, 
     if (options.opkonvertieren) {
       convert(options, target, source, prefix, out.dateiname);
     } else {
-      out.dateiname = copyName(source, prefix);
-      files::copyFile(source.path, target.pix + out.dateiname);
+      const auto name = copyName(source, prefix);
+      files::copyFile(source.path, target.pix + name);
+      out.dateiname = name;
     }
   } catch (const Error& error) {
     out.failure = error.description();
@@ -102,7 +103,10 @@ std::string rotatePicture(std::string_view path, int qualityFactor)
 {
   const auto parts = paths::teile_dateipfad(path);
   auto target = parts.verzeichnis + parts.name + ".jpg";
-  Image::load(path).rotated().saveJpeg(target, qualityFactor);
+  // The picture lies twice in memory while it is turned, and once while it is written.
+  auto picture = Image::load(path);
+  picture = picture.rotated();
+  picture.saveJpeg(target, qualityFactor);
   return target;
 }
 

@@ -4,21 +4,25 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "frame/paths/paths.h"
+#include "pictures/objekt_anzeigen.h"
 #include "platform/files/directory.h"
+#include "platform/files/path.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 
 namespace mrd::pictures {
 namespace {
 
 constexpr std::string_view kPictureExtensions = "jpg bmp tif gif pcx ico pcd img dib wmf png";
-constexpr std::array<std::string_view, 7> kShownExtensions{"gif", "jpg", "bmp", "tif", "pcx", "jpeg", "png"};
 constexpr std::string_view kMark = " -- ", kLockedByOffice = "~$";
 constexpr std::string_view kAllFiles = "*.*";
 constexpr std::size_t kEntriesBetweenEvents = 500;
-constexpr int kMessageNoNumber = 30;
+/// A window that is asked this often feels alive; asking at each of many small directories would cost more than reading them.
+constexpr auto kBetweenEvents = std::chrono::milliseconds(15);
+constexpr int kMessageNoNumber = 30, kMessageNotConverted = 126;
+/// As many as a message box shows without leaving the screen.
+constexpr std::size_t kFailuresTold = 12;
 
 void countUp(std::string& caption) { caption = base::format("{}", static_cast<long long>(base::numericValue(caption)) + 1); }
 
@@ -36,6 +40,12 @@ bool isNumber(std::string_view text)
 }
 
 } // namespace
+
+bool isPictureName(std::string_view path)
+{
+  const auto extension = base::lower(paths::teile_dateipfad(path).erweiterung);
+  return !extension.empty() && (isShownAsPicture(path) || base::contains(kPictureExtensions, extension));
+}
 
 // --- the scan
 
@@ -57,8 +67,13 @@ void FrmFileScan::Command1_Click()
     Command1 = kStart;
     return;
   }
+  // One that was stopped a moment ago has not come to its end yet.
+  if (isBusy())
+    return;
   stopped_ = false;
+  scanning_ = true;
   Command1 = kStop;
+  window.refresh();
   parts_.insertion.language.ui().pumpEvents();
   const ui::WaitPointer wait(parts_.insertion.language.ui());
   List1.clear();
@@ -66,19 +81,23 @@ void FrmFileScan::Command1_Click()
   visited_.clear();
   known_.reset();
   // The button starts again whatever ends the scan.
+  const auto end = [this] {
+    Command1 = kStart;
+    scanning_ = false;
+    window.refresh();
+  };
   try {
     GetAllFiles(tbshare, kAllFiles);
   } catch (const base::Error&) {
-    Command1 = kStart;
+    end();
     throw;
   }
-  Command1 = kStart;
-  hooks_.changed();
+  end();
 }
 
 void FrmFileScan::GetAllFiles(std::string path, std::string_view pattern)
 {
-  stopped_ = letEventsRun() || stopped_;
+  letEventsRun();
   if (!path.ends_with('\\'))
     path += '\\';
   if (stopped_ || !visited_.insert(files::directoryIdentity(path)).second)
@@ -91,16 +110,21 @@ void FrmFileScan::GetAllFiles(std::string path, std::string_view pattern)
       addFile(path, entry.name);
     }
     if (++entriesSinceEvents_ % kEntriesBetweenEvents == 0)
-      stopped_ = letEventsRun() || stopped_;
+      letEventsRun();
     if (stopped_)
       return;
   }
 }
 
-bool FrmFileScan::letEventsRun()
+void FrmFileScan::letEventsRun()
 {
-  hooks_.changed();
-  return parts_.insertion.language.ui().pumpEvents();
+  window.refresh();
+  const auto now = std::chrono::steady_clock::now();
+  if (now - eventsRan_ < kBetweenEvents)
+    return;
+  const bool isStopAskedFor = parts_.insertion.language.ui().pumpEvents();
+  stopped_ = stopped_ || isStopAskedFor;
+  eventsRan_ = std::chrono::steady_clock::now();
 }
 
 void FrmFileScan::addFile(const std::string& path, const std::string& name)
@@ -172,23 +196,27 @@ void FrmFileScan::showCounts()
 {
   labelanz = base::format("{}", List1.size());
   lblpixanz = base::format("{}", Listpix.size());
-  hooks_.changed();
+  window.refresh();
 }
 
 void FrmFileScan::cbauswahlrüber_Click()
 {
   moveSelected(List1, Listpix);
-  hooks_.focusInsert();
+  window.focusInsert();
 }
 
 void FrmFileScan::cbzurück_Click() { moveSelected(Listpix, List1); }
 
 void FrmFileScan::dropFiles(const std::vector<std::string>& paths)
 {
+  // An entry is a path behind the directory. Before anything was chosen there, files from elsewhere stand for themselves.
+  const auto isElsewhere = [this](const std::string& path) { return !base::contains(path, tbshare); };
+  if (List1.empty() && Listpix.empty() && std::ranges::all_of(paths, isElsewhere))
+    tbshare.clear();
   for (const auto& path : paths)
     Listpix.push_back({withoutShare(path)});
   lblpixanz = base::format("{}", Listpix.size());
-  hooks_.changed();
+  window.refresh();
 }
 
 void FrmFileScan::dropText(std::string_view text)
@@ -219,12 +247,14 @@ void FrmFileScan::click(std::string_view list, const ListBox& box, std::size_t e
   rotateEntry = box[entry].text;
   if (!CheckBitmap)
     return;
-  auto path = tbshare + rotateEntry;
-  if (const auto mark = rotateEntry.find(kMark); mark != std::string::npos)
-    path = tbshare + base::trim(rotateEntry.substr(0, mark));
-  const auto extension = base::lower(paths::teile_dateipfad(path).erweiterung);
-  if (std::ranges::find(kShownExtensions, extension) != kShownExtensions.end())
+  if (const auto path = pathOf(box[entry]); isShownAsPicture(path))
     hooks_.anzeigen(path, "Bitmap");
+}
+
+std::string FrmFileScan::pathOf(const ListEntry& entry) const
+{
+  const auto mark = entry.text.find(kMark);
+  return tbshare + (mark == std::string::npos ? entry.text : base::trim(entry.text.substr(0, mark)));
 }
 
 void FrmFileScan::CheckBitmap_Click()
@@ -239,6 +269,7 @@ void FrmFileScan::cbrotieren_Click()
     return;
   std::string turned;
   {
+    const WorkOnPictures work(parts_.insertion.frmBildkonvertierer);
     const ui::WaitPointer wait(parts_.insertion.language.ui());
     turned = rotatePicture(tbshare + rotateEntry, Slider1);
   }
@@ -248,6 +279,7 @@ void FrmFileScan::cbrotieren_Click()
   if (entry != box.end())
     entry->text = text;
   rotateEntry = text;
+  window.refresh();
   hooks_.anzeigen(turned, "Bitmap");
 }
 
@@ -290,26 +322,77 @@ void FrmFileScan::Slider1_Scroll() { sliderToolTip = base::format("Kompressionsf
 
 InsertionOutcome FrmFileScan::cbeinfügen_Click()
 {
+  InsertionOutcome outcome;
+  // The lists must stay what they are while pictures are worked on.
+  if (isBusy())
+    return outcome;
+  if (opkonvertieren && !isNumber(tbpixel)) {
+    parts_.insertion.language.GetMsg(kMessageNoNumber);
+    return outcome;
+  }
+  hooks_.alone([&] {
+    inserting_ = true;
+    try {
+      insert(outcome);
+    } catch (...) {
+      inserting_ = false;
+      throw;
+    }
+    inserting_ = false;
+  });
+  if (!outcome.begun)
+    return outcome;
+  tellFailures(outcome);
+  hooks_.unloadViewer();
+  saveOptions();
+  unload();
+  return outcome;
+}
+
+void FrmFileScan::insert(InsertionOutcome& outcome)
+{
   ChosenPictures chosen{tbshare, {}, lblnode};
   for (const auto& entry : Listpix)
     chosen.Listpix.push_back(entry.text);
-  auto outcome = PictureInsertion(parts_.insertion, *this).run(chosen);
+  outcome = PictureInsertion(parts_.insertion, *this).run(chosen);
   if (!outcome.begun)
-    return outcome;
+    return;
   for (std::size_t i = 0; i < Listpix.size(); ++i)
     Listpix[i].text = chosen.Listpix[i];
   lblnode = chosen.lblnode;
-  hooks_.changed();
-  hooks_.unloadViewer();
-  saveOptions();
-  hooks_.unload();
-  return outcome;
+  hooks_.inserted();
+  window.refresh();
+}
+
+/// The entries say it too, but the window is about to close.
+void FrmFileScan::tellFailures(const InsertionOutcome& outcome)
+{
+  if (outcome.failed.empty())
+    return;
+  std::string lines;
+  for (std::size_t i = 0; i < std::min(outcome.failed.size(), kFailuresTold); ++i) {
+    const auto& [path, reason] = outcome.failed[i];
+    const auto name = files::nativePath(path).native();
+    lines += (base::contains(reason, name) ? reason : base::format("{}: {}", name, reason)) + std::string(base::kCrLf);
+  }
+  if (outcome.failed.size() > kFailuresTold)
+    lines += base::format("... ({})", outcome.failed.size());
+  parts_.insertion.language.GetMsg(kMessageNotConverted, lines, "R");
 }
 
 void FrmFileScan::cbschließen_Click()
 {
+  if (inserting_)
+    return;
+  stopped_ = true;
   parts_.settings.setValue("Settings", "search", tbshare);
-  hooks_.unload();
+  unload();
+}
+
+void FrmFileScan::unload()
+{
+  loaded_ = false;
+  window.unload();
 }
 
 } // namespace mrd::pictures

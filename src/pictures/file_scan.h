@@ -5,6 +5,7 @@
 #include "platform/files/user_settings.h"
 #include "platform/ui/tree_control.h"
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -15,25 +16,38 @@
 
 namespace mrd::pictures {
 
+/// Whether the extension is one of those that the scan takes for pictures, or one that the viewer shows.
+bool isPictureName(std::string_view path);
+
+/// The same files for a file dialog, which has a caption of no language.
+inline constexpr std::string_view kPictureFilter =
+    "jpg, png, gif ...|*.jpg;*.jpeg;*.png;*.gif;*.bmp;*.tif;*.pcx;*.JPG;*.JPEG;*.PNG";
+
 struct ListEntry {
   std::string text;
   bool selected = false;
 };
 using ListBox = std::vector<ListEntry>;
 
-/// What the window does for its form object.
+/// What the main window does for this one.
 struct FileScanHooks {
   /// Shows a file in the preview ("Bitmap"), and the preview itself.
   std::function<void(const std::string& datei, std::string_view darstellung)> anzeigen = [](const std::string&,
                                                                                             std::string_view) {};
   std::function<void()> showViewer = [] {}, unloadViewer = [] {};
-  std::function<void()> focusInsert = [] {}, help = [] {}, unload = [] {};
-  /// A list or a counter has changed; called often during a scan.
-  std::function<void()> changed = [] {};
+  std::function<void()> help = [] {};
+  /// Runs the insertion while nothing else can be done to the page.
+  std::function<void(const std::function<void()>& run)> alone = [](const std::function<void()>& run) { run(); };
+  /// The open page has another content, or the tree another page.
+  std::function<void()> inserted = [] {};
 };
 
 class FrmFileScan : public InsertionOptions {
 public:
+  /// `refresh` comes often during a scan, with lists that have only grown.
+  struct Window : ui::FormWindow {
+    std::function<void()> focusInsert = [] {};
+  };
   struct Parts {
     PictureInsertion::Parts insertion;
     ui::TreeControl& TreeView1;
@@ -42,6 +56,8 @@ public:
   static constexpr std::string_view kStart = "&2. Scanlauf starten", kStop = "Scanlauf anhalten";
 
   FrmFileScan(const Parts& parts, FileScanHooks hooks) : parts_(parts), hooks_(std::move(hooks)) {}
+
+  Window window;
 
   // The controls.
   std::string tbshare, tbext = "jpg", lblnode = "lblnode";
@@ -57,8 +73,14 @@ public:
   std::string rotateList, rotateEntry;
   std::string sliderToolTip;
 
-  /// Reads what the user left the last time. The mode of insertion was set by whoever opens the window.
+  /// Reads what the user left the last time. The mode of insertion is set by whoever opens the window.
   void Form_Load();
+  /// The window asks for the page that is selected now.
+  void readNode();
+  bool isLoaded() const { return loaded_; }
+  bool isScanning() const { return scanning_; }
+  /// A scan or a run is under way: the form object is needed until it ends.
+  bool isBusy() const { return scanning_ || inserting_; }
 
   void cbshare_Click();
   void Command1_Click();
@@ -74,6 +96,9 @@ public:
   void Listpix_Click(std::size_t entry);
   void CheckBitmap_Click();
   void cbrotieren_Click();
+  void cbhilfe_Click() { hooks_.help(); }
+  /// Path of an entry, without what a run has added to it.
+  std::string pathOf(const ListEntry& entry) const;
 
   void CheckOriginalbilder_Click();
   void CheckBildpartner_Click();
@@ -86,7 +111,7 @@ public:
   void Slider1_Scroll();
 
   InsertionOutcome cbeinfügen_Click();
-  /// Stores the directory and closes.
+  /// Stores the directory and closes. A scan ends; a run of insertion has its own button for that.
   void cbschließen_Click();
 
   /// Appends what it finds to `List1` and counts; goes into subdirectories where that is wanted.
@@ -101,12 +126,16 @@ private:
   void showCounts();
   void click(std::string_view list, const ListBox& box, std::size_t entry);
   void saveOptions();
-  bool letEventsRun();
+  void letEventsRun();
+  void insert(InsertionOutcome& outcome);
+  void tellFailures(const InsertionOutcome& outcome);
+  void unload();
 
   Parts parts_;
   FileScanHooks hooks_;
-  bool stopped_ = false;
+  bool stopped_ = false, loaded_ = false, scanning_ = false, inserting_ = false;
   std::size_t entriesSinceEvents_ = 0;
+  std::chrono::steady_clock::time_point eventsRan_;
   /// Directories that the scan has been in, so that a link to one above does not lead round and round.
   std::unordered_set<std::string> visited_;
   /// Files of the register by directory and name; read when the first file is looked up.

@@ -83,13 +83,20 @@ const std::array kOptions{
 void FrmFileScan::Form_Load()
 {
   stopped_ = false;
+  loaded_ = true;
   tbshare = parts_.settings.value(kSection, "search", "c:\\");
   for (const auto& option : kOptions)
     if (option.load)
       option.load(*this, parts_.settings.value(kSection, option.key, option.fallback));
+  readNode();
+  tableEnabled = Opdieseseite;
+  Slider1_Scroll();
+}
+
+void FrmFileScan::readNode()
+{
   if (const auto selected = parts_.TreeView1.selected())
     lblnode = *selected;
-  tableEnabled = Opdieseseite;
 }
 
 void FrmFileScan::saveOptions()

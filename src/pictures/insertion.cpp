@@ -35,7 +35,7 @@ struct PictureInsertion::Prepared {
 
 namespace {
 
-constexpr int kMessageNoFifthLevel = 19, kMessageNoNumberLeft = 20, kMessageTooMany = 29;
+constexpr int kMessageChoosePage = 2, kMessageNoFifthLevel = 19, kMessageNoNumberLeft = 20, kMessageTooMany = 29;
 constexpr std::size_t kMostPictures = 99;
 constexpr int kLastNumber = 99;
 /// The homepage has no number in front of those of its sub-pages; the first character of a key is cut off.
@@ -77,10 +77,11 @@ InsertionOutcome PictureInsertion::run(ChosenPictures& chosen)
     return outcome;
   outcome.begun = true;
   const ui::WaitPointer wait(parts_.language.ui());
+  const WorkOnPictures work(parts_.frmBildkonvertierer, chosen.Listpix.size());
   columns_ = columnsOf(options_.tbtabspalten);
   html_ = parts_.DHTMLEdit1.bodyInnerHtml();
   auto jobs = plan(chosen, outcome);
-  work(jobs, chosen, outcome);
+  workOn(jobs, chosen, outcome);
   closeTable();
   parts_.DHTMLEdit1.setBodyInnerHtml(html_);
   if (!options_.Opdieseseite)
@@ -98,7 +99,18 @@ bool PictureInsertion::isRefused(const ChosenPictures& chosen)
     parts_.language.GetMsg(kMessageNoFifthLevel);
     return true;
   }
+  if (!options_.Opdieseseite && !isPageThere(chosen.lblnode)) {
+    parts_.language.GetMsg(kMessageChoosePage);
+    return true;
+  }
   return false;
+}
+
+/// While the window was open, the page may have been deleted or moved; its sub-pages would then hang in the air.
+bool PictureInsertion::isPageThere(const std::string& lblnode)
+{
+  const auto query = "SELECT * FROM Seite Where Seite.ID = ? ORDER BY ID;";
+  return lblnode == kKeyOfHomepage || !parts_.db.openRecordset(query, {dao::Value(pagetree::idOf(lblnode))}).eof();
 }
 
 /// Names and numbers of all pictures, in their order; what follows from one for the next is settled here.
@@ -169,7 +181,7 @@ PictureInsertion::Prepared PictureInsertion::prepare(const Job& job) const
   return out;
 }
 
-void PictureInsertion::work(std::vector<Job>& jobs, ChosenPictures& chosen, InsertionOutcome& outcome)
+void PictureInsertion::workOn(std::vector<Job>& jobs, ChosenPictures& chosen, InsertionOutcome& outcome)
 {
   auto& ui = parts_.language.ui();
   struct Running {
@@ -188,15 +200,22 @@ void PictureInsertion::work(std::vector<Job>& jobs, ChosenPictures& chosen, Inse
     if (running.empty())
       break;
     while (running.front().result.wait_for(kNap) != std::future_status::ready)
-      stopped = ui.pumpEvents() || stopped;
+      stopped = isStopAskedFor() || stopped;
     insert(*running.front().job, running.front().result.get(), chosen, outcome);
     running.pop_front();
     ui.progress(outcome.inserted, jobs.size());
-    stopped = ui.pumpEvents() || stopped;
+    parts_.frmBildkonvertierer.progress(outcome.inserted);
+    stopped = isStopAskedFor() || stopped;
   }
   ui.hideProgress();
   if (outcome.outOfNumbers && !stopped)
     parts_.language.GetMsg(kMessageNoNumberLeft);
+}
+
+bool PictureInsertion::isStopAskedFor()
+{
+  const bool asked = parts_.language.ui().pumpEvents();
+  return asked || parts_.frmBildkonvertierer.isStopped();
 }
 
 void PictureInsertion::insert(const Job& job, const Prepared& prepared, ChosenPictures& chosen, InsertionOutcome& outcome)

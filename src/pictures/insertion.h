@@ -5,6 +5,7 @@
 #include "frame/messages/messages.h"
 #include "frame/paths/paths.h"
 #include "frame/settings/fields.h"
+#include "pictures/bildkonvertierer.h"
 #include "pictures/conversion.h"
 #include "platform/dao/database.h"
 #include "platform/ui/editing_surface.h"
@@ -57,15 +58,16 @@ public:
     const settings::Fields& fields;
     const paths::ProgramFiles& program;
     ui::EditingSurface& DHTMLEdit1;
+    pictures::frmBildkonvertierer& frmBildkonvertierer;
     /// Rebuilds the tree from the table.
     std::function<void()> ZeigeStruktur = [] {};
   };
 
   PictureInsertion(const Parts& parts, const InsertionOptions& options) : parts_(parts), options_(options) {}
 
-  /// Converts the pictures, several at a time, and writes them into pages in their order. Refuses with message 29 or 19; ends
-  /// early with message 20, or when the user asks to stop. Throws base::Error where a page cannot be written; the open page is
-  /// then as it was.
+  /// Converts the pictures, several at a time, and writes them into pages in their order. Refuses with message 29 or 19, or with
+  /// message 2 where the page that is to take the new ones has gone; ends early with message 20, or when the user asks to stop.
+  /// Throws base::Error where a page cannot be written; the open page is then as it was.
   InsertionOutcome run(ChosenPictures& chosen);
 
 private:
@@ -73,10 +75,12 @@ private:
   struct Prepared;
 
   bool isRefused(const ChosenPictures& chosen);
+  bool isPageThere(const std::string& lblnode);
+  bool isStopAskedFor();
   std::vector<Job> plan(const ChosenPictures& chosen, InsertionOutcome& outcome);
   std::string nextFreeKey(const std::string& lblnode, int& lfd);
   Prepared prepare(const Job& job) const;
-  void work(std::vector<Job>& jobs, ChosenPictures& chosen, InsertionOutcome& outcome);
+  void workOn(std::vector<Job>& jobs, ChosenPictures& chosen, InsertionOutcome& outcome);
   void insert(const Job& job, const Prepared& prepared, ChosenPictures& chosen, InsertionOutcome& outcome);
   void addToOpenPage(const Job& job, const Prepared& prepared);
   void addPage(const Job& job, const Prepared& prepared);

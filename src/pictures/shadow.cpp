@@ -2,10 +2,13 @@
 
 #include "base/errors.h"
 #include "base/format.h"
+#include "base/text.h"
 #include "frame/paths/paths.h"
 #include "pictures/corners.h"
 #include "pictures/page_pictures.h"
+#include "platform/files/path.h"
 #include "platform/html/document.h"
+#include "platform/image/memory_share.h"
 
 #include <algorithm>
 #include <charconv>
@@ -22,6 +25,7 @@ constexpr double kTwipsPerPixel = 15;
 constexpr int kOffsetTwips = 200;
 constexpr int kFirstRing = 1, kLastRing = 24, kRingStep = 2, kInsetTwips = 5, kDarkening = 6;
 constexpr int kQualityFactor = 30;
+constexpr std::string_view kScheme = "file://";
 
 int pixels(int twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
 
@@ -73,28 +77,58 @@ void erzeuge_schatten(std::string_view verzeichnis, std::string_view name, std::
                       std::string_view tbhintergrund)
 {
   const auto file = [&](std::string_view base) { return base::format("{}{}.{}", verzeichnis, base, erweiterung); };
+  const auto size = Image::sizeOf(file(name));
+  // The picture and the canvas on which it comes to stand.
+  const image::MemoryShare share(2 * image::MemoryShare::kBytesPerPixel * size.width * size.height);
   withShadow(Image::load(file(name), exactColour(tbhintergrund)), tbhintergrund).saveJpeg(file(shadowName(name)), kQualityFactor);
 }
 
-std::size_t schatten_fuer_seite(ui::EditingSurface& DHTMLEdit1, ui::Ui& ui, std::string_view tbhintergrund)
+std::optional<std::string> schatten_hinzufügen(std::string_view src, std::string_view tbhintergrund)
 {
+  const auto parts = localParts(src);
+  if (!paths::datei_vorhanden(pathOf(parts)))
+    return std::nullopt;
+  erzeuge_schatten(parts.verzeichnis, parts.name, parts.erweiterung, tbhintergrund);
+  // The second separator behind the directory is in the pages of many projects, and readers of references know it.
+  return base::format("{}\\{}.{}", parts.verzeichnis, shadowName(parts.name), parts.erweiterung);
+}
+
+std::optional<std::string> schatten_entfernen(std::string_view src, ui::Ui& ui)
+{
+  if (src.starts_with(kScheme))
+    src.remove_prefix(kScheme.size());
+  auto without = base::replaceAll(src, shadowName(""), "");
+  if (paths::datei_vorhanden(files::pathFromReference(without)))
+    return without;
+  ui.messageBox({base::format("Die Originaldatei wurde nicht gefunden!{}Bitte fügen Sie das Bild erneut ein!", base::kCrLf), ""});
+  return std::nullopt;
+}
+
+std::size_t schatten_fuer_seite(const PageWithPictures& open, std::string_view tbhintergrund)
+{
+  auto& [DHTMLEdit1, ui, frmBildkonvertierer] = open;
   const ui::WaitPointer wait(ui);
   auto page = html::Document::fromText(DHTMLEdit1.bodyInnerHtml());
-  std::size_t shadows = 0;
+  auto pictures = page.images();
+  const WorkOnPictures work(frmBildkonvertierer, pictures.size());
+  std::size_t shadows = 0, done = 0;
   // A failure leaves the loop; what was done before it is in the page all the same.
   const auto show = [&] {
     if (shadows > 0)
       DHTMLEdit1.setBodyInnerHtml(page.body().innerHtml());
   };
   try {
-    for (auto& picture : page.images()) {
-      const auto parts = localParts(picture.attribute("src").value_or(""));
+    for (auto& picture : pictures) {
+      frmBildkonvertierer.progress(done++);
+      if (ui.pumpEvents() || frmBildkonvertierer.isStopped())
+        break;
+      const auto src = picture.attribute("src").value_or("");
+      const auto parts = localParts(src);
       ui.status(ui::StatusPlace::Run, base::format("Schatten für {}.{}", parts.name, parts.erweiterung));
-      if (!paths::datei_vorhanden(pathOf(parts)))
-        continue;
-      erzeuge_schatten(parts.verzeichnis, parts.name, parts.erweiterung, tbhintergrund);
-      picture.setAttribute("src", base::format("{}\\{}.{}", parts.verzeichnis, shadowName(parts.name), parts.erweiterung));
-      ++shadows;
+      if (const auto withShadow = schatten_hinzufügen(src, tbhintergrund)) {
+        picture.setAttribute("src", *withShadow);
+        ++shadows;
+      }
     }
   } catch (const base::Error&) {
     show();

@@ -94,27 +94,35 @@ std::string vorschaubild_gif(std::string_view pfad, const settings::Fields& fiel
 
 bool Thumbnails::MakeThumbs(std::string_view seite)
 {
-  return failures::withStandardHandler(parts_.language, "MakeThumbs", [&] { makeThumbs(seite); });
+  bool isDone = false;
+  const bool isMade = failures::withStandardHandler(parts_.language, "MakeThumbs", [&] { isDone = makeThumbs(seite); });
+  return isMade && isDone;
 }
 
-void Thumbnails::makeThumbs(std::string_view seite)
+bool Thumbnails::makeThumbs(std::string_view seite)
 {
   auto& ui = parts_.language.ui();
+  bool isDone = false;
   {
+    const WorkOnPictures work(parts_.frmBildkonvertierer);
     const ui::WaitPointer wait(ui);
     ui.status(ui::StatusPlace::Run, "Vorschaubilder werden generiert ... ");
     const auto id = seite.empty() ? pagetree::idOf(parts_.TreeView1.selected().value_or("")) : std::string(seite);
-    putIntoPage(tableOf(id == pagetree::kRootId ? "" : id));
-    parts_.active.PageDirty = true;
+    if (const auto table = tableOf(id == pagetree::kRootId ? "" : id)) {
+      putIntoPage(*table);
+      parts_.active.PageDirty = true;
+      isDone = true;
+    }
   }
   if (!seite.empty())
-    return;
+    return isDone;
   ui.status(ui::StatusPlace::Run, "");
-  if (parts_.fields.CheckVorschauMeldung)
+  if (isDone && parts_.fields.CheckVorschauMeldung)
     ui.messageBox({std::string(kNote), ""});
+  return isDone;
 }
 
-std::string Thumbnails::tableOf(const std::string& id)
+std::optional<std::string> Thumbnails::tableOf(const std::string& id)
 {
   auto pages =
       parts_.db.openRecordset("SELECT * FROM Seite WHERE (ID like ?) and (ID<>'00') ORDER BY ID", {dao::Value(id + "??")});
@@ -131,7 +139,8 @@ std::string Thumbnails::tableOf(const std::string& id)
     } else {
       ++n;
     }
-    parts_.language.ui().pumpEvents();
+    if (parts_.language.ui().pumpEvents() || parts_.frmBildkonvertierer.isStopped())
+      return std::nullopt;
   }
   if (!table.ends_with("</tr>"))
     table += "</tr>";
@@ -206,12 +215,19 @@ bool Thumbnails::allevorschaubilderneu(pagetree::PageStore& store)
   for (auto pages = parts_.db.openRecordset("SELECT * FROM Seite"); !pages.eof(); pages.moveNext())
     if (base::contains(pages.value("html").text(), "thumbs"))
       ids.push_back(pages.value("id").text());
+  const WorkOnPictures work(parts_.frmBildkonvertierer, ids.size());
   bool allDone = true;
-  for (std::size_t done = 0; done < ids.size(); ++done) {
+  for (std::size_t done = 0; done < ids.size() && !parts_.frmBildkonvertierer.isStopped(); ++done) {
     ui.progress(done, ids.size());
-    store.LoadPage(pagetree::keyOf(ids[done]), ids[done]);
+    parts_.frmBildkonvertierer.progress(done);
+    const auto key = pagetree::keyOf(ids[done]);
+    parts_.bringIn(key);
+    // Where a page above is missing, nobody can reach the page, and nothing generates it.
+    if (!parts_.TreeView1.hasNode(key))
+      continue;
+    store.LoadPage(key, ids[done]);
     // A page whose table could not be made stays as it is stored.
-    allDone = MakeThumbs(ids[done]) && store.SavePage(pagetree::keyOf(ids[done])) && allDone;
+    allDone = MakeThumbs(ids[done]) && store.SavePage(key) && allDone;
   }
   ui.hideProgress();
   return allDone;

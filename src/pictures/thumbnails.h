@@ -4,10 +4,12 @@
 #include "frame/messages/messages.h"
 #include "frame/settings/fields.h"
 #include "pagetree/page_store.h"
+#include "pictures/bildkonvertierer.h"
 #include "platform/dao/database.h"
 #include "platform/ui/editing_surface.h"
 #include "platform/ui/tree_control.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,19 +36,24 @@ public:
     ui::TreeControl& TreeView1;
     pagetree::ActivePage& active;
     const pagetree::PageFields& page;
+    pictures::frmBildkonvertierer& frmBildkonvertierer;
+    /// Adds the page's node to a tree that fills itself when it is opened.
+    std::function<void(std::string_view key)> bringIn = [](std::string_view) {};
   };
 
   explicit Thumbnails(const Parts& parts) : parts_(parts) {}
 
   /// Writes the table of the page's sub-pages into the open page, in place of an older one. `seite` is the page's id; empty for
-  /// the page selected in the tree, with the note at the end. Has the standard failure handler; false when it failed.
+  /// the page selected in the tree, with the note at the end. Has the standard failure handler; false when it failed
+  /// or was stopped: the page is then as it was.
   bool MakeThumbs(std::string_view seite);
   /// After a question: renews the tables of all pages that have one. False when one could not be made or stored.
   bool allevorschaubilderneu(pagetree::PageStore& store);
 
 private:
-  void makeThumbs(std::string_view seite);
-  std::string tableOf(const std::string& id);
+  bool makeThumbs(std::string_view seite);
+  /// Nothing when the user has stopped it.
+  std::optional<std::string> tableOf(const std::string& id);
   std::string cellOf(const dao::Recordset& page);
   std::optional<std::string> thumbnailOf(const dao::Recordset& page);
   std::string linkPrefix();

@@ -100,12 +100,17 @@ struct UsedDialogs : Dialogs {
   std::function<void(publish::frmHTMLExport&)> exporting;
   std::function<void(imode::frmimode&)> exportingImode;
   int shown = 0;
+  /// Windows beside the main one that were brought up.
+  std::vector<std::string> beside;
 
   void showModal(FrmAssistent& form) override { use(assistant, form, "FrmAssistent"); }
   void showModal(frmAbout& form) override { use(about, form, "frmAbout"); }
   void showModal(pagetree::frmMove1& form) override { use(move, form, "frmMove1"); }
   void showModal(publish::frmHTMLExport& form) override { use(exporting, form, "frmHTMLExport"); }
   void showModal(imode::frmimode& form) override { use(exportingImode, form, "frmimode"); }
+  void show(pictures::FrmFileScan&) override { beside.emplace_back("FrmFileScan"); }
+  void show(pictures::formobjektanzeigen&) override { beside.emplace_back("formobjektanzeigen"); }
+  void prepare(pictures::frmBildkonvertierer&) override {}
 
 private:
   template <class Form>

@@ -39,21 +39,25 @@ struct FileScan : testing::Test, PictureDesk {
       shown.push_back(datei + " " + std::string(darstellung));
     };
     hooks.showViewer = [this] { ++viewerShown; };
-    hooks.unload = [this] { ++unloaded; };
-    hooks.changed = [this] {
+    hooks.inserted = [this] { ++inserted; };
+    FrmFileScan out(
+        {{desk.project.db(), desk.program.language, desk.clock, fields, desk.program.files, desk.surface, working, [] {}},
+         desk.tree,
+         settings},
+        hooks);
+    out.window.unload = [this] { ++unloaded; };
+    out.window.refresh = [this] {
       if (whileScanning)
         whileScanning();
     };
-    return FrmFileScan({{desk.project.db(), desk.program.language, desk.clock, fields, desk.program.files, desk.surface, [] {}},
-                        desk.tree,
-                        settings},
-                       hooks);
+    return out;
   }
 
   pagetree::PageDesk desk{{"00", "Start"}, {"01", "Haus"}};
+  frmBildkonvertierer working;
   files::UserSettings settings{(directory.native() / "benutzer.ini").native()};
   std::vector<std::string> shown;
-  int viewerShown = 0, unloaded = 0;
+  int viewerShown = 0, unloaded = 0, inserted = 0;
   std::function<void()> whileScanning;
   FrmFileScan form = makeForm();
 };
@@ -161,9 +165,10 @@ TEST_F(FileScan, fails_where_the_register_lacks_its_column_and_can_be_started_ag
 TEST_F(FileScan, that_is_stopped_keeps_what_it_found)
 {
   files({"a/1.jpg", "b/2.jpg", "c/3.jpg"});
-  int directories = 0;
+  int refreshes = 0;
   whileScanning = [&] {
-    if (++directories == 3)
+    // At the start, and in the directory above before those in it.
+    if (++refreshes == 4)
       form.Command1_Click();
   };
 
@@ -191,6 +196,24 @@ TEST_F(FileScan, cuts_its_directory_off_a_path_wherever_it_stands)
 
   EXPECT_THAT(texts(form.Listpix), ElementsAre("ab.jpg", "\\y\\c.jpg"));
   EXPECT_EQ(form.lblpixanz, "2");
+}
+
+TEST_F(FileScan, lets_files_from_elsewhere_stand_for_themselves_while_nothing_was_chosen)
+{
+  form.dropFiles({"\\y\\a.jpg", "\\y\\b.jpg"});
+
+  EXPECT_THAT(texts(form.Listpix), ElementsAre("\\y\\a.jpg", "\\y\\b.jpg"));
+  EXPECT_EQ(form.pathOf(form.Listpix[0]), "\\y\\a.jpg");
+}
+
+TEST_F(FileScan, keeps_its_directory_in_front_of_what_is_dropped_later)
+{
+  form.List1 = {{"da.jpg"}};
+
+  form.dropFiles({"\\y\\a.jpg"});
+
+  EXPECT_EQ(form.tbshare, fotos());
+  EXPECT_EQ(form.pathOf(form.Listpix[0]), fotos() + "\\y\\a.jpg");
 }
 
 TEST_F(FileScan, takes_dropped_text_line_by_line)
@@ -340,6 +363,66 @@ TEST_F(FileScan, that_is_closed_remembers_its_directory_alone)
   EXPECT_EQ(settings.value("Settings", "search", ""), fotos());
   EXPECT_EQ(settings.value("Settings", "pix_width", "nichts"), "nichts");
   EXPECT_EQ(unloaded, 1);
+}
+
+TEST_F(FileScan, tells_at_the_end_which_pictures_did_not_arrive_and_why)
+{
+  photo("gut.jpg", 20, 20);
+  directory.write("fotos/leer.jpg", "");
+  form.Listpix = {{"leer.jpg"}, {"gut.jpg"}};
+  desk.program.ui.expect(126, "Die Datei ist leer.");
+
+  EXPECT_EQ(form.cbeinfügen_Click().inserted, 2u);
+
+  EXPECT_THAT(form.Listpix[0].text, testing::StartsWith("leer.jpg   --   "));
+  EXPECT_THAT(form.Listpix[0].text, testing::HasSubstr("Die Datei ist leer."));
+  EXPECT_EQ(form.Listpix[1].text, "gut.jpg   --   Bild auf Seite eingefügt!");
+  EXPECT_EQ(inserted, 1);
+}
+
+TEST_F(FileScan, does_not_insert_at_a_size_that_is_no_number)
+{
+  photo("a.jpg", 20, 20);
+  form.Listpix = {{"a.jpg"}};
+  form.tbpixel = "viel";
+  desk.program.ui.expect(30);
+
+  EXPECT_FALSE(form.cbeinfügen_Click().begun);
+
+  EXPECT_EQ(unloaded, 0);
+  EXPECT_THAT(texts(form.Listpix), ElementsAre("a.jpg"));
+}
+
+TEST_F(FileScan, that_is_closed_ends)
+{
+  files({"a/1.jpg", "b/2.jpg"});
+  int refreshes = 0;
+  whileScanning = [&] {
+    if (++refreshes == 4)
+      form.cbschließen_Click();
+  };
+
+  form.Command1_Click();
+
+  EXPECT_FALSE(form.isBusy());
+  EXPECT_THAT(texts(form.List1), ElementsAre("a\\1.jpg"));
+}
+
+TEST_F(FileScan, does_not_begin_in_another_one)
+{
+  files({"a/1.jpg", "b/2.jpg"});
+  int refreshes = 0;
+  whileScanning = [&] {
+    if (++refreshes > 20)
+      return;
+    form.Command1_Click();
+    form.Command1_Click();
+  };
+
+  form.Command1_Click();
+
+  EXPECT_FALSE(form.isBusy());
+  EXPECT_EQ(form.Command1, FrmFileScan::kStart);
 }
 
 TEST_F(FileScan, without_a_choice_stays_open)

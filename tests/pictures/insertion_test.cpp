@@ -29,9 +29,9 @@ struct PlainSurface : editor::DocumentSurface {
 struct Insertion : testing::Test, PictureDesk {
   InsertionOutcome run()
   {
-    PictureInsertion insertion(
-        {desk.project.db(), desk.program.language, desk.clock, fields, desk.program.files, surface, [this] { ++treesShown; }},
-        options);
+    PictureInsertion insertion({desk.project.db(), desk.program.language, desk.clock, fields, desk.program.files, surface, window,
+                                [this] { ++treesShown; }},
+                               options);
     return insertion.run(chosen);
   }
   void choose(const std::string& name, int width = 40, int height = 30)
@@ -52,6 +52,7 @@ struct Insertion : testing::Test, PictureDesk {
 
   pagetree::PageDesk desk{{"00", "Start"}, {"01", "Haus"}};
   PlainSurface surface;
+  frmBildkonvertierer window;
   InsertionOptions options;
   ChosenPictures chosen{fotos(), {}, "@01"};
   int treesShown = 0;

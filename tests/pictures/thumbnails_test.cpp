@@ -79,7 +79,9 @@ struct ThumbnailTable : testing::Test, PictureDesk {
   std::string body() const { return desk.surface.bodyInnerHtml(); }
 
   pagetree::PageDesk desk{{"00", "Start", "<p>x</p>"}, {"01", "Haus", "<h3 id=ueberschrift>Haus</h3>"}};
-  Thumbnails thumbnails{{desk.project.db(), desk.program.language, fields, desk.surface, desk.tree, desk.active, desk.fields}};
+  frmBildkonvertierer window;
+  Thumbnails thumbnails{
+      {desk.project.db(), desk.program.language, fields, desk.surface, desk.tree, desk.active, desk.fields, window}};
 };
 
 TEST_F(ThumbnailTable, of_a_page_without_sub_pages_still_closes_a_row)

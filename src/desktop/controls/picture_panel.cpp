@@ -1,5 +1,7 @@
 #include "desktop/controls/picture_panel.h"
 
+#include "desktop/controls/shown_image.h"
+
 #include <QImageReader>
 #include <QPainter>
 
@@ -28,10 +30,10 @@ void PicturePanel::setPicture(const QString& nativePath)
   update();
 }
 
-void PicturePanel::setImage(const QImage& image)
+void PicturePanel::setImage(const image::Image& picture)
 {
   path_.clear();
-  picture_ = QPixmap::fromImage(image);
+  picture_ = QPixmap::fromImage(shownImage(picture));
   updateGeometry();
   update();
 }

@@ -1,9 +1,12 @@
 #pragma once
 
-#include <QImage>
 #include <QPixmap>
 #include <QString>
 #include <QWidget>
+
+namespace mrd::image {
+class Image;
+}
 
 namespace mrd::desktop {
 
@@ -14,7 +17,7 @@ public:
 
   void setPicture(const QString& nativePath);
   /// Shows a picture that is no file.
-  void setImage(const QImage& image);
+  void setImage(const image::Image& picture);
 
   QSize sizeHint() const override;
 

@@ -6,7 +6,7 @@
 #include "desktop/windows/mainform_window.ui.h"
 #include "frame/settings/fields.h"
 #include "mainform/site_colours.h"
-#include "platform/image/image.h"
+#include "pictures/corners.h"
 
 #include <QCompleter>
 #include <QEvent>
@@ -111,14 +111,6 @@ void showLine(QLineEdit& widget, const QString& text)
     return;
   widget.setText(text);
   widget.setCursorPosition(0);
-}
-
-QImage imageOf(const image::Image& picture)
-{
-  constexpr int kBytesPerPixel = 3;
-  const QImage shared(picture.bytes().data(), picture.width(), picture.height(), kBytesPerPixel * picture.width(),
-                      QImage::Format_RGB888);
-  return shared.copy();
 }
 
 QColor screenColour(const std::string& text)
@@ -374,8 +366,8 @@ bool MainformFields::eventFilter(QObject* watched, QEvent* event)
 void MainformFields::showRadius()
 {
   const Fields& fields = form_.settings().fields();
-  ui_.LEADEcke->setRadius(static_cast<int>(base::numericValue(fields.tbradius)));
-  ui_.LEADEcke->setColours(screenColour(fields.Tbtabelle), screenColour(fields.tbhintergrundaussen));
+  const auto sample = std::ranges::find(pictures::kCorners, "ecke-ur.jpg", &pictures::Corner::fileName);
+  ui_.LEADEcke->setCorner(pictures::drawCorner(*sample, fields), screenColour(fields.tbhintergrundaussen));
   showBand();
 }
 
@@ -384,7 +376,7 @@ void MainformFields::showBand()
   auto& head = form_.imodeHead();
   head.imodelogo();
   if (head.LEADimode)
-    ui_.LEADimode->setImage(imageOf(*head.LEADimode));
+    ui_.LEADimode->setImage(*head.LEADimode);
 }
 
 void MainformFields::showHeadPicture()

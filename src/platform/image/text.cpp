@@ -57,17 +57,16 @@ void Image::drawText(std::string_view text, const Rectangle& bounds, int heightP
     cover.reset(static_cast<std::uint8_t*>(line.write_to_memory(&bytes)));
   });
   const int top = bounds.top + (bounds.height - size.height) / 2;
-  auto drawn = changeable();
+  auto& drawn = changeable();
   for (int y = std::max({0, bounds.top, top}); y < std::min({height(), bounds.top + bounds.height, top + size.height}); ++y)
     for (int x = std::max(0, bounds.left); x < std::min({width(), bounds.left + bounds.width, bounds.left + size.width}); ++x) {
       const int share = cover.get()[static_cast<std::size_t>(y - top) * static_cast<std::size_t>(size.width) +
                                     static_cast<std::size_t>(x - bounds.left)];
-      std::uint8_t* const pixel = drawn->at(x, y);
+      std::uint8_t* const pixel = drawn.at(x, y);
       pixel[0] = mixed(pixel[0], colour.red, share);
       pixel[1] = mixed(pixel[1], colour.green, share);
       pixel[2] = mixed(pixel[2], colour.blue, share);
     }
-  state_ = std::move(drawn);
 }
 
 } // namespace mrd::image
