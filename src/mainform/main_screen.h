@@ -1,6 +1,7 @@
 #pragma once
 // The main window and the dialogs over it as the core drives them: on a screen, or by a test.
 
+#include "imode/imode.h"
 #include "pagetree/page_move.h"
 #include "platform/ui/window_controls.h"
 #include "publish/html_export_form.h"
@@ -63,6 +64,7 @@ public:
   virtual void showModal(frmAbout& form) = 0;
   virtual void showModal(pagetree::frmMove1& form) = 0;
   virtual void showModal(publish::frmHTMLExport& form) = 0;
+  virtual void showModal(imode::frmimode& form) = 0;
 
   // Returns at once; the window stays beside the main one, and a form object that has one already is brought to the front.
 

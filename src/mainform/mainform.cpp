@@ -37,7 +37,8 @@ Mainform::Mainform(Program& program, const Seams& seams)
       tabs_({project_, pages_, seams.screen, help_}, [this] { colours_.farbenaktualisieren(); }),
       tools_(program.ui, seams.DHTMLEdit1, seams.screen), files_({program.language, pages_, seams.screen}),
       settings_({project_, seams.screen, seams.DHTMLEdit1}, [this] { colours_.farbenaktualisieren(); }),
-      treeMouse_({project_, pages_, seams.dialogs, help_}), drafts_(project_, pages_, tabs_),
+      imodeHead_(project_.fields(), program.ui), treeMouse_({project_, pages_, seams.dialogs, help_}),
+      drafts_(project_, pages_, tabs_),
       pictures_({project_, pages_, tabs_, seams.dialogs, help_, seams.shell, seams.userSettings}),
       auction_({program.language, seams.TreeView1, seams.clipboard, seams.shell, pages_.fields, project_.fields()},
                [this] { scriptChanged(); })
@@ -331,7 +332,8 @@ void Mainform::seitelöschen()
     pages_.DelPage();
 }
 
-void Mainform::html()
+template <class Dialog>
+void Mainform::showExport()
 {
   if (!project_.isOpen()) {
     program_.language.GetMsg(kMessageNoProject);
@@ -342,9 +344,16 @@ void Mainform::html()
   publish::RememberedServers servers(seams_.userSettings, program_.language);
   ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); });
   const publish::SystemTimer timer;
-  publish::frmHTMLExport dialog(exportEnvironment(), {program_.language, project_.fields(), client, timer});
+  Dialog dialog(exportEnvironment(), {program_.language, project_.fields(), client, timer});
   dialog.DbName = project_.DbName();
   seams_.dialogs.showModal(dialog);
+}
+
+void Mainform::html() { showExport<publish::frmHTMLExport>(); }
+
+void Mainform::cbimode_Click()
+{
+  command("cbimode_Click", [&] { showExport<imode::frmimode>(); });
 }
 
 void Mainform::seitenvorschau()

@@ -2,6 +2,8 @@
 // The main window without a screen: its parts, each with the controls and the procedures of its subject, and the commands that
 // lead from one to another.
 
+#include "generator/html_export.h"
+#include "imode/head_frame.h"
 #include "mainform/draft_keeper.h"
 #include "mainform/editor_tabs.h"
 #include "mainform/editor_tools.h"
@@ -55,6 +57,7 @@ public:
   FileCommands& files() { return files_; }
   SettingsTabs& settings() { return settings_; }
   SiteColours& colours() { return colours_; }
+  imode::HeadFrame& imodeHead() { return imodeHead_; }
   DraftKeeper& drafts() { return drafts_; }
   Help& help() { return help_; }
   PictureCommands& pictures() { return pictures_; }
@@ -95,6 +98,8 @@ public:
   void seitenvorschau();
   /// Saves the page, and shows the dialog that generates the site.
   void html();
+  /// The same for the edition for telephones.
+  void cbimode_Click();
   /// Shows the shop's dialog beside the page.
   void mnuShop_Click();
   void cbEbayHTMLkopieren_Click();
@@ -116,6 +121,9 @@ private:
   void seiteneu();
   void seitelöschen();
   generator::ExportEnvironment exportEnvironment();
+  /// Saves the page and shows a dialog that generates and publishes. Message 24 without a project.
+  template <class Dialog>
+  void showExport();
   void showAssistant(int page);
   void showAbout();
   shop::ShopHooks shopHooks();
@@ -133,6 +141,7 @@ private:
   EditorTools tools_;
   FileCommands files_;
   SettingsTabs settings_;
+  imode::HeadFrame imodeHead_;
   TreeMouse treeMouse_;
   DraftKeeper drafts_;
   PictureCommands pictures_;

@@ -98,6 +98,7 @@ struct UsedDialogs : Dialogs {
   std::function<void(frmAbout&)> about;
   std::function<void(pagetree::frmMove1&)> move;
   std::function<void(publish::frmHTMLExport&)> exporting;
+  std::function<void(imode::frmimode&)> exportingImode;
   std::function<void(shop::frmmrdshop&)> shop;
   int shown = 0;
   /// Windows beside the main one that were brought up.
@@ -107,6 +108,7 @@ struct UsedDialogs : Dialogs {
   void showModal(frmAbout& form) override { use(about, form, "frmAbout"); }
   void showModal(pagetree::frmMove1& form) override { use(move, form, "frmMove1"); }
   void showModal(publish::frmHTMLExport& form) override { use(exporting, form, "frmHTMLExport"); }
+  void showModal(imode::frmimode& form) override { use(exportingImode, form, "frmimode"); }
   void show(pictures::FrmFileScan&) override { beside.emplace_back("FrmFileScan"); }
   void show(pictures::formobjektanzeigen&) override { beside.emplace_back("formobjektanzeigen"); }
   void prepare(pictures::frmBildkonvertierer&) override {}

@@ -114,6 +114,23 @@ class Site(unittest.TestCase):
         self.serve("sftp", scheme="sftp://")
         self.check_life_of_a_site()
 
+    def test_the_edition_for_telephones_goes_to_a_directory_of_its_own(self):
+        self.serve("pyftpdlib")
+        self.mrd("settings", self.project, "ftpverzeichnisimode=" + str(self.web.relative_to(self.root)).replace("web", "handy"),
+                 "imodekopftyp=0")
+        self.mrd("generate", self.project, "--imode")
+        first = self.publish("--imode")
+        self.assertEqual((first["failed"], first["orphans"], first["sent"]), ([], [], 4))
+        self.web, self.site = self.web.parent / "handy", self.site / "imode"
+        self.assert_same_tree()
+        self.assertEqual(sorted(path.name for path in (self.web / "pix").iterdir()), ["hafen_xs.gif", "imodelogo.gif"])
+
+        again = self.publish("--imode")
+        self.assertEqual((again["sent"], again["kept"]), (2, 2))
+        (self.web / "alt.htm").write_text("alt")
+        self.assertEqual(self.publish("--imode", "--delete-orphans")["deleted"], ["alt.htm"])
+        self.assert_same_tree()
+
     def test_a_server_that_is_not_trusted_gets_nothing_and_is_told_with_its_fingerprint(self):
         self.serve("vsftpd-tls")
         result = self.mrd("publish", self.project, status=1)

@@ -5,6 +5,7 @@
 #include "desktop/windows/bildkonvertierer_window.h"
 #include "desktop/windows/file_scan_window.h"
 #include "desktop/windows/html_export_window.h"
+#include "desktop/windows/imode_window.h"
 #include "desktop/windows/mainform_window.h"
 #include "desktop/windows/move_window.h"
 #include "desktop/windows/objekt_anzeigen_window.h"
@@ -67,6 +68,13 @@ void FormDialogs::showModal(pagetree::frmMove1& form)
 void FormDialogs::showModal(publish::frmHTMLExport& form)
 {
   FrmHtmlExportWindow dialog(form, &owner_);
+  if (dialog.isLoaded())
+    run(dialog, owner_);
+}
+
+void FormDialogs::showModal(imode::frmimode& form)
+{
+  FrmImodeWindow dialog(form, &owner_);
   if (dialog.isLoaded())
     run(dialog, owner_);
 }

@@ -27,6 +27,7 @@ public:
   void showModal(mainform::frmAbout& form) override;
   void showModal(pagetree::frmMove1& form) override;
   void showModal(publish::frmHTMLExport& form) override;
+  void showModal(imode::frmimode& form) override;
   void show(pictures::FrmFileScan& form) override;
   void show(pictures::formobjektanzeigen& form) override;
   void prepare(pictures::frmBildkonvertierer& form) override;

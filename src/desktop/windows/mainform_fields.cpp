@@ -196,6 +196,12 @@ void MainformFields::connectSettings()
     ui_.tbradius->setText(QString::number(std::max(0, radius)));
   });
   connect(ui_.tbpfadexport, &QLineEdit::editingFinished, this, [this] { form_.settings().tbpfadexport_LostFocus(); });
+  connect(ui_.tbimodekopftext, &QLineEdit::textChanged, this, [this] { showBand(); });
+  connect(ui_.cbimodegifladen, &QPushButton::clicked, this, [this] {
+    form_.imodeHead().cbimodegifladen_Click();
+    showHeadPicture();
+  });
+  connect(ui_.cbimode, &QPushButton::clicked, this, [this] { form_.cbimode_Click(); });
   connect(ui_.cbpfad, &QToolButton::clicked, this, [this] { form_.settings().cbpfad_Click(); });
   connect(ui_.cbeinstellungen, &QPushButton::clicked, this, [this] { form_.settings().cbeinstellungen_Click(); });
 }
@@ -322,8 +328,7 @@ void MainformFields::showSettings()
   ui_.CheckRundeEcke->setChecked(fields.CheckRundeEcke);
   (fields.OptionVorschauMitTitel ? ui_.OptionVorschauMitTitel : ui_.OptionVorschauOhneTitel)->setChecked(true);
   (ui_.*kHeadTypes[static_cast<std::size_t>(fields.Opimmodekopf)])->setChecked(true);
-  ui_.Lblimodegif->setText(shownPath(fields.Lblimodegif));
-  ui_.picImodeKopf->setPicture(shownPath(fields.picImodeKopf));
+  showHeadPicture();
   showLabels();
 }
 
@@ -366,6 +371,22 @@ void MainformFields::showRadius()
   const Fields& fields = form_.settings().fields();
   const auto sample = std::ranges::find(pictures::kCorners, "ecke-ur.jpg", &pictures::Corner::fileName);
   ui_.LEADEcke->setCorner(pictures::drawCorner(*sample, fields), screenColour(fields.tbhintergrundaussen));
+  showBand();
+}
+
+void MainformFields::showBand()
+{
+  auto& head = form_.imodeHead();
+  head.imodelogo();
+  if (head.LEADimode)
+    ui_.LEADimode->setImage(*head.LEADimode);
+}
+
+void MainformFields::showHeadPicture()
+{
+  const Fields& fields = form_.settings().fields();
+  ui_.Lblimodegif->setText(shownPath(fields.Lblimodegif));
+  ui_.picImodeKopf->setPicture(shownPath(fields.picImodeKopf));
 }
 
 void MainformFields::showTabs()

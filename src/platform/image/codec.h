@@ -46,6 +46,12 @@ struct Raster {
   Pixels pixels;
 };
 
+/// How much of each pixel a drawing covers, 0 to 255, a byte each.
+struct Coverage {
+  Size size;
+  Pixels shares;
+};
+
 /// Pixels of somebody else.
 struct RasterView {
   Size size;
@@ -64,6 +70,8 @@ public:
   virtual Raster readReduced(const std::string& file, Size size, Colour background) const = 0;
   virtual Raster resized(RasterView picture, Size size) const = 0;
   virtual Raster rotated(RasterView picture) const = 0;
+  /// A line of text without line ends, in letters of this height and what hangs below them.
+  virtual Coverage textLine(const std::string& text, int heightPx) const = 0;
   /// A JPEG file of this quality, 1 to 100, without metadata.
   virtual std::string encodeJpeg(RasterView picture, int quality) const = 0;
 };

@@ -24,6 +24,8 @@ using vips::VImage;
 constexpr long long kMostPixelsInTwoPasses = 20'000'000;
 /// From this quality on every pixel keeps its own colour: somebody asked for the best, or draws thin lines.
 constexpr int kFullColourQuality = 90;
+/// One resolution makes a font's points pixels.
+constexpr int kDotsPerInch = 72;
 /// Turning by the camera's position swaps the sides from here on.
 constexpr int kFirstSidewaysOrientation = 5;
 
@@ -148,6 +150,15 @@ VImage reduced(const std::string& name, Size size)
                            VImage::option()->set("height", size.height)->set("size", VIPS_SIZE_FORCE));
 }
 
+/// The library reads markup in texts.
+std::string withoutMarkup(const std::string& text)
+{
+  gchar* const escaped = g_markup_escape_text(text.data(), static_cast<gssize>(text.size()));
+  std::string result = escaped;
+  g_free(escaped);
+  return result;
+}
+
 class VipsCodec : public Codec {
 public:
   Head headOf(const std::string& name) const override
@@ -190,6 +201,16 @@ public:
   Raster rotated(RasterView picture) const override
   {
     return made("rotate", [&] { return rasterOf(asLibraryImage(picture).rot90()); });
+  }
+
+  Coverage textLine(const std::string& text, int heightPx) const override
+  {
+    auto raster = made("text", [&] {
+      return rasterOf(
+          VImage::text(withoutMarkup(text).c_str(),
+                       VImage::option()->set("font", ("sans " + std::to_string(heightPx)).c_str())->set("dpi", kDotsPerInch)));
+    });
+    return {raster.size, std::move(raster.pixels)};
   }
 
   std::string encodeJpeg(RasterView picture, int quality) const override

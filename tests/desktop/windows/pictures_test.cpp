@@ -91,6 +91,7 @@ public:
     project_.setSetting("ftpserver", server.server());
     project_.setSetting("ftpuser", server.user());
     project_.setSetting("ftppasswort", server.password());
+    project_.setSetting("ftpverzeichnisimode", "handy");
   }
 
 private:
@@ -212,7 +213,17 @@ TEST_P(Pictures, of_the_dialogs)
     });
   });
   desk.action("html").trigger();
-  EXPECT_EQ(desk.answers.dialogTitles.size(), 4U);
+  desk.answers.dialogs.push_back([&](QDialog& dialog) {
+    save(dialog, look, "imode");
+    QTimer::singleShot(0, &dialog, [&dialog, look] {
+      dialog.findChild<QAbstractButton*>("cbHTML")->click();
+      publish(dialog);
+      save(dialog, look, "imode-published");
+      dialog.reject();
+    });
+  });
+  desk.find<QAbstractButton>("cbimode").click();
+  EXPECT_EQ(desk.answers.dialogTitles.size(), 5U);
 }
 
 TEST_P(Pictures, of_the_windows_for_pictures)
