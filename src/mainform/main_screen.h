@@ -5,6 +5,12 @@
 #include "pagetree/page_move.h"
 #include "platform/ui/window_controls.h"
 
+namespace mrd::pictures {
+class FrmFileScan;
+class formobjektanzeigen;
+class frmBildkonvertierer;
+} // namespace mrd::pictures
+
 namespace mrd::mainform {
 
 class FrmAssistent;
@@ -45,14 +51,24 @@ public:
   virtual void unloadOtherWindows() = 0;
 };
 
-/// Shows form objects in their windows and returns when these are closed.
+/// Shows form objects in their windows.
 class Dialogs {
 public:
   virtual ~Dialogs() = default;
+
+  // Returns when the window is closed.
+
   virtual void showModal(FrmAssistent& form) = 0;
   virtual void showModal(frmAbout& form) = 0;
   virtual void showModal(pagetree::frmMove1& form) = 0;
   virtual void showModal(generator::frmHTMLExport& form) = 0;
+
+  // Returns at once; the window stays beside the main one, and a form object that has one already is brought to the front.
+
+  virtual void show(pictures::FrmFileScan& form) = 0;
+  virtual void show(pictures::formobjektanzeigen& form) = 0;
+  /// Makes the window that comes up by itself while there is work.
+  virtual void prepare(pictures::frmBildkonvertierer& form) = 0;
 };
 
 } // namespace mrd::mainform

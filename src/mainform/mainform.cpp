@@ -33,8 +33,10 @@ Mainform::Mainform(Program& program, const Seams& seams)
       tabs_({project_, pages_, seams.screen, help_}, [this] { colours_.farbenaktualisieren(); }),
       tools_(program.ui, seams.DHTMLEdit1, seams.screen), files_({program.language, pages_, seams.screen}),
       settings_({project_, seams.screen, seams.DHTMLEdit1}, [this] { colours_.farbenaktualisieren(); }),
-      treeMouse_({project_, pages_, seams.dialogs, help_}), drafts_(project_, pages_, tabs_)
+      treeMouse_({project_, pages_, seams.dialogs, help_}), drafts_(project_, pages_, tabs_),
+      pictures_({project_, pages_, tabs_, seams.dialogs, help_, seams.shell, seams.userSettings})
 {
+  seams_.dialogs.prepare(pictures_.converter());
   seams_.DHTMLEdit1.setEvents(surfaceEvents());
 }
 
@@ -54,6 +56,7 @@ ProjectHooks Mainform::projectHooks()
             seams_.screen.unload();
           },
           [this] {
+            pictures_.leaveProject();
             pages_.projectOpened();
             seams_.DHTMLEdit1.setDocumentHtml("<html><body></body></html>");
           },
@@ -294,6 +297,11 @@ void Mainform::Toolbar2_ButtonClick(std::string_view Key)
       command("Toolbar2_ButtonClick", [&] { (this->*button.press)(); });
 }
 
+void Mainform::Toolbar3_ButtonClick(std::string_view Key)
+{
+  command("Toolbar3_ButtonClick", [&] { pictures_.Toolbar3_ButtonClick(Key); });
+}
+
 void Mainform::seitespeichern() { files_.FileSave_Click(); }
 
 void Mainform::seiteneu()
@@ -378,6 +386,12 @@ void Mainform::menu_Click(std::string_view name, std::optional<int> index)
       Entry{"FileExit", [](Mainform& window, int) { window.FileExit_Click(); }},
       Entry{"editsub", [](Mainform& window, int entry) { window.tools_.editsub_Click(entry); }},
       Entry{"ViewSub", [](Mainform& window, int entry) { window.tools_.ViewSub_Click(entry); }},
+      Entry{"pixsub",
+            [](Mainform& window, int entry) { window.command("pixsub_Click", [&] { window.pictures_.pixsub_Click(entry); }); }},
+      Entry{"mnupixSchatten",
+            [](Mainform& window, int) {
+              window.command("mnupixSchatten_Click", [&] { window.pictures_.mnupixSchatten_Click(); });
+            }},
       Entry{"SeiteSub", [](Mainform& window, int entry) { window.SeiteSub_Click(entry); }},
       Entry{"NetSub", [](Mainform& window, int entry) { window.NetSub_Click(entry); }},
       Entry{"eng", [](Mainform& window, int) { window.eng_Click(); }},

@@ -9,6 +9,7 @@
 #include "mainform/help.h"
 #include "mainform/main_screen.h"
 #include "mainform/page_desk.h"
+#include "mainform/picture_commands.h"
 #include "mainform/program.h"
 #include "mainform/project_frame.h"
 #include "mainform/settings_tabs.h"
@@ -51,6 +52,7 @@ public:
   SiteColours& colours() { return colours_; }
   DraftKeeper& drafts() { return drafts_; }
   Help& help() { return help_; }
+  PictureCommands& pictures() { return pictures_; }
 
   // Start and end.
 
@@ -81,6 +83,7 @@ public:
   /// The command of a toolbar's button, by its exact key.
   void Toolbar1_ButtonClick(std::string_view Key) { tools_.Toolbar1_ButtonClick(Key); }
   void Toolbar2_ButtonClick(std::string_view Key);
+  void Toolbar3_ButtonClick(std::string_view Key);
   /// The command of a menu entry, by its name and number; an entry that has none does nothing.
   void menu_Click(std::string_view name, std::optional<int> index);
   /// Saves the page that is open, generates it and shows it.
@@ -118,6 +121,7 @@ private:
   SettingsTabs settings_;
   TreeMouse treeMouse_;
   DraftKeeper drafts_;
+  PictureCommands pictures_;
   bool projectOpened_ = false;
   /// The window is closed or about to be.
   bool ended_ = false;

@@ -99,11 +99,16 @@ struct UsedDialogs : Dialogs {
   std::function<void(pagetree::frmMove1&)> move;
   std::function<void(generator::frmHTMLExport&)> exporting;
   int shown = 0;
+  /// Windows beside the main one that were brought up.
+  std::vector<std::string> beside;
 
   void showModal(FrmAssistent& form) override { use(assistant, form, "FrmAssistent"); }
   void showModal(frmAbout& form) override { use(about, form, "frmAbout"); }
   void showModal(pagetree::frmMove1& form) override { use(move, form, "frmMove1"); }
   void showModal(generator::frmHTMLExport& form) override { use(exporting, form, "frmHTMLExport"); }
+  void show(pictures::FrmFileScan&) override { beside.emplace_back("FrmFileScan"); }
+  void show(pictures::formobjektanzeigen&) override { beside.emplace_back("formobjektanzeigen"); }
+  void prepare(pictures::frmBildkonvertierer&) override {}
 
 private:
   template <class Form>

@@ -1,5 +1,6 @@
 #include "desktop/controls/corner_sample.h"
 
+#include <QImage>
 #include <QPainter>
 
 #include <algorithm>
@@ -12,29 +13,25 @@ constexpr int kLargestPx = 120;
 
 } // namespace
 
-void CornerSample::setRadius(int radiusPx)
-{
-  radius_ = std::max(1, radiusPx);
-  const int side = std::min(radius_, kLargestPx) + 1;
-  setFixedSize(side, side);
-  update();
-}
+CornerSample::CornerSample(QWidget* parent) : QWidget(parent), corner_(image::Image::create(1, 1)) {}
 
-void CornerSample::setColours(const QColor& inside, const QColor& outside)
+void CornerSample::setCorner(const image::Image& corner, const QColor& outside)
 {
-  inside_ = inside;
+  corner_ = corner;
   outside_ = outside;
+  const int side = std::min(corner.width(), kLargestPx) + 1;
+  setFixedSize(side, side);
   update();
 }
 
 void CornerSample::paintEvent(QPaintEvent*)
 {
+  constexpr int kBytesPerPixel = 3;
+  const QImage picture(corner_.bytes().data(), corner_.width(), corner_.height(), kBytesPerPixel * corner_.width(),
+                       QImage::Format_RGB888);
   QPainter painter(this);
   painter.fillRect(rect(), outside_);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(inside_);
-  painter.drawEllipse(QRectF(-radius_ - 1, -radius_ - 1, 2.0 * radius_, 2.0 * radius_));
+  painter.drawImage(0, 0, picture);
 }
 
 } // namespace mrd::desktop

@@ -2,27 +2,48 @@
 
 #include "desktop/windows/about_window.h"
 #include "desktop/windows/assistent_window.h"
+#include "desktop/windows/bildkonvertierer_window.h"
+#include "desktop/windows/file_scan_window.h"
 #include "desktop/windows/html_export_window.h"
 #include "desktop/windows/mainform_window.h"
 #include "desktop/windows/move_window.h"
+#include "desktop/windows/objekt_anzeigen_window.h"
 
+#include <QApplication>
 #include <QKeySequence>
 #include <QShortcut>
 
 namespace mrd::desktop {
 namespace {
 
-/// Shows a dialog until it is closed; the help key asks for the help of its window.
+/// The help key asks for the help of the window.
+void addHelpKey(QDialog& dialog, MainformWindow& owner)
+{
+  auto* const help = new QShortcut(QKeySequence::HelpContents, &dialog);
+  QObject::connect(help, &QShortcut::activated, &dialog,
+                   [&] { owner.form().help().HilfeAnzeigen(dialog.objectName().toStdString()); });
+}
+
+/// Shows a dialog until it is closed.
 void run(QDialog& dialog, MainformWindow& owner)
 {
-  const QShortcut help(QKeySequence::HelpContents, &dialog);
-  QObject::connect(&help, &QShortcut::activated, &dialog,
-                   [&] { owner.form().help().HilfeAnzeigen(dialog.objectName().toStdString()); });
+  addHelpKey(dialog, owner);
   owner.hideSplash();
   dialog.exec();
 }
 
 } // namespace
+
+FormDialogs::FormDialogs(MainformWindow& owner) : owner_(owner) {}
+
+FormDialogs::~FormDialogs() = default;
+
+void FormDialogs::closeAll()
+{
+  fileScan_.reset();
+  viewer_.reset();
+  converter_.reset();
+}
 
 void FormDialogs::showModal(mainform::FrmAssistent& form)
 {
@@ -47,6 +68,47 @@ void FormDialogs::showModal(generator::frmHTMLExport& form)
   FrmHtmlExportWindow dialog(form, &owner_);
   if (dialog.isLoaded())
     run(dialog, owner_);
+}
+
+void FormDialogs::show(pictures::FrmFileScan& form)
+{
+  // A window that was closed belongs to a form object that is no more.
+  if (!fileScan_ || !fileScan_->isVisible()) {
+    fileScan_.reset();
+    fileScan_ = std::make_unique<FrmFileScanWindow>(form, owner_.form().program().language, &owner_);
+    addHelpKey(*fileScan_, owner_);
+    fileScan_->show();
+  }
+  form.window.refresh();
+  fileScan_->raise();
+  fileScan_->activateWindow();
+}
+
+void FormDialogs::show(pictures::formobjektanzeigen& form)
+{
+  if (!viewer_ || !viewer_->isVisible()) {
+    viewer_.reset();
+    viewer_ = std::make_unique<ObjektAnzeigenWindow>(form, owner_.form().program().language, &owner_);
+    addHelpKey(*viewer_, owner_);
+  }
+  viewer_->show();
+}
+
+void FormDialogs::prepare(pictures::frmBildkonvertierer& form)
+{
+  form.window.show = [this, &form] { showWorking(form); };
+}
+
+void FormDialogs::showWorking(pictures::frmBildkonvertierer& form)
+{
+  QWidget* const before = QApplication::activeWindow();
+  // Made anew, in the language of the day.
+  converter_.reset();
+  converter_ = std::make_unique<BildkonvertiererWindow>(form, owner_.form().program().language, &owner_);
+  converter_->adjustSize();
+  const QRect around = (before ? *before : static_cast<QWidget&>(owner_)).geometry();
+  converter_->move(around.center() - converter_->rect().center());
+  converter_->show();
 }
 
 } // namespace mrd::desktop

@@ -6,6 +6,7 @@
 #include "desktop/windows/mainform_window.ui.h"
 #include "frame/settings/fields.h"
 #include "mainform/site_colours.h"
+#include "pictures/corners.h"
 
 #include <QCompleter>
 #include <QEvent>
@@ -360,8 +361,8 @@ bool MainformFields::eventFilter(QObject* watched, QEvent* event)
 void MainformFields::showRadius()
 {
   const Fields& fields = form_.settings().fields();
-  ui_.LEADEcke->setRadius(static_cast<int>(base::numericValue(fields.tbradius)));
-  ui_.LEADEcke->setColours(screenColour(fields.Tbtabelle), screenColour(fields.tbhintergrundaussen));
+  const auto sample = std::ranges::find(pictures::kCorners, "ecke-ur.jpg", &pictures::Corner::fileName);
+  ui_.LEADEcke->setCorner(pictures::drawCorner(*sample, fields), screenColour(fields.tbhintergrundaussen));
 }
 
 void MainformFields::showTabs()

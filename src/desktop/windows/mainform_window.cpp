@@ -48,7 +48,11 @@ MainformWindow::MainformWindow(mainform::Program& program, QtUi& userInterface, 
   connect(&timer_, &QTimer::timeout, this, [this] { form_->Timer(); });
 }
 
-MainformWindow::~MainformWindow() { userInterface_.setDisplay(nullptr); }
+MainformWindow::~MainformWindow()
+{
+  dialogs_.closeAll();
+  userInterface_.setDisplay(nullptr);
+}
 
 WebEditingSurface& MainformWindow::place(std::unique_ptr<WebEditingSurface> surface)
 {
@@ -104,6 +108,11 @@ void MainformWindow::connectPrompts()
     searched_ = text.value_or(searched_);
     return text;
   };
+  prompts.picture = [this](std::string_view) -> std::optional<std::string> {
+    const auto file = userInterface_.openFileDialog(
+        {ui_->InsertSub1_0->text().remove('&').remove('.').toStdString(), std::string(pictures::kPictureFilter)});
+    return file ? std::optional("file://" + *file) : std::nullopt;
+  };
   surface_.setPrompts(std::move(prompts));
 }
 
@@ -113,6 +122,8 @@ void MainformWindow::connectToolbars()
     auto& action = dynamic_cast<QAction&>(screen_.controls().object(button.key));
     if (button.toolbar == "Toolbar1")
       connect(&action, &QAction::triggered, this, [this, key = button.key] { form_->Toolbar1_ButtonClick(key); });
+    else if (button.toolbar == "Toolbar3")
+      connect(&action, &QAction::triggered, this, [this, key = button.key] { form_->Toolbar3_ButtonClick(key); });
     else
       connect(&action, &QAction::triggered, this, [this, key = button.key] { form_->Toolbar2_ButtonClick(key); });
     action.setEnabled(button.works);
