@@ -45,9 +45,16 @@ void FileListView::setModel(QAbstractItemModel* model)
   connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &FileListView::tellClick);
 }
 
+void FileListView::setKeyboardRow(int row)
+{
+  quiet_ = true;
+  selectionModel()->setCurrentIndex(model()->index(row, 0), QItemSelectionModel::NoUpdate);
+  quiet_ = false;
+}
+
 void FileListView::tellClick(const QModelIndex& index)
 {
-  if (!index.isValid())
+  if (quiet_ || !index.isValid())
     return;
   const bool isUnderWay = clickedRow_ >= 0;
   clickedRow_ = index.row();

@@ -26,6 +26,8 @@ public:
   /// Which key moves: the space key or the Delete key.
   void setEvents(Events events, Qt::Key moveKey);
   void setModel(QAbstractItemModel* model) override;
+  /// The row that the keyboard goes on from, without a click on it.
+  void setKeyboardRow(int row);
 
 protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -40,6 +42,7 @@ private:
   Events events_;
   Qt::Key moveKey_ = Qt::Key_Space;
   int clickedRow_ = -1;
+  bool quiet_ = false;
 };
 
 } // namespace mrd::desktop

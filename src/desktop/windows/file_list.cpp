@@ -7,6 +7,7 @@
 #include <QItemSelection>
 #include <QPainter>
 #include <QPixmap>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -71,10 +72,14 @@ QIcon FileList::picture(const pictures::ListEntry& entry) const
 
 void FileList::refresh()
 {
+  const int row = view_.currentIndex().row(), position = view_.verticalScrollBar()->value();
   beginResetModel();
   shown_ = static_cast<int>(box_.size());
   endResetModel();
   select();
+  if (row >= 0 && shown_ > 0)
+    view_.setKeyboardRow(std::min(row, shown_ - 1));
+  view_.verticalScrollBar()->setValue(position);
 }
 
 void FileList::grow()
@@ -99,7 +104,6 @@ void FileList::paletteChanged()
   picturesChanged();
 }
 
-/// The view follows the form object, which a button may have told to select all.
 void FileList::select()
 {
   QItemSelection selection;

@@ -18,8 +18,10 @@ public:
   /// `box` is a list of `form`.
   FileList(pictures::FrmFileScan& form, pictures::ListBox& box, ThumbnailMaker& thumbnails, FileListView& view);
 
-  /// The entries are other ones, or selected in another way.
+  /// The entries are other ones; the user stays at the place where he was.
   void refresh();
+  /// The view follows the form object, which a button may have told to select all.
+  void select();
   /// There are more of them, behind those that were there.
   void grow();
   /// Small pictures have arrived.
@@ -32,7 +34,6 @@ public:
 
 private:
   void keepSelection(const QItemSelection& selected, const QItemSelection& deselected);
-  void select();
   QIcon picture(const pictures::ListEntry& entry) const;
 
   pictures::FrmFileScan& form_;

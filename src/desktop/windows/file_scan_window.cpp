@@ -72,6 +72,8 @@ const std::array kButtons{
 };
 
 constexpr int kShowMilliseconds = 50;
+/// Room for six or seven pictures in each list.
+constexpr QSize kFirstSize(1020, 760);
 
 void showLine(QLineEdit& widget, const QString& text)
 {
@@ -92,6 +94,9 @@ FrmFileScanWindow::FrmFileScanWindow(Form& form, messages::Language& language, Q
   showPictures(*this);
   QtControls controls(*this, "FrmFileScan");
   language_.Setlanguage(controls);
+  // Captions are written with the sign for a letter; this one names no field.
+  ui_->LabelHinweis->setText(ui_->LabelHinweis->text().replace("&&", "&"));
+  resize(kFirstSize);
   found_ = std::make_unique<FileList>(form_, form_.List1, thumbnails_, *ui_->List1);
   chosen_ = std::make_unique<FileList>(form_, form_.Listpix, thumbnails_, *ui_->Listpix);
   form_.window.refresh = [this] { form_.isScanning() ? refreshDuringScan() : refresh(); };
@@ -113,8 +118,11 @@ void FrmFileScanWindow::act(std::string_view procedure, const std::function<void
   if (showing_)
     return;
   failures::withStandardHandler(language_, procedure, body);
-  if (!form_.isBusy())
-    refresh();
+  if (form_.isBusy())
+    return;
+  showCounts();
+  showOptions();
+  showStates();
 }
 
 void FrmFileScanWindow::connectDirectory()
@@ -202,6 +210,8 @@ void FrmFileScanWindow::connectButtons()
   for (const auto& [widget, procedure, click] : kButtons)
     connect(widget(*ui_), &QAbstractButton::clicked, this,
             [this, procedure = procedure, click = click] { act(procedure, [&] { (form_.*click)(); }); });
+  for (auto* const button : {ui_->cballemarkieren, ui_->cbmarkierungweg})
+    connect(button, &QPushButton::clicked, this, [this] { found_->select(); });
   connect(ui_->cbrotieren, &QPushButton::clicked, this, [this] {
     thumbnails_.forget(form_.pathOf({form_.rotateEntry}));
     refresh();

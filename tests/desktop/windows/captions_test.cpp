@@ -14,6 +14,7 @@
 #include <QPlainTextEdit>
 #include <QTabWidget>
 #include <QToolBar>
+#include <QToolButton>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -45,6 +46,9 @@ protected:
       const auto* const label = qobject_cast<const QLabel*>(widget);
       const auto* const button = qobject_cast<const QAbstractButton*>(widget);
       if ((!label && !button) || !widget->isVisible() || widget->parentWidget()->inherits("QTabBar"))
+        continue;
+      // The small arrows beside a field have no caption.
+      if (const auto* const arrow = qobject_cast<const QToolButton*>(widget); arrow && arrow->arrowType() != Qt::NoArrow)
         continue;
       QSize needed = widget->minimumSizeHint();
       if (label && label->wordWrap())
@@ -190,6 +194,25 @@ TEST_P(Captions, of_the_dialogs_have_room_and_letters_of_their_own)
   desk.dragNode("@01", "@00");
 
   EXPECT_EQ(desk.answers.dialogTitles.size(), 4U);
+}
+
+TEST_P(Captions, of_the_windows_beside_the_main_one_have_room_and_letters_of_their_own)
+{
+  Desk desk(home);
+  desk.start();
+  desk.action("pix_mehrere").trigger();
+  auto& pictures = desk.form().pictures();
+  desk.form().pictures().fileScan()->CheckBitmap_Click();
+  pictures.converter().show(60);
+  for (const auto* const name : {"FrmFileScan", "formobjektanzeigen", "frmBildkonvertierer"}) {
+    auto& window = desk.find<QWidget>(name);
+    letPass(50);
+    ASSERT_TRUE(window.isVisible()) << name;
+    EXPECT_THAT(cut(window), IsEmpty()) << name;
+    EXPECT_THAT(clashes(window), IsEmpty()) << name;
+    EXPECT_THAT(nameless(window), IsEmpty()) << name;
+  }
+  pictures.converter().unload();
 }
 
 TEST_P(Captions, leave_entries_without_a_command_disabled)

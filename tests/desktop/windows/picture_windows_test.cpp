@@ -58,7 +58,12 @@ struct PictureWindows : testing::Test {
   QDialog& viewer() { return desk->find<QDialog>("formobjektanzeigen"); }
   FileListView& list(const char* name) { return desk->find<FileListView>(name); }
   void press(const char* button) { desk->find<QAbstractButton>(button).click(); }
-  std::string text(const char* label) { return desk->find<QLabel>(label).text().toStdString(); }
+  /// Empty for a window that is not there yet.
+  std::string text(const char* label)
+  {
+    auto* const found = desk->window().findChild<QLabel*>(label);
+    return found ? found->text().toStdString() : "";
+  }
   std::vector<std::string> names(const char* name)
   {
     std::vector<std::string> out;
@@ -214,6 +219,27 @@ TEST_F(PictureWindows, are_used_with_the_keyboard)
   EXPECT_FALSE(scan().isVisible());
 }
 
+TEST_F(PictureWindows, stay_at_their_place_in_a_long_list)
+{
+  for (int n = 100; n < 200; ++n)
+    photo("p" + std::to_string(n) + ".jpg");
+  open("pix_mehrere");
+  press("Command1");
+  auto& found = list("List1");
+  found.setCurrentIndex(found.model()->index(60, 0));
+  letPass(50);
+  const int row = found.currentIndex().row();
+
+  QTest::keyClick(&found, Qt::Key_Down);
+  letPass(50);
+  EXPECT_EQ(found.currentIndex().row(), row + 1);
+  QTest::keyClick(&found, Qt::Key_Space);
+
+  EXPECT_EQ(found.currentIndex().row(), row + 1);
+  EXPECT_EQ(found.currentIndex().data(), "p162.jpg");
+  EXPECT_TRUE(found.viewport()->rect().intersects(found.visualRect(found.currentIndex())));
+}
+
 TEST_F(PictureWindows, move_a_file_with_a_double_click)
 {
   photo("a.jpg");
@@ -244,7 +270,7 @@ TEST_F(PictureWindows, show_a_clicked_picture_beside_them)
   EXPECT_TRUE(comesTrue([&] { return text("LabelInfo") == "800 x 400 pix: a.jpg"; }));
   EXPECT_TRUE(viewer().isVisible());
   EXPECT_THAT(viewer().windowTitle().toStdString(), HasSubstr("/fotos/a.jpg"));
-  const auto& canvas = desk->find<QWidget>("LEAD1");
+  auto& canvas = desk->find<QWidget>("LEAD1");
   EXPECT_EQ(canvas.width(), 2 * canvas.height());
   EXPECT_GT(canvas.grab().toImage().pixelColor(canvas.rect().center()).red(), 180);
 

@@ -4,6 +4,7 @@
 #include "desktop/looks/theme.h"
 #include "desktop/windows/desk.h"
 #include "desktop/windows/startbild_window.h"
+#include "platform/files/path.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -181,6 +182,36 @@ TEST_P(Pictures, of_the_dialogs)
   });
   desk.action("html").trigger();
   EXPECT_EQ(desk.answers.dialogTitles.size(), 4U);
+}
+
+TEST_P(Pictures, of_the_windows_for_pictures)
+{
+  Desk desk(home);
+  ASSERT_TRUE(desk.start());
+  desk.action("pix_mehrere").trigger();
+  auto& scan = *desk.form().pictures().fileScan();
+  scan.tbshare = files::systemPath(std::filesystem::path(MRD_SOURCE_DIR) / "demo" / "pix") + "\\";
+  scan.Command1_Click();
+  auto& window = desk.find<QDialog>("FrmFileScan");
+  save(window, GetParam(), "file-scan-found");
+  for (std::size_t entry = 0; entry < scan.List1.size(); entry += 2)
+    scan.List1[entry].selected = true;
+  scan.cbauswahlrüber_Click();
+  // The small pictures come one after the other, and the help shows paths as users have them.
+  letPass(1500);
+  desk.find<QLineEdit>("tbshare").setText("/home/anna/fotos/");
+  save(window, GetParam(), "file-scan");
+  scan.Listpix_Click(0);
+  letPass(300);
+  save(desk.find<QWidget>("formobjektanzeigen"), GetParam(), "objekt-anzeigen");
+  desk.find<QAbstractButton>("checkstretch").click();
+  letPass(300);
+  save(desk.find<QWidget>("formobjektanzeigen"), GetParam(), "objekt-anzeigen-full");
+  auto& converter = desk.form().pictures().converter();
+  converter.show(60);
+  converter.progress(23);
+  save(desk.find<QWidget>("frmBildkonvertierer"), GetParam(), "bildkonvertierer");
+  converter.unload();
 }
 
 TEST_P(Pictures, of_menus_and_the_opening_picture)
