@@ -16,7 +16,7 @@ namespace mrd::editor {
 /// One attribute and the text box that shows it.
 class clsTagAttribut {
 public:
-  clsTagAttribut(std::string AttName, std::string* Feld) : AttName(std::move(AttName)), Feld(Feld) {}
+  clsTagAttribut(std::string name, std::string* field) : AttName(std::move(name)), Feld(field) {}
 
   std::string Value;
   /// The name, as the element spells it once it was read.
@@ -55,7 +55,7 @@ public:
     std::string_view attribute;
     std::string* field;
   };
-  clsTag(std::string TagName, std::vector<Box> boxes) : TagName(std::move(TagName)), boxes_(std::move(boxes)) {}
+  clsTag(std::string name, std::vector<Box> boxes) : TagName(std::move(name)), boxes_(std::move(boxes)) {}
 
   std::string TagName;
   editor::ColAttribute ColAttribute;

@@ -1,11 +1,10 @@
 #include "mainform/editor_commands.h"
 
 #include "base/product.h"
-#include "base/text.h"
+#include "editor/context_menu.h"
 #include "editor/font_dialog.h"
 #include "editor/insert_html.h"
 #include "editor/insert_table.h"
-#include "editor/link_dialog.h"
 #include "editor/picture_dialog.h"
 #include "editor/table_properties.h"
 #include "generator/page_index.h"
@@ -121,7 +120,8 @@ std::vector<editor::LinkTarget> EditorCommands::linkTargets() const
   std::vector<editor::LinkTarget> targets;
   if (!parts_.project.isOpen())
     return targets;
-  for (const auto& page : generator::PageIndex(parts_.project.db()).pages()) {
+  const generator::PageIndex index(parts_.project.db());
+  for (const auto& page : index.pages()) {
     const bool isHomepage = page.id == generator::kHomepageId;
     targets.push_back({page.id, page.Überschrift, generator::fileOfPattern(page.dateiname, isHomepage ? "index" : page.id)});
   }
@@ -348,13 +348,13 @@ void EditorCommands::D2DSub_Click(int Index)
 
 void EditorCommands::ShowContextMenu(int x, int y)
 {
-  contextMenu_.emplace(surface());
-  surface().showContextMenu(x, y, contextMenu_->entries(editor::Captions(language())));
+  surface().showContextMenu(x, y, editor::ContextMenu(surface()).entries(editor::Captions(language())));
 }
 
 void EditorCommands::ContextMenuAction(int index)
 {
   using Action = editor::ContextAction;
+  // An index means what the blocks make of it that the selection brings.
   switch (editor::ContextMenu(surface()).action(index)) {
   case Action::None:
     break;

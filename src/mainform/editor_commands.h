@@ -1,18 +1,18 @@
 #pragma once
 // The entries of the menus "Edit", "Insert", "Format", "Table" and "Positioning", and the context menu of the page.
 
-#include "editor/context_menu.h"
+#include "editor/link_dialog.h"
 #include "editor/search_replace.h"
 #include "mainform/editor_tabs.h"
 #include "mainform/page_desk.h"
 #include "mainform/project_frame.h"
-#include "pictures/bildkonvertierer.h"
 #include "platform/ui/source_field.h"
 
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace mrd::mainform {
 
@@ -48,7 +48,7 @@ public:
   void menuOpens(std::string_view menu);
   /// State of an entry as it was when its menu opened.
   EntryState state(std::string_view name, int Index) const;
-  /// Caption of the first entry of `D2DSub`.
+  /// Caption of the first entry of `D2DSub`; empty until its menu opens for the first time.
   const std::string& positionCaption() const { return positionCaption_; }
 
   // Entries.
@@ -91,9 +91,8 @@ private:
 
   const Parts parts_;
   editor::FormSuchenErsetzen search_;
-  std::optional<editor::ContextMenu> contextMenu_;
   std::map<std::string, EntryState, std::less<>> states_;
-  std::string positionCaption_ = "Set Position Attribute To Absolute";
+  std::string positionCaption_;
   /// The text that was searched last on the page.
   std::string searched_;
 };

@@ -2,6 +2,8 @@
 
 #include "base/errors.h"
 #include "base/format.h"
+#include "base/text.h"
+#include "platform/files/path.h"
 #include "frame/paths/paths.h"
 #include "pictures/corners.h"
 #include "pictures/page_pictures.h"
@@ -76,6 +78,24 @@ void erzeuge_schatten(std::string_view verzeichnis, std::string_view name, std::
   withShadow(Image::load(file(name), exactColour(tbhintergrund)), tbhintergrund).saveJpeg(file(shadowName(name)), kQualityFactor);
 }
 
+std::optional<std::string> withShadowFile(std::string_view src, std::string_view tbhintergrund)
+{
+  const auto parts = localParts(src);
+  if (!paths::datei_vorhanden(pathOf(parts)))
+    return std::nullopt;
+  erzeuge_schatten(parts.verzeichnis, parts.name, parts.erweiterung, tbhintergrund);
+  // The directory has its separator already; pages have held this second one for years.
+  return base::format("{}\\{}.{}", parts.verzeichnis, shadowName(parts.name), parts.erweiterung);
+}
+
+std::optional<std::string> withoutShadowFile(std::string_view src)
+{
+  constexpr std::string_view kFileScheme = "file://";
+  const std::string_view plain = src.starts_with(kFileScheme) ? src.substr(kFileScheme.size()) : src;
+  const std::string original = base::replaceAll(plain, "_shd", "");
+  return paths::datei_vorhanden(files::pathFromReference(original)) ? std::optional(original) : std::nullopt;
+}
+
 std::size_t schatten_fuer_seite(const PageWithPictures& open, std::string_view tbhintergrund)
 {
   auto& [DHTMLEdit1, ui, frmBildkonvertierer] = open;
@@ -96,11 +116,10 @@ std::size_t schatten_fuer_seite(const PageWithPictures& open, std::string_view t
         break;
       const auto parts = localParts(picture.attribute("src").value_or(""));
       ui.status(ui::StatusPlace::Run, base::format("Schatten für {}.{}", parts.name, parts.erweiterung));
-      if (!paths::datei_vorhanden(pathOf(parts)))
-        continue;
-      erzeuge_schatten(parts.verzeichnis, parts.name, parts.erweiterung, tbhintergrund);
-      picture.setAttribute("src", base::format("{}\\{}.{}", parts.verzeichnis, shadowName(parts.name), parts.erweiterung));
-      ++shadows;
+      if (const auto reference = withShadowFile(picture.attribute("src").value_or(""), tbhintergrund)) {
+        picture.setAttribute("src", *reference);
+        ++shadows;
+      }
     }
   } catch (const base::Error&) {
     show();

@@ -8,6 +8,7 @@
 #include "platform/ui/ui.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,13 @@ std::string shadowName(std::string_view name);
 /// Writes `verzeichnis` + `name` + "_shd." + `erweiterung`, always JPEG data. Throws base::Error.
 void erzeuge_schatten(std::string_view verzeichnis, std::string_view name, std::string_view erweiterung,
                       std::string_view tbhintergrund);
+
+/// Gives the picture of a reference its shadow. The reference to the copy, or nothing where there is no such file. Throws
+/// base::Error.
+std::optional<std::string> withShadowFile(std::string_view src, std::string_view tbhintergrund);
+
+/// The reference to the picture as it was before it got a shadow; nothing where that file is gone. The copy stays on the disk.
+std::optional<std::string> withoutShadowFile(std::string_view src);
 
 /// The open page, and who is told how far the work on its pictures is.
 struct PageWithPictures {

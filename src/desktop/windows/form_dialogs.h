@@ -10,6 +10,7 @@ class BildkonvertiererWindow;
 class FrmFileScanWindow;
 class MainformWindow;
 class ObjektAnzeigenWindow;
+class SuchenErsetzenWindow;
 
 /// The dialogs over the main window, and the windows beside it.
 class FormDialogs : public mainform::Dialogs {
@@ -24,6 +25,13 @@ public:
   void showModal(mainform::frmAbout& form) override;
   void showModal(pagetree::frmMove1& form) override;
   void showModal(generator::frmHTMLExport& form) override;
+  void showModal(editor::FrmBild& form) override;
+  void showModal(editor::FrmSchriftart& form) override;
+  void showModal(editor::FrmTabelleneigenschaften& form) override;
+  void showModal(editor::FrmVerweis& form) override;
+  void showModal(editor::InsertHTMLDlg& form) override;
+  void showModal(editor::InsertTableDlg& form) override;
+  void show(editor::FormSuchenErsetzen& form) override;
   void show(pictures::FrmFileScan& form) override;
   void show(pictures::formobjektanzeigen& form) override;
   void prepare(pictures::frmBildkonvertierer& form) override;
@@ -32,6 +40,7 @@ private:
   void showWorking(pictures::frmBildkonvertierer& form);
 
   MainformWindow& owner_;
+  std::unique_ptr<SuchenErsetzenWindow> search_;
   std::unique_ptr<FrmFileScanWindow> fileScan_;
   std::unique_ptr<ObjektAnzeigenWindow> viewer_;
   std::unique_ptr<BildkonvertiererWindow> converter_;
