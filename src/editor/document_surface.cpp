@@ -70,13 +70,13 @@ void DocumentSurface::setStyle(int element, std::string_view name, std::string_v
 
 std::string DocumentSurface::outerHTML(int element) const { return at(element).outerHtml(); }
 
-std::optional<int> DocumentSurface::parentElement(int element) const
+std::optional<int> DocumentSurface::parentOf(int element) const
 {
   const auto parent = at(element).parent();
   return parent ? std::optional(numberOf(*parent)) : std::nullopt;
 }
 
-std::vector<int> DocumentSurface::children(int element) const
+std::vector<int> DocumentSurface::childrenOf(int element) const
 {
   std::vector<int> all;
   for (const auto& child : at(element).children())

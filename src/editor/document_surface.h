@@ -67,8 +67,8 @@ private:
   void removeAttribute(int element, std::string_view name) override;
   void setStyle(int element, std::string_view name, std::string_view value) override;
   std::string outerHTML(int element) const override;
-  std::optional<int> parentElement(int element) const override;
-  std::vector<int> children(int element) const override;
+  std::optional<int> parentOf(int element) const override;
+  std::vector<int> childrenOf(int element) const override;
   int numberOf(const html::Element& element) const;
   html::Element& at(int element) const { return elements_.at(static_cast<std::size_t>(element)); }
 

@@ -215,7 +215,8 @@ void EditorCommands::editsub_Click(int Index)
     return parts_.screen.refresh(Shown::Menus);
   }
   const int number = commandOf(kEditCommands, Index);
-  if (number == 0 || !needsEditor())
+  // The keys of these entries belong to the fields of the settings while those are on top.
+  if (number == 0 || !isEditorOnTop())
     return;
   if (Index == kFind)
     find();

@@ -167,7 +167,7 @@ struct UsedSurface : editor::DocumentSurface {
   void setStyleRules(std::string_view css) override { rules = css; }
   void setPrompts(ui::SurfacePrompts wanted) override { prompts = std::move(wanted); }
   ui::SelectionType selectionType() const override { return selected ? ui::SelectionType::Control : ui::SelectionType::Text; }
-  std::string selectedText() const override { return text; }
+  std::string selectedText() const override { return markedText; }
   bool pasteHtml(std::string_view html) override
   {
     pasted.emplace_back(html);
@@ -223,7 +223,7 @@ struct UsedSurface : editor::DocumentSurface {
   std::map<int, int> statuses;
   std::map<int, std::string> values;
   ui::SurfacePrompts prompts;
-  std::string cursor = "cursor", text;
+  std::string cursor = "cursor", markedText;
   std::optional<std::string> selected;
   std::vector<std::string> pasted;
   std::vector<ui::ContextMenuEntry> contextMenu;

@@ -141,12 +141,12 @@ std::string WebEditingSurface::outerHTML(int element) const
   return optionalText(document_->ask("elementHtml", {element})).value_or("");
 }
 
-std::optional<int> WebEditingSurface::parentElement(int element) const
+std::optional<int> WebEditingSurface::parentOf(int element) const
 {
   return optionalNumber(document_->ask("elementParent", {element}));
 }
 
-std::vector<int> WebEditingSurface::children(int element) const
+std::vector<int> WebEditingSurface::childrenOf(int element) const
 {
   std::vector<int> all;
   for (const QVariant& child : document_->ask("elementChildren", {element}).value_or(QVariantList()).toList())

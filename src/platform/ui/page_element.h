@@ -19,8 +19,8 @@ public:
   virtual void removeAttribute(int element, std::string_view name) = 0;
   virtual void setStyle(int element, std::string_view name, std::string_view value) = 0;
   virtual std::string outerHTML(int element) const = 0;
-  virtual std::optional<int> parentElement(int element) const = 0;
-  virtual std::vector<int> children(int element) const = 0;
+  virtual std::optional<int> parentOf(int element) const = 0;
+  virtual std::vector<int> childrenOf(int element) const = 0;
 };
 
 /// One of them, as long as its surface is there.
@@ -38,13 +38,13 @@ public:
   std::string outerHTML() const { return access_->outerHTML(number_); }
   std::optional<PageElement> parentElement() const
   {
-    const auto parent = access_->parentElement(number_);
+    const auto parent = access_->parentOf(number_);
     return parent ? std::optional(PageElement(*access_, *parent)) : std::nullopt;
   }
   std::vector<PageElement> children() const
   {
     std::vector<PageElement> all;
-    for (const int child : access_->children(number_))
+    for (const int child : access_->childrenOf(number_))
       all.emplace_back(*access_, child);
     return all;
   }
