@@ -119,6 +119,8 @@
   const kMaxSteps = 300;
   const kTypingPause = 2000;
   let steps = [], undone = [];
+  /// A command is at work: what the engine tells of its parts is no step of its own.
+  let working = false;
   /// Whether several changes are collected into one step, and that step when there is one already.
   let collecting = false, openStep = null;
   let selectionBefore = saveSelection();
@@ -135,8 +137,37 @@
     subtree: true, childList: true, attributes: true, attributeOldValue: true, characterData: true, characterDataOldValue: true,
   });
 
+  /// Attributes of elements in their order, which no record tells. An element that is not known has one at most.
+  const orders = new WeakMap();
+
+  function rememberOrder(element) {
+    const names = element.getAttributeNames();
+    if (names.length > 1 || orders.has(element))
+      orders.set(element, names);
+  }
+
+  function rememberOrders(root) {
+    if (root.nodeType !== Node.ELEMENT_NODE)
+      return;
+    rememberOrder(root);
+    root.querySelectorAll("*").forEach(rememberOrder);
+  }
+
+  function restoreOrder(element, order) {
+    const names = element.getAttributeNames();
+    const wanted = [...order.filter(name => names.includes(name)), ...names.filter(name => !order.includes(name))];
+    if (wanted.every((name, i) => name === names[i]))
+      return;
+    const attributes = wanted.map(name => element.getAttributeNode(name));
+    attributes.forEach(attribute => element.removeAttributeNode(attribute));
+    attributes.forEach(attribute => element.setAttributeNode(attribute));
+  }
+
   function recordOf(mutation) {
     const { type, target } = mutation;
+    if (type === "attributes")
+      return { type, target, old: mutation.oldValue, name: mutation.attributeName, space: mutation.attributeNamespace,
+               order: orders.get(target) };
     if (type === "childList")
       return { type, target, added: [...mutation.addedNodes], removed: [...mutation.removedNodes],
                next: mutation.nextSibling, previous: mutation.previousSibling };
@@ -164,6 +195,11 @@
       openStep = step;
     for (const mutation of mutations)
       addRecord(step.records, recordOf(mutation));
+    for (const { type, target, addedNodes } of mutations) {
+      if (type === "attributes")
+        rememberOrder(target);
+      addedNodes.forEach(rememberOrders);
+    }
     step.time = now;
     if (!goesOn)
       steps.push(step);
@@ -186,6 +222,8 @@
 
   /// Whatever happened to the body until now becomes a step.
   function settle(kind = "other") {
+    if (working)
+      return;
     const mutations = observer.takeRecords();
     if (mutations.length > 0)
       commit(mutations, kind);
@@ -201,10 +239,14 @@
     settle();
     closeStep();
     selectionBefore = saveSelection();
-    const result = work();
-    settle("command");
-    closeStep();
-    return result;
+    working = true;
+    try {
+      return work();
+    } finally {
+      working = false;
+      settle("command");
+      closeStep();
+    }
   }
 
   /// All that is done until `endStep` becomes one step.
@@ -254,12 +296,15 @@
       target.data = old;
       return { ...record, old: present };
     }
-    const present = target.getAttributeNS(space, name);
+    const present = target.getAttributeNS(space, name), order = target.getAttributeNames();
     if (old === null)
       target.removeAttributeNS(space, name);
     else
       target.setAttributeNS(space, name, old);
-    return { ...record, old: present };
+    if (record.order)
+      restoreOrder(target, record.order);
+    orders.set(target, target.getAttributeNames());
+    return { ...record, old: present, order };
   }
 
   function moveStep(from, to) {
@@ -349,6 +394,7 @@
   const reading = {
     load(html) {
       unnoticed(() => loadBody(html));
+      rememberOrders(body);
       overlay.setMarks([]);
       numbered.clear();
       collecting = false;
