@@ -1049,9 +1049,9 @@
     const picture = selected || document.createElement("img");
     if (picture.getAttribute("src") !== src)
       picture.setAttribute("src", src);
-    for (const [name, wanted] of Object.entries(others))
-      if (kPictureAttributes.includes(name) && (picture.getAttribute(name) ?? "") !== wanted)
-        setOrRemove(picture, name, wanted);
+    for (const name of kPictureAttributes)
+      if (others[name] !== undefined && (picture.getAttribute(name) ?? "") !== others[name])
+        setOrRemove(picture, name, others[name]);
     if (selected)
       return true;
     if (others.border === undefined)

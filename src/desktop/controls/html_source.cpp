@@ -79,6 +79,13 @@ HtmlSource::HtmlSource(QWidget* parent) : SourceText(parent), colours_(*document
   placeNumbers();
 }
 
+HtmlSource::~HtmlSource()
+{
+  // The colours leave the document with a last change, of which nobody needs to know.
+  blockSignals(true);
+  QObject::disconnect(document(), nullptr, this, nullptr);
+}
+
 // --- text
 
 void HtmlSource::mirrorChange(int position, int removed, int added)

@@ -18,6 +18,7 @@ namespace mrd::desktop {
 class HtmlSource : public SourceText, public ui::SourceField {
 public:
   explicit HtmlSource(QWidget* parent = nullptr);
+  ~HtmlSource() override;
 
   const std::string& source() const { return mirror_.source(); }
   void setSource(std::string_view text);

@@ -44,6 +44,7 @@ void SourceMirror::reset(QString text)
 {
   text_ = std::move(text);
   source_ = systemForm(text_);
+  hasHalves_ = !text_.isValidUtf16();
   knownPosition_ = 0;
   knownByte_ = 0;
 }
@@ -61,8 +62,9 @@ std::size_t SourceMirror::bytesBefore(qsizetype position)
 void SourceMirror::replace(qsizetype position, qsizetype removed, QStringView added)
 {
   const QStringView gone = QStringView(text_).mid(position, removed);
-  // Half of a letter may stand at the edge of a change.
-  if (hasSurrogates(gone) || hasSurrogates(added)) {
+  const bool splitsLetter = position < text_.size() && text_[position].isLowSurrogate();
+  // Halves of letters have no form of their own in UTF-8.
+  if (hasHalves_ || splitsLetter || hasSurrogates(gone) || hasSurrogates(added)) {
     QString text = text_;
     text.replace(position, removed, added.toString());
     reset(std::move(text));

@@ -21,6 +21,7 @@ private:
 
   QString text_;
   std::string source_;
+  bool hasHalves_ = false;
   /// The place of the last change in both forms: the next one is near it.
   qsizetype knownPosition_ = 0;
   std::size_t knownByte_ = 0;
