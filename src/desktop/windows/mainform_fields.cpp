@@ -5,6 +5,7 @@
 #include "desktop/seams/shown_text.h"
 #include "desktop/windows/mainform_window.ui.h"
 #include "frame/settings/fields.h"
+#include "mainform/menu_table.h"
 #include "mainform/site_colours.h"
 #include "pictures/corners.h"
 
@@ -295,6 +296,8 @@ void MainformFields::show(Shown what)
     return showTabs();
   case Shown::Tools:
     return showTools();
+  case Shown::Menus:
+    return showMenus();
   case Shown::Caption:
     return showCaption();
   }
@@ -418,6 +421,22 @@ void MainformFields::showTools()
   }
   for (const int view : {0, 1})
     dynamic_cast<QAction&>(controls_.object("ViewSub", view)).setChecked(tools.ViewSubChecked(view));
+}
+
+void MainformFields::showMenus()
+{
+  constexpr std::array<std::string_view, 4> kChanging{"editsub", "FormatSub", "TableSub", "D2DSub"};
+  for (const auto& entry : mainform::menuEntries()) {
+    if (std::ranges::find(kChanging, entry.name) == kChanging.end() || entry.caption == "-" || !entry.index)
+      continue;
+    auto& action = dynamic_cast<QAction&>(controls_.object(entry.name, entry.index));
+    const auto state = form_.editor().state(entry.name, *entry.index);
+    action.setEnabled(state.enabled);
+    action.setCheckable(state.checked || action.isCheckable());
+    action.setChecked(state.checked);
+  }
+  if (!form_.editor().positionCaption().empty())
+    ui_.D2DSub_0->setText(shown(form_.editor().positionCaption()));
 }
 
 void MainformFields::showLabels()
