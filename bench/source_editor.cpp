@@ -1,5 +1,6 @@
-// The editor for HTML with a text of megabytes: the milliseconds until it is shown, of a search over all of it, of one replacement
-// with the search that follows it, and of a typed letter; then those of the toolkit's plain field for showing and typing.
+// The editor for HTML with a text of megabytes: the milliseconds until it is shown, of a search over all of it, of one
+// replacement with the search that follows it, and of a typed letter; then those of the toolkit's plain field for showing and
+// typing.
 //
 //   source_editor [MEGABYTES]
 

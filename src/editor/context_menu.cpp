@@ -45,8 +45,8 @@ ContextMenu::ContextMenu(const ui::EditingSurface& surface)
   };
   const auto addAll = [&](const auto& entries) {
     for (const Entry& entry : entries)
-      shown_.push_back({entry.caption, entry.german, entry.action,
-                        entry.command ? surface.queryStatus(entry.command) : command::kEnabled});
+      shown_.push_back(
+          {entry.caption, entry.german, entry.action, entry.command ? surface.queryStatus(entry.command) : command::kEnabled});
   };
   addAll(kBase);
   const int positioning = surface.queryStatus(command::kAbsolutePosition);

@@ -24,7 +24,8 @@ std::string referenceOf(const std::string& text)
 bool isSize(const std::string& text)
 {
   const std::string digits = text.ends_with('%') ? text.substr(0, text.size() - 1) : text;
-  return text.empty() || (!digits.empty() && digits.size() < 6 && std::ranges::all_of(digits, [](char c) { return c >= '0' && c <= '9'; }));
+  return text.empty() ||
+         (!digits.empty() && digits.size() < 6 && std::ranges::all_of(digits, [](char c) { return c >= '0' && c <= '9'; }));
 }
 
 std::string scaled(const std::string& side, int own, int other)
@@ -98,7 +99,8 @@ void FrmBild::cbok_Click()
     language_.GetMsg(kMessageNoSize);
     return;
   }
-  const auto& align = kAlignments.at(static_cast<std::size_t>(std::clamp(ComboAusrichtung, 0, static_cast<int>(kAlignments.size()) - 1)));
+  const auto& align =
+      kAlignments.at(static_cast<std::size_t>(std::clamp(ComboAusrichtung, 0, static_cast<int>(kAlignments.size()) - 1)));
   answer = ui::PictureValues{picture, tbalt, tbbreite, tbhöhe, std::string(align), tbrahmen};
   window.unload();
 }

@@ -25,7 +25,8 @@ bool isInName(char16_t letter) { return !isBlank(letter) && letter != u'>' && le
 
 bool same(View a, View b)
 {
-  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char16_t x, char16_t y) { return lowered(x) == lowered(y); });
+  return a.size() == b.size() &&
+         std::equal(a.begin(), a.end(), b.begin(), [](char16_t x, char16_t y) { return lowered(x) == lowered(y); });
 }
 
 template <std::size_t Count>
@@ -67,7 +68,9 @@ std::size_t endOfProgram(View text, std::size_t from, View element)
 class LineReader {
 public:
   using Tell = std::function<void(SourcePart, std::size_t, std::size_t)>;
-  LineReader(View line, int state, const Tell& tell) : line_(line), mode_(state % kModes), program_(state / kModes), tell_(tell) {}
+  LineReader(View line, int state, const Tell& tell) : line_(line), mode_(state % kModes), program_(state / kModes), tell_(tell)
+  {
+  }
 
   int read()
   {

@@ -1,7 +1,6 @@
 #include "mainform/editor_commands.h"
 
 #include "base/product.h"
-#include "editor/context_menu.h"
 #include "editor/font_dialog.h"
 #include "editor/insert_html.h"
 #include "editor/insert_table.h"
@@ -9,7 +8,6 @@
 #include "editor/table_properties.h"
 #include "generator/page_index.h"
 #include "pictures/file_scan.h"
-#include "pictures/shadow.h"
 #include "platform/html/document.h"
 #include "platform/ui/editing_commands.h"
 
@@ -25,16 +23,27 @@ namespace command = ui::command;
 constexpr int kMessageNotHere = 10, kMessageNoSelection = 13, kMessageNotFound = 27;
 
 // Commands of the menus by entry; 0 for a separator, and for an entry that is more than its command.
-constexpr std::array kEditCommands{command::kUndo,  command::kRedo,      0, command::kCut, command::kCopy,
-                                   command::kPaste, command::kSelectAll, 0, command::kFindText, 0, 0, 0, command::kPasteText};
+constexpr std::array kEditCommands{command::kUndo,
+                                   command::kRedo,
+                                   0,
+                                   command::kCut,
+                                   command::kCopy,
+                                   command::kPaste,
+                                   command::kSelectAll,
+                                   0,
+                                   command::kFindText,
+                                   0,
+                                   0,
+                                   0,
+                                   command::kPasteText};
 constexpr std::array kInsertCommands{command::kPicture, command::kHyperlink};
-constexpr std::array kTableCommands{
-    command::kInsertTable, 0, command::kInsertRow,     command::kInsertColumn, command::kInsertCell, 0,
-    command::kDeleteRows,     command::kDeleteColumns, command::kDeleteCells,  0,
-    command::kMergeCells,     command::kSplitCell};
-constexpr std::array kPositionCommands{command::kAbsolutePosition, command::kBringToFront,   command::kSendToBack,
-                                       command::kBringForward,     command::kSendBackward,   command::kBringAboveText,
-                                       command::kSendBelowText,    0,                        command::kLockElement};
+constexpr std::array kTableCommands{command::kInsertTable, 0, command::kInsertRow,  command::kInsertColumn,
+                                    command::kInsertCell,  0, command::kDeleteRows, command::kDeleteColumns,
+                                    command::kDeleteCells, 0, command::kMergeCells, command::kSplitCell};
+constexpr std::array kPositionCommands{
+    command::kAbsolutePosition, command::kBringToFront,   command::kSendToBack,    command::kBringForward,
+    command::kSendBackward,     command::kBringAboveText, command::kSendBelowText, 0,
+    command::kLockElement};
 constexpr std::size_t kMostFormats = 16;
 constexpr std::array<int, kMostFormats> kFormatCommands = [] {
   std::array<int, kMostFormats> all{};
@@ -51,10 +60,10 @@ struct SourceEntry {
   int index;
   ui::EditAction action;
 };
-constexpr std::array kSourceEntries{
-    SourceEntry{0, ui::EditAction::Undo}, SourceEntry{1, ui::EditAction::Redo},  SourceEntry{3, ui::EditAction::Cut},
-    SourceEntry{4, ui::EditAction::Copy}, SourceEntry{5, ui::EditAction::Paste}, SourceEntry{6, ui::EditAction::SelectAll},
-    SourceEntry{12, ui::EditAction::Paste}};
+constexpr std::array kSourceEntries{SourceEntry{0, ui::EditAction::Undo},  SourceEntry{1, ui::EditAction::Redo},
+                                    SourceEntry{3, ui::EditAction::Cut},   SourceEntry{4, ui::EditAction::Copy},
+                                    SourceEntry{5, ui::EditAction::Paste}, SourceEntry{6, ui::EditAction::SelectAll},
+                                    SourceEntry{12, ui::EditAction::Paste}};
 
 template <std::size_t Count>
 int commandOf(const std::array<int, Count>& commands, int Index)
@@ -73,8 +82,7 @@ const EditorCommands::Menu* EditorCommands::menuOf(std::string_view name)
 {
   static constexpr std::array kMenus{Menu{"Edit", "editsub", kEditCommands}, Menu{"Format", "FormatSub", kFormatCommands},
                                      Menu{"Table", "TableSub", kTableCommands}, Menu{"D2D", "D2DSub", kPositionCommands}};
-  const auto found =
-      std::ranges::find_if(kMenus, [&](const Menu& menu) { return menu.menu == name || menu.entries == name; });
+  const auto found = std::ranges::find_if(kMenus, [&](const Menu& menu) { return menu.menu == name || menu.entries == name; });
   return found == kMenus.end() ? nullptr : &*found;
 }
 
@@ -343,92 +351,6 @@ void EditorCommands::D2DSub_Click(int Index)
   surface().execCommand(number);
   if (Index == 0)
     showPositionCaption();
-}
-
-// --- context menu
-
-void EditorCommands::ShowContextMenu(int x, int y)
-{
-  surface().showContextMenu(x, y, editor::ContextMenu(surface()).entries(editor::Captions(language())));
-}
-
-void EditorCommands::ContextMenuAction(int index)
-{
-  using Action = editor::ContextAction;
-  // An index means what the blocks make of it that the selection brings.
-  switch (editor::ContextMenu(surface()).action(index)) {
-  case Action::None:
-    break;
-  case Action::Cut:
-    surface().execCommand(command::kCut);
-    break;
-  case Action::Copy:
-    surface().execCommand(command::kCopy);
-    break;
-  case Action::Paste:
-    surface().execCommand(command::kPaste);
-    break;
-  case Action::SelectAll:
-    surface().execCommand(command::kSelectAll);
-    break;
-  case Action::Font:
-    surface().execCommand(command::kFont, ui::Prompt::Ask);
-    break;
-  case Action::Position:
-    surface().execCommand(command::kAbsolutePosition);
-    break;
-  case Action::Picture:
-    surface().execCommand(command::kPicture, ui::Prompt::Ask);
-    break;
-  case Action::AddShadow:
-    schatten_hinzufügen();
-    break;
-  case Action::RemoveShadow:
-    schatten_entfernen();
-    break;
-  case Action::InsertRow:
-    surface().execCommand(command::kInsertRow);
-    break;
-  case Action::InsertColumn:
-    surface().execCommand(command::kInsertColumn);
-    break;
-  case Action::DeleteRow:
-    surface().execCommand(command::kDeleteRows);
-    break;
-  case Action::DeleteColumn:
-    surface().execCommand(command::kDeleteColumns);
-    break;
-  case Action::TableProperties:
-    mnuTableProperties_Click();
-    break;
-  }
-}
-
-void EditorCommands::schatten_hinzufügen()
-{
-  auto picture = surface().selectedElement();
-  if (!picture)
-    return;
-  const ui::WaitPointer wait(language().ui());
-  const auto src = picture->getAttribute("src").value_or("");
-  if (const auto reference = pictures::withShadowFile(src, parts_.project.fields().tbhintergrund)) {
-    picture->setAttribute("src", *reference);
-    parts_.pages.changed();
-  }
-}
-
-void EditorCommands::schatten_entfernen()
-{
-  auto picture = surface().selectedElement();
-  if (!picture)
-    return;
-  if (const auto reference = pictures::withoutShadowFile(picture->getAttribute("src").value_or(""))) {
-    picture->setAttribute("src", *reference);
-    parts_.pages.changed();
-  } else {
-    language().ui().messageBox(
-        {"Die Originaldatei wurde nicht gefunden!\r\nBitte fügen Sie das Bild erneut ein!", std::string(base::kProductName)});
-  }
 }
 
 } // namespace mrd::mainform

@@ -32,7 +32,8 @@ Mainform::Mainform(Program& program, const Seams& seams)
       help_(program.files, program.language, seams.shell),
       tabs_({project_, pages_, seams.screen, help_}, [this] { colours_.farbenaktualisieren(); }),
       tools_(program.ui, seams.DHTMLEdit1, seams.screen),
-      editor_({project_, pages_, tabs_, seams.screen, seams.dialogs, seams.tbhtml}), files_({program.language, pages_, seams.screen}),
+      editor_({project_, pages_, tabs_, seams.screen, seams.dialogs, seams.tbhtml}),
+      files_({program.language, pages_, seams.screen}),
       settings_({project_, seams.screen, seams.DHTMLEdit1}, [this] { colours_.farbenaktualisieren(); }),
       treeMouse_({project_, pages_, seams.dialogs, help_}), drafts_(project_, pages_, tabs_),
       pictures_({project_, pages_, tabs_, seams.dialogs, help_, seams.shell, seams.userSettings})
@@ -86,8 +87,8 @@ std::optional<std::string> Mainform::storePicture(std::string_view bytes, std::s
   std::optional<std::string> reference;
   command("storePicture", [&] {
     if (project_.isOpen())
-      reference = storePastedPicture(pictures::storedConversion(seams_.userSettings), project_.fields(), pages_.LastActivePage(), bytes,
-                                     mimeType);
+      reference = storePastedPicture(pictures::storedConversion(seams_.userSettings), project_.fields(), pages_.LastActivePage(),
+                                     bytes, mimeType);
     if (!reference)
       program_.language.GetMsg(kMessagePictureRefused, mimeType, "R");
   });
@@ -401,10 +402,8 @@ void Mainform::menu_Click(std::string_view name, std::optional<int> index)
       Entry{"FileExit", [](Mainform& window, int) { window.FileExit_Click(); }},
       Entry{"editsub",
             [](Mainform& window, int entry) { window.command("editsub_Click", [&] { window.editor_.editsub_Click(entry); }); }},
-      Entry{"InsertSub1",
-            [](Mainform& window, int entry) {
-              window.command("InsertSub1_Click", [&] { window.editor_.InsertSub1_Click(entry); });
-            }},
+      Entry{"InsertSub1", [](Mainform& window,
+                             int entry) { window.command("InsertSub1_Click", [&] { window.editor_.InsertSub1_Click(entry); }); }},
       Entry{"FormatSub",
             [](Mainform& window, int entry) {
               const auto& names = window.tools_.FormatSub;

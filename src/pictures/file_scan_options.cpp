@@ -86,8 +86,7 @@ ConversionOptions storedConversion(const files::UserSettings& settings)
 {
   ConversionOptions options;
   options.tbpixel = settings.value(kSection, kWidth, options.tbpixel);
-  options.Slider1 =
-      static_cast<int>(base::numericValue(settings.value(kSection, kQuality, base::format("{}", options.Slider1))));
+  options.Slider1 = static_cast<int>(base::numericValue(settings.value(kSection, kQuality, base::format("{}", options.Slider1))));
   options.opkonvertieren = base::yesNo(settings.value(kSection, kConvert, "True"));
   return options;
 }

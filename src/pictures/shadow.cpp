@@ -3,10 +3,10 @@
 #include "base/errors.h"
 #include "base/format.h"
 #include "base/text.h"
-#include "platform/files/path.h"
 #include "frame/paths/paths.h"
 #include "pictures/corners.h"
 #include "pictures/page_pictures.h"
+#include "platform/files/path.h"
 #include "platform/html/document.h"
 
 #include <algorithm>

@@ -39,8 +39,7 @@ struct ContextMenuTest : testing::Test {
 
 TEST_F(ContextMenuTest, has_its_base_entries_everywhere)
 {
-  EXPECT_THAT(captions(),
-              ElementsAre("Ausschneiden", "Kopieren", "Einfügen", "-", "Alles Markieren", "-", "Schriftart..."));
+  EXPECT_THAT(captions(), ElementsAre("Ausschneiden", "Kopieren", "Einfügen", "-", "Alles Markieren", "-", "Schriftart..."));
   EXPECT_EQ(action(0), ContextAction::Cut);
   EXPECT_EQ(action(1), ContextAction::Copy);
   EXPECT_EQ(action(2), ContextAction::Paste);
@@ -53,7 +52,8 @@ TEST_F(ContextMenuTest, has_its_base_entries_everywhere)
 
 TEST_F(ContextMenuTest, shows_the_states_of_its_base_entries)
 {
-  surface.statuses = {{command::kCut, 1}, {command::kCopy, 3}, {command::kPaste, 7}, {command::kSelectAll, 3}, {command::kFont, 1}};
+  surface.statuses = {
+      {command::kCut, 1}, {command::kCopy, 3}, {command::kPaste, 7}, {command::kSelectAll, 3}, {command::kFont, 1}};
 
   const auto entries = ContextMenu(surface).entries(Captions(program.language));
 

@@ -228,16 +228,12 @@ TEST_F(Picture, that_was_cancelled_answers_nothing)
 struct Link : DialogTest {
   FrmVerweis of(const ui::LinkValues& present)
   {
-    return {program.language,
-            present,
-            {{"00", "Start", "index.htm"}, {"01", "Haus", "haus_01.htm"}, {"0101", "Küche", "0101.htm"}}};
+    return {
+        program.language, present, {{"00", "Start", "index.htm"}, {"01", "Haus", "haus_01.htm"}, {"0101", "Küche", "0101.htm"}}};
   }
 };
 
-TEST_F(Link, shows_the_pages_in_their_tree)
-{
-  EXPECT_THAT(of({}).Listseiten, ElementsAre("Start", "Haus", "    Küche"));
-}
+TEST_F(Link, shows_the_pages_in_their_tree) { EXPECT_THAT(of({}).Listseiten, ElementsAre("Start", "Haus", "    Küche")); }
 
 TEST_F(Link, leads_to_the_page_that_is_chosen)
 {

@@ -20,7 +20,8 @@ struct SearchAndReplace : testing::Test {
   support::PlainSource source;
   Top top = Top::Source;
   int changes = 0, editorSearches = 0;
-  FormSuchenErsetzen form{program.language, source, {[this] { return top; }, [this] { ++editorSearches; }, [this] { ++changes; }}};
+  FormSuchenErsetzen form{
+      program.language, source, {[this] { return top; }, [this] { ++editorSearches; }, [this] { ++changes; }}};
 };
 
 TEST_F(SearchAndReplace, finds_one_place_after_the_other_whatever_the_case)

@@ -42,9 +42,9 @@ TEST(SourceParts, go_on_over_the_ends_of_lines)
 
 TEST(SourceParts, of_a_script_are_none_until_its_end_tag)
 {
-  EXPECT_THAT(parts({u"<script>if (a<b)", u"x = '</p>';", u"</SCRIPT><p>"}),
-              ElementsAre("tag <script", "tag >", "program if (a<b)", "program x = '</p>';", "tag </SCRIPT", "tag >", "tag <p",
-                          "tag >"));
+  EXPECT_THAT(
+      parts({u"<script>if (a<b)", u"x = '</p>';", u"</SCRIPT><p>"}),
+      ElementsAre("tag <script", "tag >", "program if (a<b)", "program x = '</p>';", "tag </SCRIPT", "tag >", "tag <p", "tag >"));
 }
 
 TEST(SourceParts, are_none_where_a_sign_is_no_tag) { EXPECT_THAT(parts({u"1 < 2 && 3 > 2"}), IsEmpty()); }
@@ -57,7 +57,9 @@ std::string pairAt(std::u16string source)
   const auto pair = tagAt(source, cursor);
   if (!pair)
     return "none";
-  const auto text = [&](const ui::TextRange& range) { return plain(std::u16string_view(source).substr(range.start, range.length)); };
+  const auto text = [&](const ui::TextRange& range) {
+    return plain(std::u16string_view(source).substr(range.start, range.length));
+  };
   return text(pair->tag) + " " + (pair->partner ? text(*pair->partner) + "@" + std::to_string(pair->partner->start) : "-") +
          (pair->isVoid ? " void" : "");
 }

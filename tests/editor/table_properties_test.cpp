@@ -44,7 +44,8 @@ TEST_F(TableProperties, show_the_attributes_of_cell_row_and_table_around_the_cur
 {
   at(kTable, "b");
 
-  EXPECT_EQ(form.tb_td_align + " " + form.tb_td_width + " " + form.tb_td_bgcolor + " " + form.tb_td_colspan, "center 40 #cccccc 2");
+  EXPECT_EQ(form.tb_td_align + " " + form.tb_td_width + " " + form.tb_td_bgcolor + " " + form.tb_td_colspan,
+            "center 40 #cccccc 2");
   EXPECT_EQ(form.tb_tr_valign + " " + form.tb_tr_bgcolor, "top #dddddd");
   EXPECT_EQ(form.tb_table_width + " " + form.tb_table_bgcolor + " " + form.tb_table_border, "80% #eeeeee 1");
   EXPECT_EQ(form.tb_table_cellpadding + " " + form.tb_table_cellspacing, "2 3");
@@ -161,8 +162,9 @@ TEST_F(TableProperties, give_rows_two_colours_in_turn)
 
   form.cb_tr_Farbwechsel_Click();
 
-  EXPECT_EQ(surface.bodyInnerHtml(), "<table><tbody><tr id=\"x\" bgcolor=\"#aaaaaa\"><td>1</td></tr>"
-                                     "<tr bgcolor=\"#bbbbbb\"><td>2</td></tr><tr bgcolor=\"#aaaaaa\"><td>3</td></tr></tbody></table>");
+  EXPECT_EQ(surface.bodyInnerHtml(),
+            "<table><tbody><tr id=\"x\" bgcolor=\"#aaaaaa\"><td>1</td></tr>"
+            "<tr bgcolor=\"#bbbbbb\"><td>2</td></tr><tr bgcolor=\"#aaaaaa\"><td>3</td></tr></tbody></table>");
   EXPECT_EQ(changes, 1);
 }
 

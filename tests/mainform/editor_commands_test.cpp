@@ -205,8 +205,13 @@ TEST_F(EditorCommandsTest, are_disabled_below_three_and_ticked_at_seven)
     setAll(status);
     for (const auto* const menu : {"Edit", "Format", "Table", "D2D"})
       window.menuOpens(menu);
-    for (const auto& [name, index] : {std::pair{"editsub", 0}, {"editsub", 12}, {"FormatSub", 15}, {"TableSub", 0}, {"TableSub", 11},
-                                      {"D2DSub", 0}, {"D2DSub", 8}}) {
+    for (const auto& [name, index] : {std::pair{"editsub", 0},
+                                      {"editsub", 12},
+                                      {"FormatSub", 15},
+                                      {"TableSub", 0},
+                                      {"TableSub", 11},
+                                      {"D2DSub", 0},
+                                      {"D2DSub", 8}}) {
       EXPECT_EQ(enabled(name, index), status >= 3) << name << index << " " << status;
       EXPECT_EQ(checked(name, index), status == 7) << name << index << " " << status;
     }
@@ -270,8 +275,8 @@ TEST_F(EditorCommandsTest, of_edit_work_in_the_source_while_that_is_on_top)
     menu("editsub", entry);
 
   using ui::EditAction;
-  EXPECT_THAT(source.actions, ElementsAre(EditAction::Undo, EditAction::Redo, EditAction::Cut, EditAction::Copy, EditAction::Paste,
-                                          EditAction::SelectAll, EditAction::Paste));
+  EXPECT_THAT(source.actions, ElementsAre(EditAction::Undo, EditAction::Redo, EditAction::Cut, EditAction::Copy,
+                                          EditAction::Paste, EditAction::SelectAll, EditAction::Paste));
   EXPECT_THAT(surface.executed, IsEmpty());
   window.menuOpens("Edit");
   EXPECT_TRUE(enabled("editsub", 0));

@@ -170,8 +170,9 @@ void WebEditingSurface::showContextMenu(int x, int y, const std::vector<ui::Cont
     auto* const action = contextMenu_->addAction(qtText(entries[i].caption));
     action->setEnabled(entries[i].state >= command::kEnabled);
     // After the menu has gone: the command may open a window.
-    connect(action, &QAction::triggered, this,
-            [this, index = static_cast<int>(i)] { document_->events.contextMenuAction(index); }, Qt::QueuedConnection);
+    connect(
+        action, &QAction::triggered, this, [this, index = static_cast<int>(i)] { document_->events.contextMenuAction(index); },
+        Qt::QueuedConnection);
   }
   contextMenu_->popup(mapToGlobal(QPoint(x, y)));
 }

@@ -18,7 +18,8 @@ inline void showText(QLineEdit& line, const std::string& text)
 }
 
 /// What the user types goes into the text, and then `changed` runs.
-inline void bindText(QLineEdit& line, std::string& text, std::function<void()> changed = [] {})
+inline void bindText(
+    QLineEdit& line, std::string& text, std::function<void()> changed = [] {})
 {
   showText(line, text);
   QObject::connect(&line, &QLineEdit::textEdited, &line, [&text, changed = std::move(changed)](const QString& typed) {

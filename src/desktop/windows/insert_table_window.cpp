@@ -1,8 +1,8 @@
 #include "desktop/windows/insert_table_window.h"
 
 #include "desktop/seams/qt_controls.h"
-#include "desktop/windows/insert_table_window.ui.h"
 #include "desktop/windows/bound_fields.h"
+#include "desktop/windows/insert_table_window.ui.h"
 
 namespace mrd::desktop {
 InsertTableWindow::InsertTableWindow(editor::InsertTableDlg& form, QWidget* parent)

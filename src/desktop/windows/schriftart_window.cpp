@@ -1,8 +1,8 @@
 #include "desktop/windows/schriftart_window.h"
 
 #include "desktop/seams/qt_controls.h"
-#include "desktop/windows/schriftart_window.ui.h"
 #include "desktop/windows/bound_fields.h"
+#include "desktop/windows/schriftart_window.ui.h"
 
 #include <QFontDatabase>
 

@@ -1,8 +1,8 @@
 #include "desktop/windows/suchen_ersetzen_window.h"
 
 #include "desktop/seams/qt_controls.h"
-#include "desktop/windows/suchen_ersetzen_window.ui.h"
 #include "desktop/windows/bound_fields.h"
+#include "desktop/windows/suchen_ersetzen_window.ui.h"
 
 namespace mrd::desktop {
 SuchenErsetzenWindow::SuchenErsetzenWindow(editor::FormSuchenErsetzen& form, QWidget* parent)

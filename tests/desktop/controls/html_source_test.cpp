@@ -47,7 +47,8 @@ struct ShownSource {
   {
     std::vector<std::string> all;
     for (const auto& range : ranges)
-      all.push_back(field.toPlainText().mid(static_cast<qsizetype>(range.start), static_cast<qsizetype>(range.length)).toStdString());
+      all.push_back(
+          field.toPlainText().mid(static_cast<qsizetype>(range.start), static_cast<qsizetype>(range.length)).toStdString());
     return all;
   }
 
@@ -57,7 +58,9 @@ struct ShownSource {
 TEST(SourceMirror, holds_the_systems_text_after_any_changes)
 {
   std::mt19937 random(1);
-  const auto below = [&](qsizetype limit) { return limit == 0 ? 0 : static_cast<qsizetype>(random() % static_cast<unsigned>(limit)); };
+  const auto below = [&](qsizetype limit) {
+    return limit == 0 ? 0 : static_cast<qsizetype>(random() % static_cast<unsigned>(limit));
+  };
   const std::vector<QString> pieces{"", "a", "ä", "\n", "<p>", "€uro", "zwei\nZeilen\n", QString::fromUtf8("\xF0\x9F\x90\xA6")};
   SourceMirror mirror;
   QString text = "Anfang\nöäü\n";
@@ -148,7 +151,9 @@ TEST(SourceColours, are_those_of_tags_attributes_and_comments)
 TEST(SourceColours, follow_the_palette)
 {
   ShownSource shown("<p>Text</p>");
-  const auto colour = [&] { return shown.field.document()->firstBlock().layout()->formats().constFirst().format.foreground().color(); };
+  const auto colour = [&] {
+    return shown.field.document()->firstBlock().layout()->formats().constFirst().format.foreground().color();
+  };
   const QColor light = colour();
   QPalette dark = shown.field.palette();
   dark.setColor(QPalette::Base, Qt::black);

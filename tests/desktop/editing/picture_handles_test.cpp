@@ -25,9 +25,10 @@ struct PicturePage {
   QWidget& view() const { return *surface.findChild<QWebEngineView*>()->focusProxy(); }
   QPoint place(const char* part) const
   {
-    const auto value = surface.inDocument(QString("(() => { const r = (%1).getBoundingClientRect(); return [r.left + r.width / 2, "
-                                                  "r.top + r.height / 2]; })()")
-                                              .arg(part))
+    const auto value = surface
+                           .inDocument(QString("(() => { const r = (%1).getBoundingClientRect(); return [r.left + r.width / 2, "
+                                               "r.top + r.height / 2]; })()")
+                                           .arg(part))
                            .toList();
     return {qRound(value.at(0).toDouble()), qRound(value.at(1).toDouble())};
   }
@@ -168,8 +169,9 @@ TEST(PositionedPicture, that_is_locked_has_no_handles_and_stays)
   page.drag(page.picture(), {33, 21});
 
   EXPECT_EQ(page.surface.bodyInnerHtml(), before);
-  EXPECT_FALSE(page.surface.inDocument("[...document.documentElement.lastElementChild.shadowRoot.querySelectorAll('.handle')]"
-                                       ".some(h => getComputedStyle(h).display !== 'none')")
+  EXPECT_FALSE(page.surface
+                   .inDocument("[...document.documentElement.lastElementChild.shadowRoot.querySelectorAll('.handle')]"
+                               ".some(h => getComputedStyle(h).display !== 'none')")
                    .toBool());
 }
 

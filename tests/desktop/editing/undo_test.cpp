@@ -25,12 +25,13 @@ struct Change {
 
 void PrintTo(const Change& change, std::ostream* out) { *out << change.command; }
 
-constexpr auto kPage = "<h3 id=\"ueberschrift\" align=\"center\">Möwe &amp; Meer</h3>\n<p id=\"p\">Ein <b>alter</b> Text</p>\n"
-                       "<ul><li id=\"li\">eins</li><li>zwei</li></ul>"
-                       "<table border=\"1\"><tbody><tr><td id=\"c\" colspan=\"2\">a</td></tr><tr><td id=\"d\">b</td><td>c</td></tr>"
-                       "</tbody></table>"
-                       "<p><img id=\"i\" src=\"x.jpg\" width=\"20\" height=\"20\"><a id=\"a\" href=\"b.htm\">Verweis</a></p>"
-                       "<div id=\"z\" style=\"position: absolute; left: 10px; top: 300px;\">Ebene</div>";
+constexpr auto kPage =
+    "<h3 id=\"ueberschrift\" align=\"center\">Möwe &amp; Meer</h3>\n<p id=\"p\">Ein <b>alter</b> Text</p>\n"
+    "<ul><li id=\"li\">eins</li><li>zwei</li></ul>"
+    "<table border=\"1\"><tbody><tr><td id=\"c\" colspan=\"2\">a</td></tr><tr><td id=\"d\">b</td><td>c</td></tr>"
+    "</tbody></table>"
+    "<p><img id=\"i\" src=\"x.jpg\" width=\"20\" height=\"20\"><a id=\"a\" href=\"b.htm\">Verweis</a></p>"
+    "<div id=\"z\" style=\"position: absolute; left: 10px; top: 300px;\">Ebene</div>";
 
 } // namespace
 
@@ -72,9 +73,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Change{kInsertRow, "", "#d"}, Change{kInsertColumn, "", "#d"}, Change{kInsertCell, "", "#d"},
                     Change{kDeleteRows, "", "#d"}, Change{kDeleteColumns, "", "#d"}, Change{kDeleteCells, "", "#d"},
                     Change{kMergeCells, "", "tr:last-child"}, Change{kSplitCell, "", "#c"}, Change{kSplitCell, "", "#d"},
-                    Change{kAbsolutePosition, "", "#i", true}, Change{kAbsolutePosition, "", "#z"}, Change{kLockElement, "", "#z"},
-                    Change{kBringToFront, "", "#z"}, Change{kSendToBack, "", "#z"}, Change{kBringForward, "", "#z"},
-                    Change{kSendBackward, "", "#z"}, Change{kBringAboveText, "", "#z"}, Change{kSendBelowText, "", "#z"}));
+                    Change{kAbsolutePosition, "", "#i", true}, Change{kAbsolutePosition, "", "#z"},
+                    Change{kLockElement, "", "#z"}, Change{kBringToFront, "", "#z"}, Change{kSendToBack, "", "#z"},
+                    Change{kBringForward, "", "#z"}, Change{kSendBackward, "", "#z"}, Change{kBringAboveText, "", "#z"},
+                    Change{kSendBelowText, "", "#z"}));
 
 TEST(TextPaste, brings_the_text_of_the_clipboard_without_its_looks)
 {
@@ -108,9 +110,10 @@ TEST(PastedPage, brings_no_classes_names_and_programs_of_its_own)
   surface.load("<p>x</p>");
   surface.placeCursor("p", 1);
   auto* const data = new QMimeData;
-  data->setHtml("<div class=\"article__body\" id=\"ueberschrift\"><!--[if IE]><p>alt</p><![endif]--><a href=\" javascript:f()\" "
-                "class=\"x\">Klick</a><img src=\"http://127.0.0.1:1/a.jpg\" srcset=\"http://127.0.0.1:1/b.jpg 2x\" loading=\"lazy\">"
-                "<script src=\"http://127.0.0.1:1/x.js\"></script></div>");
+  data->setHtml(
+      "<div class=\"article__body\" id=\"ueberschrift\"><!--[if IE]><p>alt</p><![endif]--><a href=\" javascript:f()\" "
+      "class=\"x\">Klick</a><img src=\"http://127.0.0.1:1/a.jpg\" srcset=\"http://127.0.0.1:1/b.jpg 2x\" loading=\"lazy\">"
+      "<script src=\"http://127.0.0.1:1/x.js\"></script></div>");
   data->setText("Klick");
   QGuiApplication::clipboard()->setMimeData(data);
 

@@ -16,8 +16,8 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QToolBar>
-#include <QWebEngineView>
 #include <QToolButton>
+#include <QWebEngineView>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

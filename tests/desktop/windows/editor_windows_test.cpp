@@ -55,10 +55,10 @@ struct EditorWindows : testing::Test {
     bool answered = false;
     QVariant value;
     surface().findChild<QWebEngineView*>()->page()->runJavaScript(expression, QWebEngineScript::ApplicationWorld,
-                                                                   [&](const QVariant& answer) {
-                                                                     value = answer;
-                                                                     answered = true;
-                                                                   });
+                                                                  [&](const QVariant& answer) {
+                                                                    value = answer;
+                                                                    answered = true;
+                                                                  });
     comesTrue([&] { return answered; });
     return value;
   }
@@ -106,9 +106,8 @@ struct EditorWindows : testing::Test {
   /// Apart from the look at what is shown, so that a box over the dialog is answered too.
   void inDialog(std::function<void(QDialog&)> work)
   {
-    desk->answers.dialogs.push_back([work = std::move(work)](QDialog& dialog) {
-      QTimer::singleShot(0, &dialog, [work, &dialog] { work(dialog); });
-    });
+    desk->answers.dialogs.push_back(
+        [work = std::move(work)](QDialog& dialog) { QTimer::singleShot(0, &dialog, [work, &dialog] { work(dialog); }); });
   }
   static void type(QDialog& dialog, const char* field, const char* text)
   {
@@ -400,8 +399,9 @@ TEST_F(EditorWindows, set_each_of_the_sixteen_formats)
 
 // --- Table
 
-constexpr auto kTable = "<p>davor</p><table border=\"1\"><tbody><tr><td id=\"x\">a</td><td>b</td></tr><tr><td>c</td><td>d</td></tr>"
-                        "</tbody></table>";
+constexpr auto kTable =
+    "<p>davor</p><table border=\"1\"><tbody><tr><td id=\"x\">a</td><td>b</td></tr><tr><td>c</td><td>d</td></tr>"
+    "</tbody></table>";
 
 TEST_F(EditorWindows, insert_a_table_of_the_wanted_size)
 {
@@ -445,12 +445,13 @@ TEST_F(EditorWindows, offer_table_entries_in_a_table_only)
 {
   page(kTable);
   placeCursor("p");
-  for (const auto* const entry : {"TableSub_2", "TableSub_3", "TableSub_4", "TableSub_6", "TableSub_7", "TableSub_8", "TableSub_10",
-                                  "TableSub_11"})
+  for (const auto* const entry :
+       {"TableSub_2", "TableSub_3", "TableSub_4", "TableSub_6", "TableSub_7", "TableSub_8", "TableSub_10", "TableSub_11"})
     EXPECT_FALSE(shown("Table", entry).enabled) << entry;
   EXPECT_TRUE(shown("Table", "TableSub_0").enabled);
   placeCursor("#x");
-  for (const auto* const entry : {"TableSub_2", "TableSub_3", "TableSub_4", "TableSub_6", "TableSub_7", "TableSub_8", "TableSub_11"})
+  for (const auto* const entry :
+       {"TableSub_2", "TableSub_3", "TableSub_4", "TableSub_6", "TableSub_7", "TableSub_8", "TableSub_11"})
     EXPECT_TRUE(shown("Table", entry).enabled) << entry;
   EXPECT_FALSE(shown("Table", "TableSub_10").enabled);
   select("tr");
@@ -594,7 +595,8 @@ TEST_F(EditorWindows, paste_a_picture_of_the_clipboard_into_pix)
 
   trigger("editsub_5");
 
-  EXPECT_EQ(body(), "<p><img src=\"file://" + project.directory().file("site\\pix/01_bild_1_580.jpg") + "\" border=\"0\">Text</p>");
+  EXPECT_EQ(body(),
+            "<p><img src=\"file://" + project.directory().file("site\\pix/01_bild_1_580.jpg") + "\" border=\"0\">Text</p>");
   EXPECT_EQ(image::Image::sizeOf(project.directory().file("site\\pix\\01_bild_1_580.jpg")).width, 580);
   EXPECT_TRUE(dirty());
 }

@@ -5,8 +5,8 @@
 #include "desktop/looks/theme.h"
 #include "desktop/windows/desk.h"
 #include "desktop/windows/startbild_window.h"
-#include "platform/ui/editing_commands.h"
 #include "platform/files/path.h"
+#include "platform/ui/editing_commands.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -224,7 +224,8 @@ TEST_P(Pictures, of_the_editors_dialogs)
   Desk desk(home);
   ASSERT_TRUE(desk.start());
   const Look look = GetParam();
-  const auto take = [&](const char* name, const std::function<void(QDialog&)>& prepare = [](QDialog&) {}) {
+  const auto take = [&](
+                        const char* name, const std::function<void(QDialog&)>& prepare = [](QDialog&) {}) {
     desk.answers.dialogs.push_back([&, name, prepare](QDialog& dialog) {
       prepare(dialog);
       save(dialog, look, name);
