@@ -1,11 +1,20 @@
-// Scans a directory as the picture dialog does and prints how many files it lists.
+// Scans a directory in the picture dialog as it stands on the screen. Prints how many files it lists and the seconds of the scan;
+// on standard error the longest time that the window did not answer.
 
+#include "desktop/looks/theme.h"
+#include "desktop/seams/qt_ui.h"
+#include "desktop/windows/file_scan_window.h"
 #include "editor/document_surface.h"
 #include "pagetree/plain_tree.h"
 #include "pictures/file_scan.h"
 #include "platform/files/path.h"
 
-#include <chrono>
+#include <QAbstractButton>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -14,34 +23,54 @@ namespace {
 
 using namespace mrd;
 
-/// A window that notes how long it had to wait for its events.
-class WaitingUi : public ui::Ui {
+/// Notes how long the window had to wait for its events.
+class Beat {
 public:
-  ui::Button messageBox(const ui::MessageBox&) override { return ui::Button::Ok; }
-  std::optional<std::string> inputBox(std::string_view, std::string_view, std::string_view) override { return std::nullopt; }
-  std::optional<std::string> openFileDialog(const ui::FileDialog&) override { return std::nullopt; }
-  std::optional<std::string> saveFileDialog(const ui::FileDialog&) override { return std::nullopt; }
-  std::optional<std::string> folderDialog(std::string_view) override { return std::nullopt; }
-  std::optional<int> colourDialog(int) override { return std::nullopt; }
-  void status(ui::StatusPlace, std::string_view) override {}
-  void progress(std::size_t, std::size_t) override {}
-  void hideProgress() override {}
-  void pointer(ui::Pointer) override {}
-  void hideSplash() override {}
-  bool pumpEvents() override
+  Beat()
   {
-    const auto now = Clock::now();
-    longestWait = std::max(longestWait, now - last_);
-    last_ = now;
-    return false;
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { longest_ = std::max(longest_, clock_.restart()); });
+    timer_.start(1);
+    clock_.start();
   }
-
-  using Clock = std::chrono::steady_clock;
-  Clock::duration longestWait{};
+  qint64 longestMilliseconds() { return std::max(longest_, clock_.elapsed()); }
 
 private:
-  Clock::time_point last_ = Clock::now();
+  QTimer timer_;
+  QElapsedTimer clock_;
+  qint64 longest_ = 0;
 };
+
+void scan(const std::filesystem::path& work, const std::string& directory)
+{
+  desktop::QtUi ui;
+  const paths::ProgramFiles program(files::systemPath(work));
+  messages::Language language(program, ui);
+  const base::SystemClock clock;
+  const settings::Fields fields;
+  auto db = dao::Database::create(program.file("\\scan.mdb"));
+  editor::DocumentSurface surface;
+  pagetree::PlainTree tree;
+  pictures::frmBildkonvertierer converter;
+  files::UserSettings settings((work / "settings.ini").native());
+  pictures::FrmFileScan form({{db, language, clock, fields, program, surface, converter}, tree, settings}, {});
+  form.tbshare = directory;
+  // A window without a language database says so.
+  QTimer::singleShot(0, [] {
+    if (auto* const box = QApplication::activeModalWidget())
+      box->close();
+  });
+  desktop::FrmFileScanWindow window(form, language);
+  window.show();
+  QApplication::processEvents();
+  Beat beat;
+  QElapsedTimer time;
+  time.start();
+  window.findChild<QAbstractButton*>("Command1")->click();
+  constexpr double kNanosecondsPerSecond = 1e9;
+  const double seconds = static_cast<double>(time.nsecsElapsed()) / kNanosecondsPerSecond;
+  std::cout << form.List1.size() << ' ' << seconds << '\n';
+  std::cerr << "longest wait of the window: " << beat.longestMilliseconds() << " ms\n";
+}
 
 } // namespace
 
@@ -51,27 +80,10 @@ int main(int argc, char** argv)
     std::cerr << "usage: scan_files DIRECTORY\n";
     return 2;
   }
+  QApplication application(argc, argv);
+  desktop::applyTheme(application, desktop::Theme::Light);
   std::string pattern = (std::filesystem::temp_directory_path() / "mrd-scan-XXXXXX").string();
   const std::filesystem::path work = ::mkdtemp(pattern.data());
-  std::size_t found = 0;
-  WaitingUi ui;
-  {
-    const paths::ProgramFiles program(files::systemPath(work));
-    messages::Language language(program, ui);
-    const base::SystemClock clock;
-    const settings::Fields fields;
-    auto db = dao::Database::create(program.file("\\scan.mdb"));
-    editor::DocumentSurface surface;
-    pagetree::PlainTree tree;
-    pictures::frmBildkonvertierer converter;
-    files::UserSettings settings((work / "settings.ini").native());
-    pictures::FrmFileScan form({{db, language, clock, fields, program, surface, converter, [] {}}, tree, settings}, {});
-    form.tbshare = files::systemPath(argv[1]);
-    form.Command1_Click();
-    found = form.List1.size();
-  }
+  scan(work, files::systemPath(argv[1]));
   std::filesystem::remove_all(work);
-  std::cout << found << '\n';
-  std::cerr << "longest wait of the window: " << std::chrono::duration_cast<std::chrono::milliseconds>(ui.longestWait).count()
-            << " ms\n";
 }

@@ -120,7 +120,12 @@ bool frmHTMLExport::enterExportDirectory()
   return true;
 }
 
-void frmHTMLExport::cbvorschau_Click() { environment_.shell.open(exportpfad_ + startdatei_); }
+void frmHTMLExport::cbvorschau_Click()
+{
+  // Before the first run of the dialog there is no homepage yet that it knows of, but a directory.
+  if (!exportpfad_.empty() || enterExportDirectory())
+    environment_.shell.open(exportpfad_ + startdatei_);
+}
 
 void frmHTMLExport::showState(std::string_view text)
 {

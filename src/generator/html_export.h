@@ -34,7 +34,7 @@ public:
   RunOutcome cbHTML_Click();
   /// Stops the run behind the page at hand; without a run closes the dialog.
   void cbabbrechen_Click();
-  /// Opens the homepage of the last run.
+  /// Opens the homepage of the last run; without one the export directory (message 37 where that is missing).
   void cbvorschau_Click();
 
   Selection selection;

@@ -2,6 +2,7 @@
 
 #include "base/format.h"
 #include "base/product.h"
+#include "base/text.h"
 #include "frame/failures/failures.h"
 #include "frame/settings/export_path.h"
 #include "mainform/window_placement.h"
@@ -26,6 +27,14 @@ std::string withSeparator(std::string path)
   return path;
 }
 
+std::string ownDirectory(const paths::ProgramFiles& program) { return program.file("\\exportpfad\\"); }
+
+/// A blank text names no directory: with its separator it would be the root of all.
+std::string namedDirectory(std::string_view text, const paths::ProgramFiles& program)
+{
+  return base::trim(text).empty() ? ownDirectory(program) : withSeparator(std::string(text));
+}
+
 } // namespace
 
 void FrmAssistent::Form_Load(ui::WindowControls& controls)
@@ -38,8 +47,8 @@ void FrmAssistent::Form_Load()
 {
   const auto& fields = parts_.settings.fields();
   const auto& program = parts_.program.files;
-  const std::string path = withSeparator(fields.tbpfadexport);
-  tbexportpfad = files::directoryExists(path) ? path : program.file("\\exportpfad\\");
+  const std::string path = namedDirectory(fields.tbpfadexport, program);
+  tbexportpfad = files::directoryExists(path) ? path : ownDirectory(program);
   CheckAssistentaqnzeigen = parts_.userSettings.value(kReadSection, kSwitch, "ja") == "nein";
   tbFTPServer = fields.tbFTPServer;
   tbtitel = fields.tbtitel;
@@ -92,7 +101,7 @@ void FrmAssistent::Label4_Click() { parts_.shell.openAddress("mailto:" + std::st
 void FrmAssistent::cbschliessen_Click()
 {
   failures::withStandardHandler(parts_.program.language, "cbschliessen_Click", [&] {
-    const std::string path = withSeparator(tbexportpfad);
+    const std::string path = namedDirectory(tbexportpfad, parts_.program.files);
     if (!directoryIsSettled(path))
       return;
     parts_.program.ui.pumpEvents();

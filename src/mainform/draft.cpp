@@ -24,6 +24,11 @@ constexpr std::array kTexts{
 };
 constexpr std::string_view kWritten = "written", kType = "opseitentyp", kSource = "sourceOnTop";
 
+/// Programs that close at the same moment each take the lock's file away once.
+constexpr int kAttempts = 10;
+
+std::string lockFileOf(std::string_view path) { return std::string(path) + ".lock"; }
+
 /// A name, the length of its text in bytes, and the text, which may hold anything.
 std::string entry(std::string_view name, std::string_view text) { return base::format("{} {}\n{}\n", name, text.size(), text); }
 
@@ -74,7 +79,43 @@ std::optional<Draft> draftOf(const Entries& entries)
 
 } // namespace
 
-std::string draftFileOf(std::string_view DbName) { return std::string(DbName) + ".entwurf"; }
+std::string draftFileOf(std::string_view DbName, int number)
+{
+  return base::format("{}.entwurf{}", DbName, number == 1 ? "" : std::to_string(number));
+}
+
+std::unique_ptr<DraftFile> DraftFile::take(std::string_view path)
+{
+  // A file of its own bears the lock: the draft's is another one after each writing.
+  const std::string lockFile = lockFileOf(path);
+  try {
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+      files::OutputFile(lockFile).close();
+      auto lock = std::make_unique<files::FileLock>(lockFile);
+      // The program that had it may just have removed it.
+      if (lock->isStillNamed())
+        return std::unique_ptr<DraftFile>(new DraftFile(path, std::move(lock)));
+    }
+  } catch (const base::Error&) {
+    // Another program has it; or nothing can be written here, and then no draft either.
+  }
+  return nullptr;
+}
+
+std::unique_ptr<DraftFile> DraftFile::takeEmpty(std::string_view DbName)
+{
+  for (int number = 1; number <= kDraftFiles; ++number)
+    if (auto file = take(draftFileOf(DbName, number)); file && !files::fileExists(file->path()))
+      return file;
+  return nullptr;
+}
+
+DraftFile::~DraftFile()
+{
+  // While it is locked, so that nobody locks a file that is about to lose its name.
+  if (lock_->isStillNamed())
+    removeDraft(lockFileOf(path_));
+}
 
 void writeDraft(std::string_view file, const Draft& draft)
 {

@@ -4,6 +4,8 @@
 #include "base/format.h"
 #include "pagetree/page_id.h"
 
+#include <utility>
+
 namespace mrd::mainform {
 namespace {
 
@@ -12,43 +14,69 @@ constexpr std::string_view kHeadLabel = "Seitenkopf";
 
 } // namespace
 
+Draft DraftKeeper::present() const
+{
+  const bool isHead = pages_.document.kind == DocumentKind::Head;
+  const auto& fields = pages_.fields;
+  return {isHead ? std::string() : pages_.LastActivePage(),
+          isHead ? std::string(kHeadLabel) : pages_.ActiveNodeText(),
+          project_.program().clock.now(),
+          pages_.surface().bodyInnerHtml(),
+          fields.tbhtml,
+          fields.tbdateiname,
+          fields.tbScript,
+          fields.opseitentyp,
+          fields.sourceOnTop};
+}
+
 void DraftKeeper::Timer()
 {
   const auto& document = pages_.document;
   const bool isDue = project_.isOpen() && pages_.PageDirty() && !pages_.isBusy() && document.changes != draftedChanges_;
-  if (!isDue || document.kind == DocumentKind::File)
+  // Events run while the page is read, and the next tick may be among them.
+  if (!isDue || document.kind == DocumentKind::File || std::exchange(writing_, true))
     return;
-  const bool isHead = document.kind == DocumentKind::Head;
-  const auto& fields = pages_.fields;
-  const Draft draft{isHead ? std::string() : pages_.LastActivePage(),
-                    isHead ? std::string(kHeadLabel) : pages_.ActiveNodeText(),
-                    project_.program().clock.now(),
-                    pages_.surface().bodyInnerHtml(),
-                    fields.tbhtml,
-                    fields.tbdateiname,
-                    fields.tbScript,
-                    fields.opseitentyp,
-                    fields.sourceOnTop};
   try {
-    writeDraft(draftFileOf(project_.DbName()), draft);
-    draftedChanges_ = document.changes;
+    const auto changes = document.changes;
+    const Draft draft = present();
+    // What was read while the page went its way is nobody's draft.
+    if (pages_.PageDirty() && !pages_.isBusy()) {
+      if (!file_)
+        file_ = DraftFile::takeEmpty(project_.DbName());
+      if (file_) {
+        writeDraft(file_->path(), draft);
+        draftedChanges_ = changes;
+      }
+    }
   } catch (const base::Error&) {
     // The next tick tries again. A disk that is full tells its user when he saves; a box every few seconds would only keep him
     // from making room.
   }
+  writing_ = false;
 }
 
 void DraftKeeper::offer()
 {
-  const std::string file = draftFileOf(project_.DbName());
-  const auto draft = readDraft(file);
-  if (!draft)
-    return;
-  const std::string what = base::format("\"{}\" ({})", draft->label, draft->written.german());
-  if (project_.program().language.GetMsg(kMessageDraft, what, "Z") == ui::Button::Yes)
+  file_.reset();
+  for (int number = 1; number <= kDraftFiles; ++number) {
+    const std::string path = draftFileOf(project_.DbName(), number);
+    if (!readDraft(path))
+      continue;
+    auto file = DraftFile::take(path);
+    const auto draft = file ? readDraft(path) : std::nullopt;
+    if (!draft)
+      continue;
+    const std::string what = base::format("\"{}\" ({})", draft->label, draft->written.german());
+    const auto answer = project_.program().language.GetMsg(kMessageDraft, what, "Z");
+    if (answer == ui::Button::No)
+      removeDraft(path);
+    if (answer != ui::Button::Yes)
+      continue;
     restore(*draft);
-  else
-    removeDraft(file);
+    // Only now: a draft that could not be restored must not be replaced by another page's.
+    file_ = std::move(file);
+    return;
+  }
 }
 
 void DraftKeeper::restore(const Draft& draft)
@@ -90,8 +118,9 @@ void DraftKeeper::openPage(const Draft& draft)
 void DraftKeeper::forget()
 {
   draftedChanges_ = pages_.document.changes;
-  if (project_.isOpen())
-    removeDraft(draftFileOf(project_.DbName()));
+  if (file_)
+    removeDraft(file_->path());
+  file_.reset();
 }
 
 } // namespace mrd::mainform

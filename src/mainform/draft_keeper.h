@@ -4,10 +4,12 @@
 #include "mainform/editor_tabs.h"
 #include "mainform/page_desk.h"
 
+#include <memory>
+
 namespace mrd::mainform {
 
 /// Keeps a draft of the dirty page, and offers it when a project is opened that a crash has left one for. The page itself changes
-/// only by SavePage.
+/// only by SavePage. Programs that have the same project open leave each other's drafts alone.
 class DraftKeeper {
 public:
   /// How often a window calls Timer, in seconds.
@@ -17,12 +19,14 @@ public:
 
   /// Writes the draft if the page has changed since the last one.
   void Timer();
-  /// Offers what is left of the last session (message 114) and puts it into the editor on Yes; No throws it away.
+  /// Offers what is left of the last sessions (message 114) and puts it into the editor on Yes; No throws it away, and any other
+  /// answer leaves it for the next time.
   void offer();
   /// The page has been saved, or its changes were given up.
   void forget();
 
 private:
+  Draft present() const;
   void restore(const Draft& draft);
   /// Opens the draft's page, or makes it anew where the table lacks it.
   void openPage(const Draft& draft);
@@ -30,7 +34,10 @@ private:
   ProjectFrame& project_;
   PageDesk& pages_;
   EditorTabs& tabs_;
+  /// The file of this program's draft, while there is one.
+  std::unique_ptr<DraftFile> file_;
   unsigned long draftedChanges_ = 0;
+  bool writing_ = false;
 };
 
 } // namespace mrd::mainform

@@ -74,7 +74,7 @@ void EditorCommands::schatten_hinzufügen()
     return;
   const ui::WaitPointer wait(language().ui());
   const auto src = picture->getAttribute("src").value_or("");
-  if (const auto reference = pictures::withShadowFile(src, parts_.project.fields().tbhintergrund)) {
+  if (const auto reference = pictures::schatten_hinzufügen(src, parts_.project.fields().tbhintergrund)) {
     picture->setAttribute("src", *reference);
     parts_.pages.changed();
   }
@@ -85,12 +85,9 @@ void EditorCommands::schatten_entfernen()
   auto picture = surface().selectedElement();
   if (!picture)
     return;
-  if (const auto reference = pictures::withoutShadowFile(picture->getAttribute("src").value_or(""))) {
+  if (const auto reference = pictures::schatten_entfernen(picture->getAttribute("src").value_or(""), language().ui())) {
     picture->setAttribute("src", *reference);
     parts_.pages.changed();
-  } else {
-    language().ui().messageBox(
-        {"Die Originaldatei wurde nicht gefunden!\r\nBitte fügen Sie das Bild erneut ein!", std::string(base::kProductName)});
   }
 }
 

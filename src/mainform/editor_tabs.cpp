@@ -1,5 +1,6 @@
 #include "mainform/editor_tabs.h"
 
+#include "base/errors.h"
 #include "base/format.h"
 #include "base/text.h"
 #include "frame/failures/failures.h"
@@ -55,7 +56,7 @@ void EditorTabs::turn(int PreviousTab)
   if (PreviousTab == kEditor)
     leaveEditor();
   else if (PreviousTab == kSource)
-    parts_.pages.surface().setBodyInnerHtml(fields.tbhtml);
+    leaveSource();
   parts_.screen.setControl("Toolbar1", std::nullopt, {{}, {}, {}, tabHtml == kEditor});
   parts_.help.page = helpPageOf(tabHtml);
 }
@@ -73,6 +74,15 @@ void EditorTabs::leaveEditor()
     pages.fields.tbhtml = pages.surface().bodyInnerHtml();
   }
   parts_.screen.refresh(Shown::Page);
+}
+
+void EditorTabs::leaveSource()
+{
+  try {
+    parts_.pages.surface().setBodyInnerHtml(parts_.pages.fields.tbhtml);
+  } catch (const base::Error&) {
+    // The page keeps what it took; the user sees it there.
+  }
 }
 
 void EditorTabs::waitForSurface()
@@ -103,10 +113,6 @@ void EditorTabs::showHead()
   const auto stored = settings::StoredSettings(parts_.project.db()).value("KopfHTML");
   TabTree = kHead;
   pages.setKind(DocumentKind::Head);
-  if (tabHtml == kPage) {
-    tabHtml = kEditor;
-    turn(kPage);
-  }
   parts_.screen.refresh(Shown::Tabs);
   auto& surface = pages.surface();
   surface.newDocument();
@@ -156,6 +162,12 @@ bool EditorTabs::showTree()
 void EditorTabs::showKind()
 {
   const DocumentKind kind = parts_.pages.document.kind;
+  // A tab that is about to be closed to the user must not be the one that he is on.
+  if (kind != DocumentKind::Page && tabHtml == kPage) {
+    tabHtml = kEditor;
+    turn(kPage);
+    parts_.screen.refresh(Shown::Tabs);
+  }
   // The caption tells the user what he edits, in the words that stand in the saving of the head too.
   parts_.screen.setTabTexts("tabHtml", kEditor, {kind == DocumentKind::Head ? "Seitenkopf" : "Normal", {}, {}, {}});
   parts_.screen.setTabTexts("tabHtml", kPage, {{}, {}, kind == DocumentKind::Page, {}});

@@ -46,6 +46,7 @@ public:
 private:
   void turn(int PreviousTab);
   void leaveEditor();
+  void leaveSource();
   void backToTree();
   void waitForSurface();
   messages::Language& language() { return parts_.project.program().language; }

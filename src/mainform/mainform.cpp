@@ -140,9 +140,12 @@ void Mainform::Form_Load()
 
 void Mainform::showStates()
 {
-  // What a language says of a control's state must not undo what the layout and the kind of document say of it.
+  // What a language says of a control must not undo what the layout and the kind of document say of its state, and the fields of
+  // its text.
   tabs_.showKind();
   settings_.showFields();
+  if (project_.isOpen())
+    seams_.screen.refresh(Shown::Page);
 }
 
 void Mainform::Form_Resize(int width)
@@ -165,13 +168,14 @@ bool Mainform::Form_QueryUnload()
   if (!pages_.PageDirty())
     return true;
   switch (program_.language.GetMsg(kMessageSaveChanges)) {
-  case ui::Button::Yes:
-    return pages_.SavePage();
   case ui::Button::No:
     pages_.giveUp();
     return true;
-  default:
+  case ui::Button::Cancel:
     return false;
+  default:
+    // Yes; or the question could not be asked, and then a window that does not close would be a trap.
+    return pages_.SavePage();
   }
 }
 
@@ -271,7 +275,8 @@ void Mainform::HelpSub1_Click(int Index)
 
 void Mainform::eng_Click()
 {
-  command("eng_Click", [&] {
+  // Captions are no part of the page: a choice that came while that loads would leave its mark in the menu and nothing else.
+  failures::withStandardHandler(program_.language, "eng_Click", [&] {
     program_.language.eng_Click(seams_.screen);
     showStates();
   });
@@ -279,7 +284,7 @@ void Mainform::eng_Click()
 
 void Mainform::GER_Click()
 {
-  command("GER_Click", [&] {
+  failures::withStandardHandler(program_.language, "GER_Click", [&] {
     program_.language.GER_Click(seams_.screen);
     showStates();
   });

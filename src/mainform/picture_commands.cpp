@@ -62,12 +62,11 @@ void PictureCommands::openFileScan(bool onThisPage)
   }
   if (!fileScan_ || !fileScan_->isLoaded()) {
     auto& program = parts_.project.program();
-    fileScan_.emplace(
-        pictures::FrmFileScan::Parts{{parts_.project.db(), program.language, program.clock, parts_.project.fields(),
-                                      program.files, pages.surface(), converter_, [this] { showNewPages(); }},
-                                     pages.tree(),
-                                     parts_.userSettings},
-        fileScanHooks());
+    fileScan_.emplace(pictures::FrmFileScan::Parts{{parts_.project.db(), program.language, program.clock, parts_.project.fields(),
+                                                    program.files, pages.surface(), converter_, [this] { showNewPages(); }},
+                                                   pages.tree(),
+                                                   parts_.userSettings},
+                      fileScanHooks());
     fileScan_->Form_Load();
   }
   fileScan_->readNode();

@@ -103,7 +103,10 @@ std::string rotatePicture(std::string_view path, int qualityFactor)
 {
   const auto parts = paths::teile_dateipfad(path);
   auto target = parts.verzeichnis + parts.name + ".jpg";
-  Image::load(path).rotated().saveJpeg(target, qualityFactor);
+  // The picture lies twice in memory while it is turned, and once while it is written.
+  auto picture = Image::load(path);
+  picture = picture.rotated();
+  picture.saveJpeg(target, qualityFactor);
   return target;
 }
 

@@ -8,6 +8,7 @@
 #include "pictures/page_pictures.h"
 #include "platform/files/path.h"
 #include "platform/html/document.h"
+#include "platform/image/memory_share.h"
 
 #include <algorithm>
 #include <charconv>
@@ -24,6 +25,7 @@ constexpr double kTwipsPerPixel = 15;
 constexpr int kOffsetTwips = 200;
 constexpr int kFirstRing = 1, kLastRing = 24, kRingStep = 2, kInsetTwips = 5, kDarkening = 6;
 constexpr int kQualityFactor = 30;
+constexpr std::string_view kScheme = "file://";
 
 int pixels(int twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
 
@@ -75,25 +77,31 @@ void erzeuge_schatten(std::string_view verzeichnis, std::string_view name, std::
                       std::string_view tbhintergrund)
 {
   const auto file = [&](std::string_view base) { return base::format("{}{}.{}", verzeichnis, base, erweiterung); };
+  const auto size = Image::sizeOf(file(name));
+  // The picture and the canvas on which it comes to stand.
+  const image::MemoryShare share(2 * image::MemoryShare::kBytesPerPixel * size.width * size.height);
   withShadow(Image::load(file(name), exactColour(tbhintergrund)), tbhintergrund).saveJpeg(file(shadowName(name)), kQualityFactor);
 }
 
-std::optional<std::string> withShadowFile(std::string_view src, std::string_view tbhintergrund)
+std::optional<std::string> schatten_hinzufügen(std::string_view src, std::string_view tbhintergrund)
 {
   const auto parts = localParts(src);
   if (!paths::datei_vorhanden(pathOf(parts)))
     return std::nullopt;
   erzeuge_schatten(parts.verzeichnis, parts.name, parts.erweiterung, tbhintergrund);
-  // The directory has its separator already; pages have held this second one for years.
+  // The second separator behind the directory is in the pages of many projects, and readers of references know it.
   return base::format("{}\\{}.{}", parts.verzeichnis, shadowName(parts.name), parts.erweiterung);
 }
 
-std::optional<std::string> withoutShadowFile(std::string_view src)
+std::optional<std::string> schatten_entfernen(std::string_view src, ui::Ui& ui)
 {
-  constexpr std::string_view kFileScheme = "file://";
-  const std::string_view plain = src.starts_with(kFileScheme) ? src.substr(kFileScheme.size()) : src;
-  const std::string original = base::replaceAll(plain, "_shd", "");
-  return paths::datei_vorhanden(files::pathFromReference(original)) ? std::optional(original) : std::nullopt;
+  if (src.starts_with(kScheme))
+    src.remove_prefix(kScheme.size());
+  auto without = base::replaceAll(src, shadowName(""), "");
+  if (paths::datei_vorhanden(files::pathFromReference(without)))
+    return without;
+  ui.messageBox({base::format("Die Originaldatei wurde nicht gefunden!{}Bitte fügen Sie das Bild erneut ein!", base::kCrLf), ""});
+  return std::nullopt;
 }
 
 std::size_t schatten_fuer_seite(const PageWithPictures& open, std::string_view tbhintergrund)
@@ -114,10 +122,11 @@ std::size_t schatten_fuer_seite(const PageWithPictures& open, std::string_view t
       frmBildkonvertierer.progress(done++);
       if (ui.pumpEvents() || frmBildkonvertierer.isStopped())
         break;
-      const auto parts = localParts(picture.attribute("src").value_or(""));
+      const auto src = picture.attribute("src").value_or("");
+      const auto parts = localParts(src);
       ui.status(ui::StatusPlace::Run, base::format("Schatten für {}.{}", parts.name, parts.erweiterung));
-      if (const auto reference = withShadowFile(picture.attribute("src").value_or(""), tbhintergrund)) {
-        picture.setAttribute("src", *reference);
+      if (const auto withShadow = schatten_hinzufügen(src, tbhintergrund)) {
+        picture.setAttribute("src", *withShadow);
         ++shadows;
       }
     }

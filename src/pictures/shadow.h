@@ -28,12 +28,12 @@ std::string shadowName(std::string_view name);
 void erzeuge_schatten(std::string_view verzeichnis, std::string_view name, std::string_view erweiterung,
                       std::string_view tbhintergrund);
 
-/// Gives the picture of a reference its shadow. The reference to the copy, or nothing where there is no such file. Throws
-/// base::Error.
-std::optional<std::string> withShadowFile(std::string_view src, std::string_view tbhintergrund);
+/// Gives the picture that a reference leads to a shadow and returns the reference to the copy; nothing where there is no such
+/// file.
+std::optional<std::string> schatten_hinzufügen(std::string_view src, std::string_view tbhintergrund);
 
-/// The reference to the picture as it was before it got a shadow; nothing where that file is gone. The copy stays on the disk.
-std::optional<std::string> withoutShadowFile(std::string_view src);
+/// The reference to the picture without its shadow, whose file stays; a message box and nothing where the picture has gone.
+std::optional<std::string> schatten_entfernen(std::string_view src, ui::Ui& ui);
 
 /// The open page, and who is told how far the work on its pictures is.
 struct PageWithPictures {

@@ -140,6 +140,21 @@ TEST_F(AssistantTest, stays_open_on_cancel)
   EXPECT_EQ(project.setting("Titel").value_or(""), "");
 }
 
+TEST_F(AssistantTest, takes_a_blank_path_for_the_programs_own_and_never_for_the_root)
+{
+  for (const auto* const blank : {"", "  "}) {
+    fields().tbpfadexport = blank;
+    form.Form_Load();
+    EXPECT_EQ(form.tbexportpfad, directory.file("exportpfad\\"));
+  }
+  form.tbexportpfad = "";
+  ui.expect(0, "exportpfad existiert nicht", ui::Button::Yes);
+
+  form.cbschliessen_Click();
+
+  EXPECT_EQ(fields().tbpfadexport, directory.file("exportpfad\\"));
+}
+
 TEST_F(AssistantTest, copies_nothing_and_says_nothing_without_a_help_directory)
 {
   form.tbexportpfad = directory.file("neu");

@@ -33,6 +33,17 @@ TEST_F(FileCommandsTest, open_a_file_in_place_of_the_page)
   EXPECT_FALSE(screen.enabled("tabHtml[2]"));
 }
 
+TEST_F(FileCommandsTest, leave_the_tab_of_the_page_which_a_file_has_not)
+{
+  selectTab(2);
+
+  window.menu_Click("FileNew", std::nullopt);
+
+  EXPECT_EQ(window.tabs().tabHtml, 0);
+  EXPECT_TRUE(screen.visible("Toolbar1"));
+  EXPECT_EQ(window.help().page, "seitenbereich.htm");
+}
+
 TEST_F(FileCommandsTest, never_write_the_file_into_the_page)
 {
   directory.write("brief.htm", "<p>Liebe Oma</p>");

@@ -159,6 +159,17 @@ struct UsedSurface : editor::DocumentSurface {
       std::exchange(whenLoaded, nullptr)();
     return true;
   }
+  void setBodyInnerHtml(std::string_view html) override
+  {
+    if (failing)
+      throw base::Error(base::ErrorNumber::InvalidCall, "Der Prozess antwortet nicht");
+    DocumentSurface::setBodyInnerHtml(html);
+  }
+  std::string bodyInnerHtml() const override
+  {
+    whenRead();
+    return DocumentSurface::bodyInnerHtml();
+  }
   void setSiteDirectory(std::string_view directory) override { siteDirectory = directory; }
   void setDocumentColours(std::string_view background, std::string_view text) override
   {
@@ -218,6 +229,8 @@ struct UsedSurface : editor::DocumentSurface {
   mutable int busyFor = 0;
   /// Runs among the events that are let through while the surface loads.
   mutable std::function<void()> whenLoaded;
+  /// Runs among the events that are let through while the text is read.
+  std::function<void()> whenRead = [] {};
   std::string siteDirectory, colours, rules;
   std::vector<std::string> executed, formats;
   std::map<int, int> statuses;

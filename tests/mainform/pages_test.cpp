@@ -144,6 +144,18 @@ TEST_F(PagesTest, are_made_below_the_open_one)
   EXPECT_EQ(text("0201", "Überschrift"), "neue Seite:@0201");
 }
 
+TEST_F(PagesTest, begin_with_the_script_of_the_page_before)
+{
+  openPage("@02");
+  window.pages().fields.tbScript = "<script></script>";
+
+  window.SeiteSub_Click(0);
+  EXPECT_EQ(window.pages().fields.tbScript, "<script></script>");
+
+  click("@01");
+  EXPECT_EQ(window.pages().fields.tbScript, " ");
+}
+
 TEST_F(PagesTest, are_numbered_behind_children_that_the_closed_node_has_not_shown)
 {
   project.addPage({"0102", "Bad"});
@@ -391,6 +403,19 @@ TEST_F(ExportDialogTest, generates_only_new_pages_by_its_option)
   };
 
   window.Toolbar2_ButtonClick("html");
+}
+
+TEST_F(ExportDialogTest, opens_the_export_directory_before_the_first_run)
+{
+  start();
+  dialogs.exporting = [&](generator::frmHTMLExport& form) {
+    form.Form_Load(form.DbName);
+    form.cbvorschau_Click();
+  };
+
+  window.NetSub_Click(0);
+
+  EXPECT_THAT(shell.opened, ElementsAre(directory.file("site\\")));
 }
 
 TEST_F(ExportDialogTest, stops_when_asked_and_closes_when_idle)

@@ -101,6 +101,20 @@ TEST_F(TabsTest, save_what_stands_in_the_source)
   EXPECT_THAT(fields().tbhtml, HasSubstr("Garten"));
 }
 
+TEST_F(TabsTest, leave_the_source_without_a_word_where_the_page_does_not_take_it)
+{
+  selectTab(1);
+  fields().tbhtml = "<p>kaputt";
+  surface.failing = true;
+
+  selectTab(0);
+
+  EXPECT_EQ(window.tabs().tabHtml, 0);
+  EXPECT_TRUE(screen.visible("Toolbar1"));
+  EXPECT_TRUE(ui.messages.empty());
+  EXPECT_THAT(surface.bodyInnerHtml(), HasSubstr("Dach"));
+}
+
 struct TabsWithoutPageTest : testing::Test, MainWindow {};
 
 TEST_F(TabsWithoutPageTest, change_without_harm)

@@ -269,6 +269,17 @@ TEST_F(MenusTest, change_the_language_of_the_open_window_at_once)
   EXPECT_TRUE(screen.checkedMenus.contains("GER"));
 }
 
+TEST_F(MenusTest, change_the_language_while_a_page_loads)
+{
+  surface.busyFor = 2;
+  surface.whenLoaded = [&] { window.menu_Click("eng", std::nullopt); };
+
+  click("@02");
+
+  EXPECT_EQ(program.language.Sprache(), "ENG");
+  EXPECT_EQ(active(), "@02");
+}
+
 TEST_F(MenusTest, go_on_with_a_language_database_that_names_strange_controls)
 {
   screen.missing = {"mnuShop", "cbeinstellungen"};
@@ -279,13 +290,38 @@ TEST_F(MenusTest, go_on_with_a_language_database_that_names_strange_controls)
   EXPECT_EQ(screen.caption("File"), "&File");
 }
 
-struct NoLanguageTest : testing::Test, OpenMainWindow {};
+struct NoLanguageTest : testing::Test, OpenMainWindow {
+  NoLanguageTest()
+  {
+    std::filesystem::remove(directory.native() / "language.mdb");
+    ui.expect(0, "Language Database konnte nicht gefunden werden. \r\nBitte wenden Sie sich an den Support.");
+  }
+};
+
+TEST_F(NoLanguageTest, saves_at_its_close_what_it_cannot_ask_about)
+{
+  start();
+  surface.type("<h3 id=\"ueberschrift\">Villa</h3>");
+  ui.expect(3, "Achtung! GetMsg: Nr.3 Spr.GER Wert:");
+
+  EXPECT_TRUE(window.Form_QueryUnload());
+
+  EXPECT_EQ(text("00", "Überschrift"), "Villa");
+}
+
+TEST_F(NoLanguageTest, keeps_unsaved_work_of_a_crash_that_it_cannot_ask_about)
+{
+  const auto file = draftFileOf(project.file());
+  writeDraft(file, {"@01", "Haus", {2003, 4, 17}, "<p>x</p>", "", "", ""});
+  ui.expect(114, "Achtung! GetMsg: Nr.114");
+
+  start();
+
+  EXPECT_TRUE(readDraft(file));
+}
 
 TEST_F(NoLanguageTest, starts_in_the_german_of_its_design)
 {
-  std::filesystem::remove(directory.native() / "language.mdb");
-  ui.expect(0, "Language Database konnte nicht gefunden werden. \r\nBitte wenden Sie sich an den Support.");
-
   start();
 
   EXPECT_EQ(screen.caption("File"), "");

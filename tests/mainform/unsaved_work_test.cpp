@@ -6,6 +6,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace mrd::mainform {
 namespace {
@@ -70,9 +71,16 @@ TEST_F(UnsavedWorkTest, is_no_longer_kept_once_it_is_saved)
 }
 
 struct AfterCrashTest : UnsavedWorkTest {
+  /// What locks the drafts of a program goes with it.
+  void crash()
+  {
+    for (int number = 1; number <= kDraftFiles; ++number)
+      removeDraft(draftFileOf(project.file(), number) + ".lock");
+  }
   /// Another start of the program on the same project, with this answer to what is offered.
   std::unique_ptr<MainWindow> next(ui::Button answer, const std::string& containing)
   {
+    crash();
     auto again = std::make_unique<MainWindow>();
     again->ui.expect(114, containing, answer);
     again->start(project.file());
@@ -169,6 +177,93 @@ TEST_F(AfterCrashTest, brings_the_source_of_a_server_page_back)
   again->window.Toolbar2_ButtonClick("seitespeichern");
 
   EXPECT_EQ(text("01", "html"), "<?php echo 1 ?><h3 id=\"ueberschrift\">Villa</h3>");
+}
+
+TEST_F(AfterCrashTest, is_kept_for_the_next_time_where_the_question_could_not_be_answered)
+{
+  type(kVilla);
+  window.Timer();
+
+  const auto again = next(ui::Button::Cancel, "Haus");
+  again->click("@02");
+  again->surface.type("<p>etwas anderes</p>");
+  again->window.Timer();
+
+  EXPECT_EQ(readDraft(draftFile())->html, kVilla);
+}
+
+TEST_F(AfterCrashTest, of_two_programs_is_offered_one_after_the_other)
+{
+  type(kVilla);
+  window.Timer();
+  MainWindow other;
+  other.start(project.file());
+  other.click("@02");
+  other.surface.type("<p>Beet</p>");
+  other.window.Timer();
+  crash();
+
+  MainWindow again;
+  again.ui.expect(114, "Haus", ui::Button::No).expect(114, "Garten", ui::Button::Yes);
+  again.start(project.file());
+
+  EXPECT_EQ(again.active(), "@02");
+  EXPECT_EQ(again.surface.bodyInnerHtml(), "<p>Beet</p>");
+  EXPECT_FALSE(hasDraft());
+}
+
+struct TwoProgramsTest : UnsavedWorkTest {
+  TwoProgramsTest()
+  {
+    type(kVilla);
+    window.Timer();
+    other.start(project.file());
+    other.click("@02");
+  }
+  MainWindow other;
+};
+
+TEST_F(TwoProgramsTest, do_not_offer_each_others_unsaved_work)
+{
+  EXPECT_TRUE(other.ui.messages.empty());
+  EXPECT_EQ(readDraft(draftFile())->html, kVilla);
+}
+
+TEST_F(TwoProgramsTest, keep_their_unsaved_work_apart)
+{
+  other.surface.type("<p>Beet</p>");
+  other.window.Timer();
+  EXPECT_EQ(readDraft(draftFile())->html, kVilla);
+  EXPECT_EQ(readDraft(draftFileOf(project.file(), 2))->html, "<p>Beet</p>");
+
+  other.window.Toolbar2_ButtonClick("seitespeichern");
+  EXPECT_TRUE(hasDraft());
+  EXPECT_FALSE(files::fileExists(draftFileOf(project.file(), 2)));
+}
+
+TEST_F(TwoProgramsTest, leave_nothing_beside_the_project_once_all_is_saved)
+{
+  other.surface.type("<p>Beet</p>");
+  other.window.Timer();
+  other.window.Toolbar2_ButtonClick("seitespeichern");
+  window.Toolbar2_ButtonClick("seitespeichern");
+
+  EXPECT_THAT(files::fileNames(project.directory().path()), testing::ElementsAre("projekt.mdb"));
+}
+
+TEST_F(UnsavedWorkTest, is_read_by_one_tick_at_a_time)
+{
+  type(kVilla);
+  int ticks = 0;
+  surface.whenRead = [&] {
+    if (++ticks < 5)
+      window.Timer();
+  };
+
+  window.Timer();
+
+  EXPECT_EQ(ticks, 1);
+  EXPECT_TRUE(hasDraft());
 }
 
 TEST(Drafts, hold_any_text)
@@ -293,6 +388,45 @@ TEST_F(FailedSaveTest, on_a_full_disk_keeps_the_page_until_there_is_room)
     window.Timer();
   }
   EXPECT_EQ(text("01", "Überschrift"), "Haus");
+
+  window.Toolbar2_ButtonClick("seitespeichern");
+
+  EXPECT_EQ(text("01", "Überschrift"), "Villa");
+}
+
+/// A directory in which nobody writes while this lives, not even the superuser.
+class ReadOnly {
+public:
+  explicit ReadOnly(std::filesystem::path directory) : directory_(std::move(directory))
+  {
+    std::filesystem::permissions(directory_, std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec |
+                                                 std::filesystem::perms::others_read | std::filesystem::perms::others_exec);
+    constexpr uid_t kNobody = 65534;
+    if (user_ == 0) {
+      EXPECT_EQ(::seteuid(kNobody), 0);
+    }
+  }
+  ~ReadOnly()
+  {
+    EXPECT_EQ(::seteuid(user_), 0);
+    std::filesystem::permissions(directory_, std::filesystem::perms::owner_all);
+  }
+  ReadOnly(const ReadOnly&) = delete;
+  ReadOnly& operator=(const ReadOnly&) = delete;
+
+private:
+  const std::filesystem::path directory_;
+  const uid_t user_ = ::geteuid();
+};
+
+TEST_F(FailedSaveTest, of_a_project_that_became_read_only_keeps_the_page_until_it_can_be_written)
+{
+  {
+    const ReadOnly readOnly(project.directory().native());
+    failsToSave("");
+    window.Timer();
+    EXPECT_FALSE(hasDraft());
+  }
 
   window.Toolbar2_ButtonClick("seitespeichern");
 

@@ -2,6 +2,7 @@
 
 #include "base/errors.h"
 #include "editor/document_surface.h"
+#include "frame/paths/paths.h"
 #include "pictures/picture_desk.h"
 #include "support/scripted_ui.h"
 
@@ -151,6 +152,43 @@ TEST_F(ShadowFile, of_a_page_that_has_shadows_is_a_shadow_of_the_shadow)
   schatten_fuer_seite({surface, ui, window}, "ffffff");
 
   EXPECT_THAT(pixNames(), testing::ElementsAre("a.jpg", "a_shd.jpg", "a_shd_shd.jpg"));
+}
+
+TEST_F(ShadowFile, stops_where_the_user_wants_it_to)
+{
+  photo("..\\export\\pix\\a.jpg", 20, 20);
+  surface.setBodyInnerHtml("<img src=\"" + pix("a.jpg") + "\"><img src=\"" + pix("a.jpg") + "\">");
+  ui.stopAtPump = 2;
+
+  EXPECT_EQ(schatten_fuer_seite({surface, ui, window}, "ffffff"), 1u);
+
+  EXPECT_EQ(surface.bodyInnerHtml(), "<img src=\"" + pix() + "\\a_shd.jpg\"><img src=\"" + pix("a.jpg") + "\">");
+}
+
+TEST_F(ShadowFile, comes_and_goes_with_a_single_picture)
+{
+  photo("..\\export\\pix\\a.jpg", 20, 20);
+
+  const auto with = schatten_hinzufügen("file://" + pix("a.jpg"), "ffffff");
+  ASSERT_EQ(with, pix() + "\\a_shd.jpg");
+  EXPECT_EQ(schatten_entfernen(*with, ui), pix() + "\\a.jpg");
+
+  EXPECT_TRUE(paths::datei_vorhanden(pix("a_shd.jpg")));
+  EXPECT_FALSE(schatten_hinzufügen("file://" + pix("fehlt.jpg"), "ffffff"));
+}
+
+TEST_F(ShadowFile, that_never_was_leaves_the_reference_as_it_is)
+{
+  photo("..\\export\\pix\\a.jpg", 20, 20);
+
+  EXPECT_EQ(schatten_entfernen("file://" + pix("a.jpg"), ui), pix("a.jpg"));
+}
+
+TEST_F(ShadowFile, stays_where_the_picture_has_gone)
+{
+  ui.expect(0, "Die Originaldatei wurde nicht gefunden!\r\nBitte fügen Sie das Bild erneut ein!");
+
+  EXPECT_FALSE(schatten_entfernen(pix("weg_shd.jpg"), ui));
 }
 
 TEST_F(ShadowFile, leaves_a_page_without_pictures_as_it_is)

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QSignalBlocker>
 #include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
@@ -21,6 +22,13 @@ namespace {
 [[noreturn]] void throwMissing(const QString& name)
 {
   throw base::Error(base::ErrorNumber::ControlNotFound, "Steuerelement nicht gefunden: " + name.toStdString());
+}
+
+/// A text that a language gives is nothing that the user typed.
+void setQuietly(QLineEdit& line, const QString& text)
+{
+  const QSignalBlocker quiet(line);
+  line.setText(text);
 }
 
 void setCaption(QObject& object, const QString& caption)
@@ -41,7 +49,7 @@ void setCaption(QObject& object, const QString& caption)
   else if (auto* const action = qobject_cast<QAction*>(&object))
     action->setText(caption);
   else if (auto* const line = qobject_cast<QLineEdit*>(&object))
-    line->setText(caption);
+    setQuietly(*line, caption);
 }
 
 /// The same three properties of what is no widget and what is one.
@@ -112,10 +120,12 @@ void QtControls::setControl(std::string_view control, std::optional<int> index, 
 void QtControls::setText(std::string_view control, std::optional<int> index, std::string_view text)
 {
   QObject& target = object(control, index);
-  if (auto* const line = qobject_cast<QLineEdit*>(&target))
-    line->setText(shown(text));
-  else if (auto* const field = qobject_cast<QPlainTextEdit*>(&target))
+  if (auto* const line = qobject_cast<QLineEdit*>(&target)) {
+    setQuietly(*line, shown(text));
+  } else if (auto* const field = qobject_cast<QPlainTextEdit*>(&target)) {
+    const QSignalBlocker quiet(field);
     field->setPlainText(shown(text));
+  }
 }
 
 void QtControls::setToolbarButton(std::string_view toolbar, int button, const ui::ControlTexts& texts)

@@ -14,6 +14,8 @@
 #include <QToolTip>
 
 #include <array>
+#include <functional>
+#include <utility>
 
 namespace mrd::desktop {
 namespace {
@@ -113,11 +115,12 @@ FrmFileScanWindow::FrmFileScanWindow(Form& form, messages::Language& language, Q
 
 FrmFileScanWindow::~FrmFileScanWindow() { form_.window = {}; }
 
-void FrmFileScanWindow::act(std::string_view procedure, const std::function<void()>& body)
+template <class Body>
+void FrmFileScanWindow::act(std::string_view procedure, Body&& body)
 {
   if (showing_)
     return;
-  failures::withStandardHandler(language_, procedure, body);
+  failures::withStandardHandler(language_, procedure, std::forward<Body>(body));
   if (form_.isBusy())
     return;
   showCounts();
@@ -157,12 +160,12 @@ void FrmFileScanWindow::connectLists()
 
 void FrmFileScanWindow::connectOptions()
 {
-  for (const auto& [widget, field, click] : kChecks)
-    connect(ui_.get()->*widget, &QCheckBox::clicked, this, [this, field = field, click = click](bool checked) {
-      form_.*field = checked;
-      act("Check_Click", [&] {
-        if (click)
-          (form_.*click)();
+  for (const auto& check : kChecks)
+    connect(ui_.get()->*check.widget, &QCheckBox::clicked, this, [this, &check](bool checked) {
+      form_.*check.field = checked;
+      act("Check_Click", [this, &check] {
+        if (check.click)
+          std::invoke(check.click, form_);
       });
     });
   for (const auto& [widget, field] : kNames)
@@ -207,9 +210,9 @@ void FrmFileScanWindow::connectConversion()
 
 void FrmFileScanWindow::connectButtons()
 {
-  for (const auto& [widget, procedure, click] : kButtons)
-    connect(widget(*ui_), &QAbstractButton::clicked, this,
-            [this, procedure = procedure, click = click] { act(procedure, [&] { (form_.*click)(); }); });
+  for (const auto& button : kButtons)
+    connect(button.widget(*ui_), &QAbstractButton::clicked, this,
+            [this, &button] { act(button.procedure, [this, &button] { std::invoke(button.click, form_); }); });
   for (auto* const button : {ui_->cballemarkieren, ui_->cbmarkierungweg})
     connect(button, &QPushButton::clicked, this, [this] { found_->select(); });
   connect(ui_->cbrotieren, &QPushButton::clicked, this, [this] {

@@ -7,8 +7,8 @@
 #include <QDialog>
 #include <QElapsedTimer>
 
-#include <functional>
 #include <memory>
+#include <string_view>
 
 namespace Ui {
 class FrmFileScan;
@@ -39,7 +39,8 @@ private:
   void connectConversion();
   void connectButtons();
   /// Does what the user wants of the form object, under the standard handler, and shows what has become of it.
-  void act(std::string_view procedure, const std::function<void()>& body);
+  template <class Body>
+  void act(std::string_view procedure, Body&& body);
   void refresh();
   void refreshDuringScan();
   void showCounts();

@@ -1,11 +1,13 @@
 #include "desktop/windows/mainform_screen.h"
 
+#include "base/text.h"
 #include "desktop/editing/web_editing_surface.h"
 #include "desktop/windows/mainform_window.h"
 #include "desktop/windows/mainform_window.ui.h"
 #include "platform/ui/twips.h"
 
 #include <QApplication>
+#include <QScreen>
 
 namespace mrd::desktop {
 namespace {
@@ -14,6 +16,19 @@ using ui::kTwipsPerPixel;
 
 int pixels(int twips) { return twips / kTwipsPerPixel; }
 int twips(int pixels) { return pixels * kTwipsPerPixel; }
+
+/// Where a window may stand: a screen that is no longer there must not keep it from its user.
+QPoint inSight(const QRect& wanted)
+{
+  // What the user takes to move it.
+  constexpr int kTitleHeightPx = 30;
+  const QRect title(wanted.topLeft(), QSize(wanted.width(), kTitleHeightPx));
+  for (const QScreen* const screen : QGuiApplication::screens())
+    if (screen->geometry().intersects(title))
+      return wanted.topLeft();
+  const QScreen* const first = QGuiApplication::primaryScreen();
+  return first ? first->availableGeometry().topLeft() : wanted.topLeft();
+}
 
 } // namespace
 
@@ -44,8 +59,9 @@ void MainformScreen::setMenuChecked(std::string_view menu, bool checked)
 {
   controls_.setMenuChecked(menu, checked);
   // The checked entry of the language menu is the language of the window.
-  if (checked && (menu == "GER" || menu == "ENG" || menu == "eng"))
-    window_.surface_.setLanguage(menu == "GER" ? "GER" : "ENG");
+  const std::string code = base::upper(menu);
+  if (checked && (code == "GER" || code == "ENG"))
+    window_.surface_.setLanguage(code);
 }
 
 void MainformScreen::place(const mainform::Placement& placement)
@@ -53,8 +69,9 @@ void MainformScreen::place(const mainform::Placement& placement)
   // A window that fills the screen is as wide as it can be.
   if (window_.isMaximized() || window_.isFullScreen())
     return;
-  window_.move(pixels(placement.MainLeft), pixels(placement.MainTop));
-  window_.resize(pixels(placement.MainWidth), pixels(placement.MainHeight));
+  const QSize size(pixels(placement.MainWidth), pixels(placement.MainHeight));
+  window_.move(inSight(QRect(QPoint(pixels(placement.MainLeft), pixels(placement.MainTop)), size)));
+  window_.resize(size);
   window_.placeSplitter(pixels(placement.picSplitterLeft));
 }
 

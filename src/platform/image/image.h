@@ -71,10 +71,10 @@ public:
 
 private:
   struct State;
-  explicit Image(std::shared_ptr<const State> state);
-  /// The picture's own pixels, to draw on.
-  std::shared_ptr<State> changeable() const;
-  std::shared_ptr<const State> state_;
+  explicit Image(std::shared_ptr<State> state);
+  /// The picture's own pixels, to draw on: a copy while another picture shares them.
+  State& changeable();
+  std::shared_ptr<State> state_;
 };
 
 /// Quality 1 to 100 of today's encoders for a quality factor 2 to 255, which grows with the compression: a straight line from

@@ -5,6 +5,7 @@
 #include "platform/files/path.h"
 #include "platform/image/image.h"
 #include "platform/image/library.h"
+#include "platform/image/memory_share.h"
 #include "platform/image/palette.h"
 #include "platform/image/state.h"
 
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <array>
-#include <mutex>
 #include <string>
 #include <utility>
 
@@ -56,17 +56,50 @@ File find(std::string_view path)
   return file;
 }
 
-/// A picture whose rows come in several passes is in memory as a whole, however small it is made.
-bool comesInPasses(const VImage& picture) { return picture.get_typeof("interlaced") != 0; }
+/// What a single picture may need while it is read, with what it becomes.
+constexpr long long kMostBytes = 430'000'000;
+/// What the reader holds of a picture that streams through it.
+constexpr long long kStreamBytes = 16'000'000;
+
+/// Two of the three channels of most photographs have a quarter of the pixels.
+bool hasSmallColours(const VImage& picture)
+{
+  constexpr auto kField = "jpeg-chroma-subsample";
+  return picture.get_typeof(kField) != 0 && std::string_view(picture.get_string(kField)) == "4:2:0";
+}
+
+/// A picture whose rows come in several passes is in memory as a whole, however small it is made: a JPEG as coefficients of two
+/// bytes.
+long long bytesInPasses(const VImage& picture, std::string_view loader)
+{
+  if (picture.get_typeof("interlaced") == 0)
+    return 0;
+  const auto pixels = static_cast<long long>(picture.width()) * picture.height();
+  const long long each = static_cast<long long>(VIPS_IMAGE_SIZEOF_PEL(picture.get_image()));
+  const bool isJpeg = base::contains(loader, "Jpeg");
+  return pixels * each * (isJpeg && !hasSmallColours(picture) ? 2 : 1);
+}
+
+bool isTurned(const VImage& picture) { return vips_image_get_orientation(picture.get_image()) > 1; }
+
+/// What reading the picture as a whole takes, with its pixels. Throws InvalidPicture where that is too much.
+long long bytesToLoad(const VImage& picture, std::string_view loader)
+{
+  const auto pixels = static_cast<long long>(picture.width()) * picture.height();
+  const long long whole = isTurned(picture) ? pixels * static_cast<long long>(VIPS_IMAGE_SIZEOF_PEL(picture.get_image())) : 0;
+  const auto bytes = bytesInPasses(picture, loader) + whole + pixels * kBands + kStreamBytes;
+  checkSize({picture.width(), picture.height()}, bytes > kMostBytes ? 0 : kMostPixels);
+  return bytes;
+}
 
 /// A file that is read once, from top to bottom, so that only its pixels take memory.
-VImage open(const File& file, long long mostPixels)
+VImage open(const File& file)
 {
   VImage picture;
   VImage::call(
       file.loader,
       VImage::option()->set("filename", file.native.c_str())->set("access", VIPS_ACCESS_SEQUENTIAL)->set("out", &picture));
-  checkSize({picture.width(), picture.height()}, comesInPasses(picture) ? std::min(mostPixels, kMostPixels) : mostPixels);
+  checkSize({picture.width(), picture.height()}, bytesInPasses(picture, file.loader) > kMostBytes ? 0 : kMostPixelsOfFile);
   return picture;
 }
 
@@ -98,21 +131,8 @@ VImage as24Bit(const VImage& picture, Colour background)
   return coloured.bands() == kBands ? coloured : coloured.extract_band(0, VImage::option()->set("n", kBands));
 }
 
-/// Of the pictures that take much memory one at a time is worked on; the others need not wait for it.
-std::unique_lock<std::mutex> turnOf(Size size)
-{
-  constexpr long long kLarge = 30'000'000;
-  static std::mutex largeOnes;
-  const bool isLarge = static_cast<long long>(size.width) * size.height > kLarge;
-  return isLarge ? std::unique_lock(largeOnes) : std::unique_lock<std::mutex>();
-}
-
 /// As the camera was held. Turning reads the picture in another order, for which it must be whole.
-VImage upright(const VImage& picture)
-{
-  const bool isTurned = vips_image_get_orientation(picture.get_image()) > 1;
-  return isTurned ? picture.copy_memory().autorot() : picture;
-}
+VImage upright(const VImage& picture) { return isTurned(picture) ? picture.copy_memory().autorot() : picture; }
 
 Pixels pixelsOf(const VImage& picture)
 {
@@ -135,7 +155,7 @@ Size Image::sizeOf(std::string_view path)
   const auto file = find(path);
   Size size;
   withLibrary(file.native, [&] {
-    const auto picture = open(file, kMostPixelsOfFile);
+    const auto picture = open(file);
     size = {picture.width(), picture.height()};
     if (vips_image_get_orientation(picture.get_image()) >= kFirstSidewaysOrientation)
       std::swap(size.width, size.height);
@@ -146,35 +166,34 @@ Size Image::sizeOf(std::string_view path)
 Image Image::load(std::string_view path, Colour background)
 {
   const auto file = find(path);
-  std::shared_ptr<const State> state;
+  std::shared_ptr<State> state;
   withLibrary(file.native, [&] {
-    const auto opened = open(file, kMostPixels);
-    const auto turn = turnOf({opened.width(), opened.height()});
+    const auto opened = open(file);
+    const MemoryShare share(bytesToLoad(opened, file.loader));
     const auto picture = as24Bit(upright(opened), background);
-    state = std::make_shared<const State>(picture.width(), picture.height(), pixelsOf(picture));
+    state = std::make_shared<State>(picture.width(), picture.height(), pixelsOf(picture));
   });
   return Image(std::move(state));
 }
 
 Image Image::loadWithPalette(std::string_view path, Colour background)
 {
-  const auto picture = load(path, background);
-  auto withTable = picture.changeable();
-  withTable->palette = readPalette(files::readFile(path));
-  return Image(std::move(withTable));
+  auto picture = load(path, background);
+  picture.state_->palette = readPalette(files::readFile(path));
+  return picture;
 }
 
 Image Image::loadResized(std::string_view path, Size size, Colour background)
 {
   checkSize(size, kMostPixels);
   const auto file = find(path);
-  const auto sourceSize = sizeOf(path);
-  std::shared_ptr<const State> state;
+  std::shared_ptr<State> state;
   try {
-    const auto turn = turnOf(sourceSize);
     withLibrary(file.native, [&] {
+      const MemoryShare share(bytesInPasses(open(file), file.loader) + kStreamBytes +
+                              static_cast<long long>(byteCount(size.width, size.height)));
       const auto picture = as24Bit(reduced(file, size), background);
-      state = std::make_shared<const State>(picture.width(), picture.height(), pixelsOf(picture));
+      state = std::make_shared<State>(picture.width(), picture.height(), pixelsOf(picture));
     });
   } catch (const Error&) {
     // The short way knows no loader by name and gives up on a broken colour profile; the long one tells what else is wrong.

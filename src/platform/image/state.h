@@ -26,7 +26,7 @@ inline std::size_t byteCount(int width, int height)
 /// Throws InvalidPicture for a side below 1 and for more pixels than `most`.
 void checkSize(Size size, long long most);
 /// As many as a picture in memory can have: more than most cameras take, and three bytes each still leave room for a copy.
-inline constexpr long long kMostPixels = 80'000'000;
+inline constexpr long long kMostPixels = 70'000'000;
 
 /// Black pixels.
 Pixels newPixels(int width, int height);

@@ -295,5 +295,26 @@ TEST(LanguageDatabase, with_rows_of_controls_that_do_not_exist_costs_a_box_for_e
   EXPECT_EQ(desk.window().windowTitle(), "Mirandel: Start");
 }
 
+TEST(LanguageDatabase, with_texts_for_fields_changes_no_page)
+{
+  ProgramHome home;
+  support::TemporaryProject project{{"00", "Start"}};
+  home.setIniValue("LastFile", "File1", project.file());
+  files::UserSettings(home.userSettingsFile()).setValue("Settings", "Assistent", "nein");
+  {
+    auto database = dao::Database::open(home.directory.file("language.mdb"));
+    database.execute("INSERT INTO tbl_Language (FormName, ControlType, controlname, Language, CaptionText) "
+                     "VALUES ('Mainform', 'TextBox', 'tbdateiname', 'ENG', 'anders.htm')");
+  }
+  Desk desk(home);
+  desk.start();
+
+  desk.action("eng").trigger();
+
+  EXPECT_FALSE(desk.form().pages().PageDirty());
+  EXPECT_EQ(desk.form().pages().fields.tbdateiname, "*.htm");
+  EXPECT_EQ(desk.find<QLineEdit>("tbdateiname").text(), "*.htm");
+}
+
 } // namespace
 } // namespace mrd::desktop

@@ -3,15 +3,18 @@
 #include "desktop/controls/file_list_view.h"
 #include "desktop/windows/desk.h"
 #include "desktop/windows/file_list.h"
+#include "platform/files/path.h"
 #include "platform/image/image.h"
 
 #include <QCheckBox>
 #include <QDir>
 #include <QDropEvent>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -469,6 +472,63 @@ TEST_F(PictureWindows, give_the_pictures_of_a_page_shadows_that_the_editor_shows
   desk->settle();
   EXPECT_THAT(desk->surface().bodyInnerHtml(), HasSubstr("a_shd.jpg"));
   EXPECT_TRUE(std::filesystem::exists(project.directory().native() / "site/pix/a_shd.jpg"));
+}
+
+TEST_F(PictureWindows, put_one_picture_where_the_cursor_is)
+{
+  photo("a.jpg");
+  desk->answers.dialogs.push_back([this](QDialog& dialog) {
+    auto& files = dynamic_cast<QFileDialog&>(dialog);
+    files.selectFile(QString::fromStdString((project.directory().native() / "fotos/a.jpg").string()));
+    QMetaObject::invokeMethod(&files, "accept");
+  });
+
+  open("pix_eins");
+
+  desk->settle();
+  EXPECT_THAT(desk->surface().bodyInnerHtml(), HasSubstr("src=\"file://" + fotos("a.jpg") + "\""));
+  EXPECT_TRUE(desk->form().pages().PageDirty());
+}
+
+TEST_F(PictureWindows, insert_nothing_when_the_file_dialog_is_cancelled)
+{
+  open("pix_eins");
+
+  EXPECT_EQ(desk->answers.dialogTitles.size(), 1U);
+  EXPECT_THAT(desk->surface().bodyInnerHtml(), Not(HasSubstr("<img")));
+  EXPECT_FALSE(desk->form().pages().PageDirty());
+}
+
+TEST_F(PictureWindows, make_the_same_copies_as_the_command_line)
+{
+  std::filesystem::copy_file(std::filesystem::path(MRD_TEST_DATA) / "pictures/flower.jpg",
+                             project.directory().native() / "site/pix/blume.jpg");
+  const auto picture = "<img src=\"file://" + project.directory().file("site\\pix\\blume.jpg") + "\">";
+  project.addPage({"0101", "Blume", "<h3 id=\"ueberschrift\">Blume</h3>" + picture});
+  const auto site = project.directory().native() / "site/pix";
+  const auto read = [&](const char* name) { return project.directory().read(std::string("site/pix/") + name); };
+  const auto mrd = [&](QStringList arguments) {
+    arguments.insert(0, "pictures");
+    arguments.insert(2, QString::fromStdString(files::nativePath(project.file()).string()));
+    EXPECT_EQ(QProcess::execute(QStringLiteral(MRD_PROGRAM_DIR "/mrd"), arguments), 0);
+  };
+  desk->form().pages().ZeigeStruktur();
+  open("pix_thumbs");
+  desk->settle();
+  desk->form().pages().changePage("@0101");
+  desk->settle();
+  open("mnupixSchatten");
+  desk->settle();
+  desk->form().pages().giveUp();
+  const auto shadow = read("blume_shd.jpg"), thumbnail = read("blume_xs.jpg");
+  std::filesystem::remove(site / "blume_shd.jpg");
+  std::filesystem::remove(site / "blume_xs.jpg");
+
+  mrd({"shadow", "0101"});
+  EXPECT_EQ(read("blume_shd.jpg"), shadow);
+  project.db().execute("UPDATE Seite SET html = ? WHERE ID = '0101'", {picture});
+  mrd({"thumbnails", "01"});
+  EXPECT_EQ(read("blume_xs.jpg"), thumbnail);
 }
 
 TEST_F(PictureWindows, speak_english)

@@ -201,6 +201,17 @@ TEST_F(Window, stands_where_it_stood)
   EXPECT_NEAR(desk.find<QTabWidget>("TabTree").width(), 300, 2);
 }
 
+TEST_F(Window, that_stood_on_a_screen_which_is_gone_comes_into_sight)
+{
+  files::UserSettings(home.userSettingsFile()).setValue("Settings", "MainLeft", "150000");
+  Desk desk(home);
+
+  desk.start();
+
+  EXPECT_TRUE(desk.window().screen()->geometry().contains(desk.window().pos()));
+  EXPECT_EQ(desk.window().size(), QSize(1000, 600));
+}
+
 TEST_F(Window, keeps_open_nodes_selection_and_placement)
 {
   {
@@ -234,6 +245,24 @@ TEST_F(Window, that_is_minimised_at_its_close_leaves_the_placement_alone)
   }
 
   EXPECT_EQ(files::UserSettings(home.userSettingsFile()).value("Settings", "MainWidth", ""), "15000");
+}
+
+TEST_F(Window, keeps_its_tree_and_its_page_in_sight_when_it_gets_narrow)
+{
+  Desk desk(home);
+  desk.start();
+  auto& tree = desk.find<QTabWidget>("TabTree");
+  auto& page = desk.find<QTabWidget>("tabHtml");
+
+  desk.window().resize(450, 500);
+  desk.settle();
+  EXPECT_GE(tree.width(), 160);
+  EXPECT_GE(page.width(), 90);
+
+  desk.window().resize(1000, 600);
+  desk.settle();
+  EXPECT_GE(tree.width(), 160);
+  EXPECT_GE(page.width(), 600);
 }
 
 TEST_F(Window, does_not_get_narrower_than_its_least_width)
