@@ -1216,6 +1216,8 @@
     return style;
   }
   const colours = sheet(), rules = sheet(), marks = sheet();
+  // A picture that is selected has a frame; it stays to be seen.
+  sheet().textContent = "img::selection { background: transparent; }";
 
   const kBorders = `
     table:not([border]), table[border="0"], table:not([border]) > * > * > td, table[border="0"] > * > * > td,

@@ -19,6 +19,7 @@ InsertTableWindow::InsertTableWindow(editor::InsertTableDlg& form, QWidget* pare
   bindText(*ui_->TableCaption, form_.TableCaption);
   connect(ui_->OkCmd, &QPushButton::clicked, this, [this] { form_.OkCmd_Click(); });
   connect(ui_->CancelCmd, &QPushButton::clicked, this, [this] { form_.CancelCmd_Click(); });
+  ui_->TableAttrs->setCursorPosition(0);
   ui_->Rows->selectAll();
 }
 
