@@ -150,6 +150,7 @@ MainformFields::MainformFields(Ui::Mainform& ui, mainform::Mainform& form, const
   families->setCaseSensitivity(Qt::CaseInsensitive);
   ui_.tbschriftart->setCompleter(families);
   ui_.FrmVorschau->installEventFilter(this);
+  ui_.LEADimode->installEventFilter(this);
   connectSettings();
   connectLists();
   connectColours();
@@ -364,8 +365,12 @@ void MainformFields::fitPreviews()
 
 bool MainformFields::eventFilter(QObject* watched, QEvent* event)
 {
-  if (event->type() == QEvent::Resize)
+  if (watched == ui_.LEADimode) {
+    if (event->type() == QEvent::Show)
+      showBand();
+  } else if (event->type() == QEvent::Resize) {
     fitPreviews();
+  }
   return QObject::eventFilter(watched, event);
 }
 
@@ -377,8 +382,11 @@ void MainformFields::showRadius()
   showBand();
 }
 
+/// Drawn when it is seen: its letters bring the picture library and a font, which would take half of a start.
 void MainformFields::showBand()
 {
+  if (!ui_.LEADimode->isVisible())
+    return;
   auto& head = form_.imodeHead();
   head.imodelogo();
   if (head.LEADimode)
