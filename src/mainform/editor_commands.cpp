@@ -1,6 +1,7 @@
 #include "mainform/editor_commands.h"
 
 #include "base/product.h"
+#include "editor/captions.h"
 #include "editor/font_dialog.h"
 #include "editor/insert_html.h"
 #include "editor/insert_table.h"
