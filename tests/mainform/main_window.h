@@ -186,7 +186,7 @@ struct UsedSurface : editor::DocumentSurface {
   bool pasteHtml(std::string_view html) override
   {
     pasted.emplace_back(html);
-    return !selected;
+    return !selected && DocumentSurface::pasteHtml(html);
   }
   /// The element with this id is the one around the cursor, or the one that is selected.
   std::optional<ui::PageElement> byId(const std::string& id) const
