@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
@@ -24,6 +25,14 @@ void letPass(int milliseconds)
   QEventLoop loop;
   QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
   loop.exec();
+}
+
+std::function<void(QDialog&)> fileNamed(const std::filesystem::path& path)
+{
+  return [path](QDialog& dialog) {
+    dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(path.string()));
+    QMetaObject::invokeMethod(&dialog, "accept");
+  };
 }
 
 Answers::Answers()

@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include <deque>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -22,6 +23,10 @@ namespace mrd::desktop {
 /// Lets events run until it is so; false when that takes too long.
 bool comesTrue(const std::function<bool()>& condition, int milliseconds = 10000);
 void letPass(int milliseconds);
+
+/// What a user does with a file dialog who knows the path: types it and accepts. Choosing in the list instead would race with the
+/// thread that fills it.
+std::function<void(QDialog&)> fileNamed(const std::filesystem::path& path);
 
 /// Answers every message box and dialog as soon as it is on the screen.
 class Answers {

@@ -6,7 +6,6 @@
 #include "support/ftp_server.h"
 
 #include <QAbstractButton>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -137,11 +136,8 @@ TEST_F(ImodeDesk, shows_the_picture_that_is_chosen_for_the_head)
   desk.find<QTabWidget>("tabHtml").setCurrentIndex(kImodeTab);
   desk.settle();
   desk.answers.dialogs.push_back([&](QDialog& dialog) {
-    auto& files = dynamic_cast<QFileDialog&>(dialog);
-    EXPECT_EQ(files.windowTitle(), "i-mode Titelbild auswählen");
-    files.setDirectory(QString::fromStdString(logo.parent_path().string()));
-    files.selectFile(QString::fromStdString(logo.string()));
-    dialog.accept();
+    EXPECT_EQ(dialog.windowTitle(), "i-mode Titelbild auswählen");
+    fileNamed(logo)(dialog);
   });
 
   desk.find<QAbstractButton>("cbimodegifladen").click();

@@ -3,7 +3,6 @@
 #include "desktop/editing/web_editing_surface.h"
 
 #include <QAbstractButton>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QTabWidget>
 #include <QTest>
@@ -26,15 +25,6 @@ constexpr auto kNoProjectChosen = "Sie haben keine Datenbank ausgewählt. Möcht
 void useAssistant(const ProgramHome& home, const char* value)
 {
   files::UserSettings(home.userSettingsFile()).setValue("Settings", "Assistent", value);
-}
-
-/// Types a path into a file dialog and accepts it.
-std::function<void(QDialog&)> fileNamed(const std::filesystem::path& path)
-{
-  return [path](QDialog& dialog) {
-    dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(path.string()));
-    QMetaObject::invokeMethod(&dialog, "accept");
-  };
 }
 
 struct FirstStart : testing::Test {

@@ -41,10 +41,7 @@ void dismiss(QDialog& dialog) { dialog.reject(); }
 struct WholeWay : testing::Test {
   void newProject(Desk& desk)
   {
-    desk.answers.dialogs.push_back([this](QDialog& dialog) {
-      dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(file.string()));
-      QMetaObject::invokeMethod(&dialog, "accept");
-    });
+    desk.answers.dialogs.push_back(fileNamed(file));
     desk.answers.dialogs.push_back([this](QDialog& dialog) {
       dialog.findChild<QLineEdit*>("tbexportpfad")->setText(QString::fromStdString(site.string()));
       dialog.findChild<QLineEdit*>("tbtitel")->setText("Urlaub");
