@@ -1,6 +1,6 @@
 #include "desktop/editing/shown_surface.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <csignal>
 #include <stdexcept>
@@ -20,6 +20,13 @@ void killProcessOf(const ShownSurface& surface) { ::kill(processOf(surface), SIG
 bool isRestored(const ShownSurface& surface, int times = 1)
 {
   return comesTrue([&] { return surface.restorations == times; }, 10000);
+}
+
+/// A second, and what a busy machine takes longer: an answer comes behind those to all that was asked within the second.
+void letASecondPass(ShownSurface& surface)
+{
+  letPass(1000);
+  surface.textInDocument("''");
 }
 
 } // namespace
@@ -43,7 +50,7 @@ TEST(Breakdown, loses_nothing_that_was_typed_a_second_ago)
   surface.load("<p>Text</p>");
   surface.placeCursor("p", 4);
   surface.type(" am Meer");
-  letPass(1000);
+  letASecondPass(surface);
 
   killProcessOf(surface);
 
@@ -61,12 +68,12 @@ TEST(Breakdown, of_a_large_page_loses_nothing_that_was_typed_a_second_ago)
   surface.placeCursor("p", 4);
   surface.type("x");
   comesTrue([&] { return surface.changes > 0; });
-  letPass(1000);
+  letASecondPass(surface);
 
   killProcessOf(surface);
 
   EXPECT_TRUE(isRestored(surface));
-  EXPECT_THAT(surface.bodyInnerHtml(), testing::StartsWith("<p>Textx</p>"));
+  EXPECT_EQ(surface.bodyInnerHtml().substr(0, 12), "<p>Textx</p>");
 }
 
 TEST(Breakdown, leaves_the_surface_as_editable_as_before)
