@@ -1,10 +1,10 @@
 #include "desktop/looks/theme.h"
 
+#include "desktop/looks/style.h"
 #include "desktop/looks/system_theme.h"
 
 #include <QApplication>
-#include <QStyle>
-#include <QStyleFactory>
+#include <QToolTip>
 
 #include <array>
 
@@ -45,56 +45,6 @@ constexpr QRgb kDimLight = 0xffa3ada8, kDimDark = 0xff68736e;
 constexpr QRgb kUnlitLight = 0xffd5dcd8, kUnlitDark = 0xff3a423e;
 constexpr QRgb kClosedLight = 0xfff0f2f1, kClosedDark = 0xff242927;
 
-/// What the palette alone cannot say: rounded pages of tabs, quiet tool buttons, the green of the important buttons.
-constexpr auto kStyleSheet = R"(
-QGroupBox { border: none; margin-top: 1.5em; padding: 0; font-weight: bold; }
-QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; padding: 0; left: -2px; }
-QGroupBox > * { font-weight: normal; }
-QToolBar { border: none; background: palette(window); padding: 4px 6px; spacing: 2px; }
-QToolBar#Toolbar1 { background: transparent; padding: 0; }
-QFrame[role="format"] { border: none; border-bottom: 1px solid palette(mid); }
-QToolBar QToolButton { border: 1px solid transparent; border-radius: 5px; padding: 4px 6px; }
-QToolBar QToolButton:hover { background: palette(midlight); }
-QToolBar QToolButton:pressed, QToolBar QToolButton:checked { background: palette(midlight); border-color: palette(mid); }
-QToolBar QToolButton:focus { border-color: palette(highlight); }
-QToolBar QToolButton#qt_toolbar_ext_button { padding: 0; border: none; }
-QToolBar::separator { width: 1px; background: palette(mid); margin: 5px 5px; }
-QTabWidget::pane { border: none; border-top: 1px solid palette(mid); }
-QTabBar { qproperty-drawBase: 0; }
-QTabBar::tab { padding: 7px 14px 6px 14px; border: none; border-bottom: 2px solid transparent; color: palette(window-text); }
-QTabWidget#TabTree QTabBar::tab { padding: 7px 9px 6px 9px; }
-QTabBar::tab:hover { background: palette(midlight); }
-QTabBar::tab:selected { border-bottom-color: palette(highlight); font-weight: bold; }
-QTabBar::tab:disabled { color: @dim@; }
-QTabBar::tab:focus { background: palette(midlight); }
-QTreeView { background: palette(base); padding: 6px 2px; outline: none; show-decoration-selected: 1; }
-QTreeView::item { padding: 3px 4px; }
-QTreeView::item:hover { background: palette(midlight); }
-QTreeView::item:selected { background: palette(highlight); color: palette(highlighted-text); }
-QListWidget { background: palette(base); padding: 4px 2px; outline: none; }
-QListWidget::item { padding: 2px 4px; border: none; background: transparent; }
-QListWidget::item:hover { background: palette(midlight); }
-QListWidget::item:selected { background: palette(highlight); color: palette(highlighted-text); }
-QSplitter::handle { background: palette(window); border-left: 1px solid palette(mid); }
-QSplitter::handle:hover { background: palette(midlight); }
-QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }
-QStatusBar { border-top: 1px solid palette(mid); }
-QStatusBar::item { border: none; }
-QStatusBar QLabel { padding: 2px 8px; }
-QFrame[role="bar"] { border: none; border-top: 1px solid palette(mid); }
-QLabel[role="hint"] { color: palette(link-visited); }
-QLabel[role="title"] { font-size: 15pt; font-weight: bold; }
-QLabel[role="name"] { font-weight: bold; padding: 6px 10px; background: palette(midlight); border-radius: 5px; }
-QPushButton { padding: 5px 14px; }
-QPushButton[primary="true"] { background: palette(highlight); color: palette(highlighted-text); border: 1px solid palette(highlight);
-  border-radius: 4px; padding: 5px 16px; font-weight: bold; }
-QPushButton[primary="true"]:hover { border-color: palette(link); }
-QPushButton[primary="true"]:pressed { background: palette(link); }
-QPushButton[primary="true"]:focus { border: 1px solid palette(text); }
-QPushButton[primary="true"]:disabled { background: palette(midlight); color: @dim@; border-color: palette(mid); }
-QToolTip { border: none; padding: 4px 6px; background: palette(tool-tip-base); color: palette(tool-tip-text); }
-)";
-
 } // namespace
 
 QPalette palette(Theme theme)
@@ -112,13 +62,11 @@ QPalette palette(Theme theme)
 
 void applyTheme(QApplication& application, Theme theme)
 {
-  if (application.style()->objectName().compare("fusion", Qt::CaseInsensitive) != 0)
-    application.setStyle(QStyleFactory::create("Fusion"));
+  if (!dynamic_cast<Style*>(application.style()))
+    application.setStyle(new Style);
   application.setPalette(palette(theme));
-  // Set anew, since a style sheet takes its colours from the palette when it is set.
-  application.setStyleSheet({});
-  application.setStyleSheet(
-      QString::fromLatin1(kStyleSheet).replace("@dim@", QColor(theme == Theme::Light ? kDimLight : kDimDark).name()));
+  // Tool tips have a palette of their own.
+  QToolTip::setPalette(palette(theme));
 }
 
 void followSystemTheme(QApplication& application)

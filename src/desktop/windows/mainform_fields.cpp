@@ -149,6 +149,9 @@ MainformFields::MainformFields(Ui::Mainform& ui, mainform::Mainform& form, const
   auto* const families = new QCompleter(QFontDatabase::families(), this);
   families->setCaseSensitivity(Qt::CaseInsensitive);
   ui_.tbschriftart->setCompleter(families);
+  for (auto* const frame : window.findChildren<QFrame*>())
+    if (const QString control = frame->property("like").toString(); !control.isEmpty())
+      lookalikes_.insert(control, frame);
   ui_.FrmVorschau->installEventFilter(this);
   ui_.LEADimode->installEventFilter(this);
   connectSettings();
@@ -343,9 +346,8 @@ void MainformFields::showColours()
     const QColor shownColour = screenColour(fields.*field);
     auto& widget = dynamic_cast<QWidget&>(controls_.object(control, index));
     colour(widget, use, shownColour);
-    for (auto* const like : window_.findChildren<QFrame*>())
-      if (like->property("like").toString() == widget.objectName())
-        colour(*like, use, shownColour);
+    for (auto* const lookalike : lookalikes_.values(widget.objectName()))
+      colour(*lookalike, use, shownColour);
   }
   for (const auto& field : mainform::colourFields())
     dynamic_cast<ColourSwatch&>(controls_.object("Labelfarbe", field.index))

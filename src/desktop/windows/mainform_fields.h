@@ -2,9 +2,11 @@
 
 #include "mainform/mainform.h"
 
+#include <QMultiHash>
 #include <QObject>
 
 class QComboBox;
+class QFrame;
 class QWidget;
 
 namespace Ui {
@@ -55,6 +57,8 @@ private:
   mainform::Mainform& form_;
   const QtControls& controls_;
   QWidget& window_;
+  /// Parts of the previews by the control whose colour they have.
+  QMultiHash<QString, QFrame*> lookalikes_;
   /// While values are shown, their changes are not the user's.
   int showing_ = 0;
 };

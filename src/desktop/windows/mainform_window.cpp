@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kMillisecondsPerSecond = 1000;
 constexpr int kLeftButton = 1;
+constexpr QMargins kPanelMargins{8, 2, 8, 2};
 
 int twips(int pixels) { return pixels * ui::kTwipsPerPixel; }
 
@@ -77,6 +78,8 @@ void MainformWindow::addStatusPanels()
   panel1_ = new QLabel(this);
   panel2_ = new QLabel(this);
   running_ = new QLabel(this);
+  for (QLabel* const panel : {panel1_, panel2_, running_})
+    panel->setContentsMargins(kPanelMargins);
   progress_ = new QProgressBar(this);
   progress_->setMaximumSize(160, 14);
   progress_->setTextVisible(false);

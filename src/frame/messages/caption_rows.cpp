@@ -136,13 +136,13 @@ void applyCaptions(dao::Database& dbLanguage, std::string_view Sprache, ui::Wind
                    const std::function<void(const base::Error&)>& onMissingControl)
 {
   const auto Name = Fenster.name();
-  auto types = dbLanguage.openRecordset("SELECT distinct tbl_Language.ControlType FROM tbl_Language WHERE FormName = ?;", {Name});
+  auto types = dbLanguage.openSnapshot("SELECT distinct tbl_Language.ControlType FROM tbl_Language WHERE FormName = ?;", {Name});
   for (; !types.eof(); types.moveNext()) {
     const auto type = base::trim(types.value("ControlType").text());
     const auto rows = [&](const std::string& order) {
-      return dbLanguage.openRecordset("Select * from tbl_Language Where (FormName = ?) And (ControlType = ?) And (Language = ?)" +
-                                          order,
-                                      {Name, type, Sprache});
+      return dbLanguage.openSnapshot("Select * from tbl_Language Where (FormName = ?) And (ControlType = ?) And (Language = ?)" +
+                                         order,
+                                     {Name, type, Sprache});
     };
     if (type == "Tab") {
       TabPages pages(Fenster);
