@@ -24,7 +24,7 @@ PageLink RowRun::findHomepage() const
   const IndexedPage* const page = index_.find(kHomepageId);
   const std::string id(kHomepageId);
   if (page == nullptr)
-    return {id, std::string(kHomepageName), fileOfPattern("", "index")};
+    return {id, std::string(kHomepageName), std::string(differences_.fileOfMissingHomepage)};
   return {id, page->Überschrift, fileOfPattern(page->dateiname, "index")};
 }
 

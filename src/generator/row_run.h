@@ -24,9 +24,15 @@ struct RowRunDifferences {
   bool auctionPagesTakeAddress;
   /// The field of the site's address gets its "/" with the first page that takes it.
   bool completesAddressField;
+  /// What links to the homepage name in a project that has none.
+  std::string_view fileOfMissingHomepage;
 };
 
 class RowRun : public GenerationRun, protected PageParts {
+public:
+  /// The homepage's file name, known before the first page is written.
+  const std::string& startdatei() const { return homepage_.file; }
+
 protected:
   RowRun(const RunJob& job, const RowRunDifferences& differences);
 

@@ -2,6 +2,7 @@
 
 #include "base/errors.h"
 #include "imode/band.h"
+#include "platform/image/image.h"
 
 namespace mrd::imode {
 namespace {
@@ -15,6 +16,8 @@ void HeadFrame::cbimodegifladen_Click()
   try {
     const auto chosen = ui_.openFileDialog({"i-mode Titelbild auswählen", "gif-Bilder|*.gif"});
     fields_.Lblimodegif = chosen.value_or(std::string(kNoFile));
+    if (chosen)
+      image::Image::sizeOf(*chosen); // throws for what is no picture
     fields_.picImodeKopf = chosen.value_or("");
   } catch (const base::Error& error) {
     ui_.messageBox({"Fehler in cbimodegifladen : " + error.description(), ""});

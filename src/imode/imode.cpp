@@ -10,10 +10,11 @@ namespace mrd::imode {
 generator::RunOutcome ImodeExport::cbHTML_Click()
 {
   return runInto(environment_.fields.tbpfadexport, {"imode", "imode\\pix"}, [this] {
-    const auto run = job(exportpfad() + "imode\\");
-    const auto outcome = ImodeRun(run).run();
-    startdatei_ = outcome.startdatei;
-    return outcome;
+    const auto order = job(exportpfad() + "imode\\");
+    ImodeRun run(order);
+    // Before it runs: what was written until a failure can be looked at.
+    startdatei_ = run.startdatei();
+    return run.run();
   });
 }
 

@@ -16,7 +16,7 @@ public:
   /// Writes all pages into `imode` of the export directory. Has the standard failure handler. A click while a run is under way
   /// does nothing.
   generator::RunOutcome cbHTML_Click();
-  /// Shows the homepage of the last run in a telephone on the screen. Has the standard failure handler.
+  /// Shows the homepage of the last run, of one that failed too, in a telephone on the screen. Has the standard failure handler.
   void cbvorschau_Click();
 
 private:

@@ -19,7 +19,8 @@
 namespace mrd::imode {
 namespace {
 
-constexpr generator::RowRunDifferences kDifferences{{"ID", false, "Fertig!", false}, ".imode.cache", rewriteBody, false, true};
+constexpr generator::RowRunDifferences kDifferences{
+    {"ID", false, "Fertig!", false}, ".imode.cache", rewriteBody, false, true, ""};
 
 std::string centredPicture(std::string_view name) { return base::format("<div align=center><img src='pix/{}'></div>\r\n", name); }
 

@@ -129,6 +129,7 @@ TEST(Run, into_a_missing_directory_is_message_37_and_changes_nothing)
   const auto outcome = site.run();
 
   EXPECT_FALSE(outcome.finished);
+  EXPECT_EQ(site.unloads, 1);
   EXPECT_THAT(site.entered(), SizeIs(1));
   EXPECT_EQ(site.project.setting("lastgendate"), "01.02.2003 04:05:06");
   EXPECT_FALSE(files::directoryExists(site.site.file("weg")));
@@ -151,6 +152,7 @@ TEST(Run, without_a_project_is_message_24)
   site.ui.expect(24);
 
   EXPECT_FALSE(site.run().finished);
+  EXPECT_EQ(site.unloads, 1);
   EXPECT_THAT(site.files(), IsEmpty());
 }
 

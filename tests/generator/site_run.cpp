@@ -33,6 +33,7 @@ RunOutcome SiteRun::run(const Selection& selection)
 {
   frmHTMLExport dialog({program, language, fields, clock, shell});
   dialog.selection = selection;
+  dialog.window.unload = [this] { ++unloads; };
   if (!dialog.Form_Load(dbName))
     return {};
   auto outcome = dialog.cbHTML_Click();

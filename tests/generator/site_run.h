@@ -81,6 +81,8 @@ public:
   StandingClock clock;
   RecordingShell shell;
   std::string labelSeite;
+  /// How often the dialog closed itself.
+  int unloads = 0;
   /// Seen by the dialog, not by a project of a test's own.
   std::string dbName;
 

@@ -2,7 +2,9 @@
 
 #include "base/errors.h"
 #include "imode/band.h"
+#include "platform/image/image.h"
 #include "support/scripted_ui.h"
+#include "support/temporary.h"
 
 #include <gtest/gtest.h>
 
@@ -12,6 +14,15 @@ namespace mrd::imode {
 namespace {
 
 struct HeadFrameTest : testing::Test {
+  /// A picture of one pixel, and a file that only bears the name of one.
+  HeadFrameTest()
+  {
+    image::Image::create(1, 1).saveJpeg(logo, 2);
+    directory.write("kaputt.gif", "kein Bild");
+  }
+
+  support::TemporaryDirectory directory;
+  const std::string logo = directory.file("logo.gif");
   settings::Fields fields;
   support::ScriptedUi ui;
   HeadFrame frame{fields, ui};
@@ -19,12 +30,12 @@ struct HeadFrameTest : testing::Test {
 
 TEST_F(HeadFrameTest, shows_the_picture_that_was_chosen)
 {
-  ui.answerOpenDialog("\\fotos\\logo.gif");
+  ui.answerOpenDialog(logo);
 
   frame.cbimodegifladen_Click();
 
-  EXPECT_EQ(fields.Lblimodegif, "\\fotos\\logo.gif");
-  EXPECT_EQ(fields.picImodeKopf, "\\fotos\\logo.gif");
+  EXPECT_EQ(fields.Lblimodegif, logo);
+  EXPECT_EQ(fields.picImodeKopf, logo);
   ASSERT_EQ(ui.fileDialogs.size(), 1u);
   EXPECT_EQ(ui.fileDialogs[0].title, "i-mode Titelbild auswählen");
   EXPECT_EQ(ui.fileDialogs[0].filter, "gif-Bilder|*.gif");
@@ -44,7 +55,7 @@ TEST_F(HeadFrameTest, asks_for_a_file_where_none_was_chosen)
 TEST_F(HeadFrameTest, leaves_the_option_as_it_is)
 {
   fields.Opimmodekopf = settings::OpImodeKopf::Text;
-  ui.answerOpenDialog("\\logo.gif");
+  ui.answerOpenDialog(logo);
 
   frame.cbimodegifladen_Click();
 
@@ -65,6 +76,18 @@ TEST_F(HeadFrameTest, tells_a_failure_in_its_own_words)
   HeadFrame(fields, failing).cbimodegifladen_Click();
 
   EXPECT_EQ(fields.Lblimodegif, "max. 120 Pixel Breite");
+}
+
+TEST_F(HeadFrameTest, tells_of_a_damaged_picture_and_shows_the_one_before)
+{
+  fields.picImodeKopf = logo;
+  ui.answerOpenDialog(directory.file("kaputt.gif"));
+  ui.expect(0, "Fehler in cbimodegifladen : ");
+
+  frame.cbimodegifladen_Click();
+
+  EXPECT_EQ(fields.Lblimodegif, directory.file("kaputt.gif"));
+  EXPECT_EQ(fields.picImodeKopf, logo);
 }
 
 TEST_F(HeadFrameTest, draws_the_band_anew_with_its_text)

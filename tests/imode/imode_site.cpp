@@ -8,6 +8,7 @@ namespace mrd::imode {
 generator::RunOutcome ImodeSite::run()
 {
   ImodeExport dialog({program, language, fields, clock, shell});
+  dialog.window.unload = [this] { ++unloads; };
   if (!dialog.Form_Load(dbName))
     return {};
   auto outcome = dialog.cbHTML_Click();

@@ -104,6 +104,15 @@ TEST(ImodeHomepageEntry, has_no_link_on_the_homepage_and_the_key_0_elsewhere)
               HasSubstr("<!-- def15 --><br>\r\n[0] <A href='index.htm' accesskey='0'>Homepage</A><br>\r\n<!-- def18 -->"));
 }
 
+TEST(ImodeHomepageEntry, of_a_project_without_homepage_leads_nowhere)
+{
+  ImodeSite site{{"01", "Haus", ""}};
+
+  site.run();
+
+  EXPECT_THAT(site.page("01.htm"), HasSubstr("[0] <A href='' accesskey='0'>Homepage</A><br>\r\n"));
+}
+
 TEST(ImodeMenu, gives_no_key_to_its_entries_and_none_to_2)
 {
   ImodeSite site{{"00", "Start", ""}, {"01", "Haus", ""}, {"02", "Garten", ""}};

@@ -108,7 +108,9 @@ TEST(ImodeRun, without_an_export_directory_is_message_37_and_writes_nothing)
 
   EXPECT_FALSE(site.run().finished);
 
+  EXPECT_EQ(site.unloads, 1);
   EXPECT_THAT(site.entered(1), ElementsAre("alt"));
+  EXPECT_THAT(site.files(), IsEmpty());
 }
 
 TEST(ImodeRun, without_a_project_is_message_24)
@@ -118,6 +120,7 @@ TEST(ImodeRun, without_a_project_is_message_24)
   site.ui.expect(24);
 
   EXPECT_FALSE(site.run().finished);
+  EXPECT_EQ(site.unloads, 1);
 }
 
 TEST(ImodeRun, makes_its_directories_and_takes_those_that_are_there)

@@ -55,6 +55,17 @@ TEST_F(PreviewTest, points_at_the_homepage_of_the_last_run)
   EXPECT_EQ(address(), (site.site.native() / "imode/sindex.htm").string());
 }
 
+TEST_F(PreviewTest, points_at_the_homepage_of_a_run_that_failed_behind_it)
+{
+  site.project.addPage({"01", "Haus", "", "pix"}); // a directory has this name
+  site.ui.expect(1);
+  ASSERT_FALSE(dialog.cbHTML_Click().finished);
+
+  dialog.cbvorschau_Click();
+
+  EXPECT_TRUE(address().ends_with("/imode/sindex.htm"));
+}
+
 TEST_F(PreviewTest, is_written_anew_at_every_click)
 {
   site.programDirectory.write("imode/viewer.js", "a longer text than the line that comes in its place, by far and by all means, "

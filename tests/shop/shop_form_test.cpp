@@ -289,13 +289,18 @@ TEST(DataControl, has_the_hourglass_until_another_record_is_there)
   desk.addArticle(1, "Poster");
   desk.addArticle(2, "Tasse");
   auto& shop = desk.load();
-  bool waited = false;
-  shop.window.refresh = [&] { waited = desk.ui.pointerShape == ui::Pointer::Default; };
+  const std::pair<const char*, std::function<void()>> commands[] = {{"move", [&] { shop.Data1_Click(DataAction::MoveNext); }},
+                                                                    {"delete", [&] { shop.cmdDelete_Click(); }},
+                                                                    {"add", [&] { shop.cmdAdd_Click(); }}};
+  for (const auto& [name, run] : commands) {
+    desk.ui.pointerShapes.clear();
 
-  shop.Data1_Click(DataAction::MoveNext);
+    run();
 
-  EXPECT_TRUE(waited);
-  EXPECT_EQ(shop.txtFields[kGerman], "Tasse");
+    ASSERT_FALSE(desk.ui.pointerShapes.empty()) << name;
+    EXPECT_EQ(desk.ui.pointerShapes.front(), ui::Pointer::Wait) << name;
+    EXPECT_EQ(desk.ui.pointerShapes.back(), ui::Pointer::Default) << name;
+  }
 }
 
 } // namespace

@@ -108,7 +108,11 @@ void ScriptedUi::progress(std::size_t value, std::size_t maximum) { progressStep
 
 void ScriptedUi::hideProgress() { ++progressHidden; }
 
-void ScriptedUi::pointer(ui::Pointer shape) { pointerShape = shape; }
+void ScriptedUi::pointer(ui::Pointer shape)
+{
+  pointerShape = shape;
+  pointerShapes.push_back(shape);
+}
 
 bool ScriptedUi::pumpEvents()
 {

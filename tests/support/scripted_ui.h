@@ -35,6 +35,8 @@ public:
   /// From this pump of the event queue on the user asks to stop; 0: never.
   int stopAtPump = 0;
   ui::Pointer pointerShape = ui::Pointer::Default;
+  /// Each shape that the pointer was given, in its order.
+  std::vector<ui::Pointer> pointerShapes;
 
   ui::Button messageBox(const ui::MessageBox& message) override;
   std::optional<std::string> inputBox(std::string_view prompt, std::string_view title, std::string_view proposal) override;
