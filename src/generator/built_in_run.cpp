@@ -9,8 +9,12 @@ namespace {
 
 /// The quality factor counts from 2, the best.
 constexpr int kCornerQuality = 2;
-constexpr RowRunDifferences kDifferences{
-    {"changingdate DESC, ID", true, "Fertig! Es wurden # Seiten generiert.", true}, ".cache", rewriteBody, true, false, "index.htm"};
+constexpr RowRunDifferences kDifferences{{"changingdate DESC, ID", true, "Fertig! Es wurden # Seiten generiert.", true},
+                                         ".cache",
+                                         rewriteBody,
+                                         true,
+                                         false,
+                                         "index.htm"};
 
 } // namespace
 
