@@ -312,6 +312,9 @@
   }
 
   /// With this the desktop knows of all changes; the next one is to be told again.
+  const site = document.createElement("base");
+  document.head.append(site);
+
   function readBody() {
     openNotes.delete("changed");
     return { version, body: bodyHtml() };
@@ -324,7 +327,9 @@
   const textOf = element => (element ? element.innerText : null);
 
   const reading = {
-    load(html) {
+    /// Relative references of the body start at `base`.
+    load(html, base = site.href) {
+      site.href = base;
       unnoticed(() => loadBody(html));
       steps = [];
       undone = [];

@@ -1,13 +1,12 @@
 #include "cli/commands.h"
 #include "cli/json.h"
+#include "cli/page_desk.h"
 #include "cli/session.h"
-#include "editor/document_surface.h"
 #include "mainform/project_frame.h"
 #include "pagetree/page_deletion.h"
 #include "pagetree/page_id.h"
 #include "pagetree/page_move.h"
 #include "pagetree/page_store.h"
-#include "pagetree/plain_tree.h"
 #include "platform/html/document.h"
 
 #include <CLI/CLI.hpp>
@@ -20,7 +19,6 @@ namespace mrd::cli {
 namespace {
 
 constexpr int kMessageHomepageStays = 8;
-constexpr int kMessagePageMissing = 102;
 
 struct PageArguments {
   std::string file, id, under;
@@ -38,86 +36,31 @@ void addContentOptions(CLI::App& command, PageArguments& arguments)
   command.add_option("--script", arguments.script, "File with text for the page's head")->type_name("FILE");
 }
 
-/// A project's pages as the main window works on them, over a surface and a tree that nobody sees.
-class PageDesk {
-public:
-  PageDesk(mainform::Program& program, dao::Database& db)
-      : language_(program.language), active_(db, tree_, program.ui),
-        store_({db, program.language, program.clock, surface_, tree_, active_}, fields_, {})
-  {
-    pagetree::fillTree(tree_, db);
+std::string bodyFrom(const PageArguments& arguments)
+{
+  const std::string html = arguments.html ? Session::textOfFile(*arguments.html) : "";
+  return arguments.heading ? pagetree::withHeading(html, html::escapeText(*arguments.heading)) : html;
+}
+
+void fill(PageDesk& desk, const PageArguments& arguments)
+{
+  auto& fields = desk.fields();
+  if (arguments.heading || arguments.html) {
+    fields.tbhtml = bodyFrom(arguments);
+    desk.surface().setBodyInnerHtml(fields.tbhtml);
   }
-
-  /// Shows message 102 for a page that the project lacks.
-  bool hasPage(const std::string& id)
-  {
-    if (tree_.hasNode(pagetree::keyOf(id)))
-      return true;
-    language_.GetMsg(kMessagePageMissing, id, "R");
-    return false;
-  }
-
-  /// Opens a new child of the page; nothing when it is refused.
-  std::optional<std::string> addChild(const std::string& parentId)
-  {
-    active_.LastActivePage = pagetree::keyOf(parentId);
-    return store_.AddNewPage() ? std::optional(pagetree::idOf(active_.LastActivePage)) : std::nullopt;
-  }
-
-  std::string headingOf(const std::string& id) const { return tree_.label(pagetree::keyOf(id)); }
-
-  /// The page that is open after its tree has changed.
-  void open(const std::string& id)
-  {
-    active_.LastActivePage = pagetree::keyOf(id);
-    active_.WriteLastActivePage();
-  }
-
-  void load(const std::string& id) { store_.LoadPage(pagetree::keyOf(id)); }
-
-  void fill(const PageArguments& arguments)
-  {
-    if (arguments.heading || arguments.html)
-      setBody(bodyFrom(arguments));
-    fields_.tbdateiname = arguments.fileName.value_or(fields_.tbdateiname);
-    fields_.opseitentyp = arguments.type.value_or(fields_.opseitentyp);
-    if (arguments.script)
-      fields_.tbScript = Session::textOfFile(*arguments.script);
-  }
-
-  bool save(const std::string& id)
-  {
-    active_.PageDirty = true;
-    return store_.SavePage(id) && !active_.PageDirty;
-  }
-
-private:
-  static std::string bodyFrom(const PageArguments& arguments)
-  {
-    const std::string html = arguments.html ? Session::textOfFile(*arguments.html) : "";
-    return arguments.heading ? pagetree::withHeading(html, html::escapeText(*arguments.heading)) : html;
-  }
-
-  void setBody(const std::string& html)
-  {
-    surface_.setBodyInnerHtml(html);
-    fields_.tbhtml = html;
-  }
-
-  messages::Language& language_;
-  editor::DocumentSurface surface_;
-  pagetree::PlainTree tree_;
-  pagetree::ActivePage active_;
-  pagetree::PageFields fields_;
-  pagetree::PageStore store_;
-};
+  fields.tbdateiname = arguments.fileName.value_or(fields.tbdateiname);
+  fields.opseitentyp = arguments.type.value_or(fields.opseitentyp);
+  if (arguments.script)
+    fields.tbScript = Session::textOfFile(*arguments.script);
+}
 
 /// The page's row; message 102 is shown where there is none.
 dao::Recordset rowOf(mainform::ProjectFrame& mainform, const std::string& id)
 {
   auto row = mainform.db().openRecordset("SELECT * FROM Seite Where Seite.ID = ? ORDER BY ID;", {dao::Value(id)});
   if (row.eof())
-    mainform.program().language.GetMsg(kMessagePageMissing, id, "R");
+    mainform.program().language.GetMsg(PageDesk::kMessagePageMissing, id, "R");
   return row;
 }
 
@@ -141,7 +84,7 @@ ExitStatus addPageUnder(mainform::ProjectFrame& mainform, const PageArguments& a
   const auto id = desk.addChild(arguments.under);
   if (!id)
     return ExitStatus::Failed;
-  desk.fill(arguments);
+  fill(desk, arguments);
   if (!desk.save(*id))
     return ExitStatus::Failed;
   printLine(*id);
@@ -155,7 +98,7 @@ ExitStatus setPage(mainform::ProjectFrame& mainform, const PageArguments& argume
   if (rowOf(mainform, arguments.id).eof() || !desk.hasPage(arguments.id))
     return ExitStatus::Failed;
   desk.load(arguments.id);
-  desk.fill(arguments);
+  fill(desk, arguments);
   return desk.save(arguments.id) ? ExitStatus::Done : ExitStatus::Failed;
 }
 

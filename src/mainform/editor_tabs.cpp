@@ -138,6 +138,17 @@ void EditorTabs::backToTree()
   parts_.screen.refresh(Shown::Tabs);
 }
 
+bool EditorTabs::showEditor()
+{
+  if (tabHtml == kEditor)
+    return true;
+  if (parts_.pages.isBusy())
+    return false;
+  turn(std::exchange(tabHtml, kEditor));
+  parts_.screen.refresh(Shown::Tabs);
+  return true;
+}
+
 bool EditorTabs::showTree()
 {
   if (TabTree == kTree)

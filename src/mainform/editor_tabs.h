@@ -32,6 +32,8 @@ public:
   /// Saves, and puts the head of the site or the page into the editor. A save that fails leaves the tab where it was.
   void TabTree_Click(int PreviousTab);
 
+  /// Makes the page the tab on top, with what was typed in its source; false while that cannot be.
+  bool showEditor();
   /// Makes the tree the tab on top; false when what the editor holds has to stay there.
   bool showTree();
   /// The head of the site in the editor in place of a page.

@@ -1,9 +1,17 @@
 #pragma once
 // The main window and the dialogs over it as the core drives them: on a screen, or by a test.
 
-#include "generator/html_export.h"
+#include "imode/imode.h"
 #include "pagetree/page_move.h"
 #include "platform/ui/window_controls.h"
+#include "publish/html_export_form.h"
+#include "shop/shop_form.h"
+
+namespace mrd::pictures {
+class FrmFileScan;
+class formobjektanzeigen;
+class frmBildkonvertierer;
+} // namespace mrd::pictures
 
 namespace mrd::mainform {
 
@@ -45,14 +53,27 @@ public:
   virtual void unloadOtherWindows() = 0;
 };
 
-/// Shows form objects in their windows and returns when these are closed.
+/// Shows form objects in their windows.
 class Dialogs {
 public:
   virtual ~Dialogs() = default;
+
+  // Returns when the window is closed.
+
   virtual void showModal(FrmAssistent& form) = 0;
   virtual void showModal(frmAbout& form) = 0;
   virtual void showModal(pagetree::frmMove1& form) = 0;
-  virtual void showModal(generator::frmHTMLExport& form) = 0;
+  virtual void showModal(publish::frmHTMLExport& form) = 0;
+  virtual void showModal(imode::frmimode& form) = 0;
+
+  // Returns at once; the window stays beside the main one, and a form object that has one already is brought to the front.
+
+  virtual void show(pictures::FrmFileScan& form) = 0;
+  virtual void show(pictures::formobjektanzeigen& form) = 0;
+  /// Makes the window that comes up by itself while there is work.
+  virtual void prepare(pictures::frmBildkonvertierer& form) = 0;
+  /// Above the main window, which can be worked in.
+  virtual void show(shop::frmmrdshop& form) = 0;
 };
 
 } // namespace mrd::mainform

@@ -41,12 +41,12 @@ constexpr std::array kMenuEntries{
     MenuEntry{"Seite", "SeiteSub", 2, "Seitenvorschau"},
 
     MenuEntry{"", "pix", {}, "&pix"},
-    MenuEntry{"pix", "pixsub", 0, "ein Bild einfügen", false},
-    MenuEntry{"pix", "pixsub", 1, "für jedes Bild eine Seite erzeugen", false},
-    MenuEntry{"pix", "pixsub", 2, "mehrere Bilder auf dieser Seite einfügen", false},
-    MenuEntry{"pix", "pixsub", 3, "Thumbnails/Vorschaubilder erstellen", false},
-    MenuEntry{"pix", "pixsub", 4, "alle Vorschaubilder neu erstellen", false},
-    MenuEntry{"pix", "mnupixSchatten", {}, "Schatten für alle Bilder der Seite", false},
+    MenuEntry{"pix", "pixsub", 0, "ein Bild einfügen"},
+    MenuEntry{"pix", "pixsub", 1, "für jedes Bild eine Seite erzeugen"},
+    MenuEntry{"pix", "pixsub", 2, "mehrere Bilder auf dieser Seite einfügen"},
+    MenuEntry{"pix", "pixsub", 3, "Thumbnails/Vorschaubilder erstellen"},
+    MenuEntry{"pix", "pixsub", 4, "alle Vorschaubilder neu erstellen"},
+    MenuEntry{"pix", "mnupixSchatten", {}, "Schatten für alle Bilder der Seite"},
 
     MenuEntry{"", "net", {}, "&net"},
     MenuEntry{"net", "NetSub", 0, "move pages to Internet"},
@@ -103,7 +103,7 @@ constexpr std::array kMenuEntries{
     MenuEntry{"D2D", "D2DSub", 8, "Lock Element", false},
 
     MenuEntry{"", "Extras", {}, "E&xtras"},
-    MenuEntry{"Extras", "mnuShop", {}, "Shop ...", false},
+    MenuEntry{"Extras", "mnuShop", {}, "Shop ..."},
 
     MenuEntry{"", "Language", {}, "&Language"},
     MenuEntry{"Language", "eng", {}, "&English"},
@@ -133,10 +133,10 @@ constexpr std::array kToolButtons{
     ToolButton{"Toolbar2", "seiteneu", "eine neue Seite anlegen"},
     ToolButton{"Toolbar2", "html", "HTML-Seiten erzeugen und ins Internet stellen"},
     ToolButton{"Toolbar2", "seitenvorschau", "die Seite im Browser ansehen"},
-    ToolButton{"Toolbar3", "pix_eins", "ein Bild einfügen", false},
-    ToolButton{"Toolbar3", "pix_eigene", "für jedes Bild eine Seite erzeugen", false},
-    ToolButton{"Toolbar3", "pix_mehrere", "mehrere Bilder auf dieser Seite einfügen", false},
-    ToolButton{"Toolbar3", "pix_thumbs", "Thumbnails/Vorschaubilder erstellen", false},
+    ToolButton{"Toolbar3", "pix_eins", "ein Bild einfügen"},
+    ToolButton{"Toolbar3", "pix_eigene", "für jedes Bild eine Seite erzeugen"},
+    ToolButton{"Toolbar3", "pix_mehrere", "mehrere Bilder auf dieser Seite einfügen"},
+    ToolButton{"Toolbar3", "pix_thumbs", "Thumbnails/Vorschaubilder erstellen"},
 };
 
 } // namespace

@@ -97,6 +97,7 @@ public:
   /// The state behind a drag; there while a project is open.
   pagetree::ActivePage& active() { return open_->active; }
   pagetree::PageTreeView& treeView() { return open_->treeView; }
+  pagetree::PageStore& store() { return open_->store; }
 
 private:
   struct Open {

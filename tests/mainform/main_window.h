@@ -97,13 +97,22 @@ struct UsedDialogs : Dialogs {
   std::function<void(FrmAssistent&)> assistant;
   std::function<void(frmAbout&)> about;
   std::function<void(pagetree::frmMove1&)> move;
-  std::function<void(generator::frmHTMLExport&)> exporting;
+  std::function<void(publish::frmHTMLExport&)> exporting;
+  std::function<void(imode::frmimode&)> exportingImode;
+  std::function<void(shop::frmmrdshop&)> shop;
   int shown = 0;
+  /// Windows beside the main one that were brought up.
+  std::vector<std::string> beside;
 
   void showModal(FrmAssistent& form) override { use(assistant, form, "FrmAssistent"); }
   void showModal(frmAbout& form) override { use(about, form, "frmAbout"); }
   void showModal(pagetree::frmMove1& form) override { use(move, form, "frmMove1"); }
-  void showModal(generator::frmHTMLExport& form) override { use(exporting, form, "frmHTMLExport"); }
+  void showModal(publish::frmHTMLExport& form) override { use(exporting, form, "frmHTMLExport"); }
+  void showModal(imode::frmimode& form) override { use(exportingImode, form, "frmimode"); }
+  void show(pictures::FrmFileScan&) override { beside.emplace_back("FrmFileScan"); }
+  void show(pictures::formobjektanzeigen&) override { beside.emplace_back("formobjektanzeigen"); }
+  void prepare(pictures::frmBildkonvertierer&) override {}
+  void show(shop::frmmrdshop& form) override { use(shop, form, "frmmrdshop"); }
 
 private:
   template <class Form>
@@ -217,6 +226,13 @@ struct RecordedShell : ui::Shell {
   bool hasSystemInformation = false;
 };
 
+struct RecordedClipboard : ui::Clipboard {
+  void clear() override { steps.emplace_back("clear"); }
+  void setText(std::string_view text) override { steps.emplace_back(text); }
+
+  std::vector<std::string> steps;
+};
+
 struct MainWindow : Surroundings {
   MainWindow() { userSettings.setValue("Settings", "Assistent", "nein"); }
 
@@ -254,7 +270,8 @@ struct MainWindow : Surroundings {
   UsedSurface surface;
   UsedTree tree;
   RecordedShell shell;
-  mutable Mainform window{program, {screen, dialogs, surface, tree, shell, userSettings}};
+  RecordedClipboard clipboard;
+  mutable Mainform window{program, {screen, dialogs, surface, tree, shell, userSettings, clipboard}};
 };
 
 /// The same with a project of some pages, open.

@@ -1,5 +1,7 @@
 #include "desktop/controls/corner_sample.h"
 
+#include "desktop/controls/shown_image.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -12,18 +14,14 @@ constexpr int kLargestPx = 120;
 
 } // namespace
 
-void CornerSample::setRadius(int radiusPx)
-{
-  radius_ = std::max(1, radiusPx);
-  const int side = std::min(radius_, kLargestPx) + 1;
-  setFixedSize(side, side);
-  update();
-}
+CornerSample::CornerSample(QWidget* parent) : QWidget(parent), corner_(image::Image::create(1, 1)) {}
 
-void CornerSample::setColours(const QColor& inside, const QColor& outside)
+void CornerSample::setCorner(const image::Image& corner, const QColor& outside)
 {
-  inside_ = inside;
+  corner_ = corner;
   outside_ = outside;
+  const int side = std::min(corner.width(), kLargestPx) + 1;
+  setFixedSize(side, side);
   update();
 }
 
@@ -31,10 +29,7 @@ void CornerSample::paintEvent(QPaintEvent*)
 {
   QPainter painter(this);
   painter.fillRect(rect(), outside_);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(inside_);
-  painter.drawEllipse(QRectF(-radius_ - 1, -radius_ - 1, 2.0 * radius_, 2.0 * radius_));
+  painter.drawImage(0, 0, shownImage(corner_));
 }
 
 } // namespace mrd::desktop

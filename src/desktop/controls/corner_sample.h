@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/image/image.h"
+
 #include <QColor>
 #include <QWidget>
 
@@ -8,17 +10,17 @@ namespace mrd::desktop {
 /// The lower right one of the site's rounded corners, as it will look.
 class CornerSample : public QWidget {
 public:
-  explicit CornerSample(QWidget* parent = nullptr) : QWidget(parent) { setRadius(1); }
+  explicit CornerSample(QWidget* parent = nullptr);
 
-  void setRadius(int radiusPx);
-  void setColours(const QColor& inside, const QColor& outside);
+  /// The corner as it is drawn for the site, and the colour of what lies beside it.
+  void setCorner(const image::Image& corner, const QColor& outside);
 
 protected:
   void paintEvent(QPaintEvent* event) override;
 
 private:
-  int radius_ = 1;
-  QColor inside_ = Qt::blue, outside_ = Qt::white;
+  image::Image corner_;
+  QColor outside_ = Qt::white;
 };
 
 } // namespace mrd::desktop

@@ -53,7 +53,7 @@ void EditedDocument::openPage()
   view.setPage(page.get());
   page_ = std::move(page);
   ready_ = false;
-  page_->start(directory_);
+  page_->start();
 }
 
 void EditedDocument::connectNotes()
@@ -90,9 +90,7 @@ void EditedDocument::startIn(std::string_view directory)
     body();
   directory_ = directory;
   requests_.setDirectory(directory);
-  ready_ = false;
-  startLoading();
-  page_->start(directory_);
+  show();
 }
 
 void EditedDocument::startLoading()
@@ -104,6 +102,11 @@ void EditedDocument::startLoading()
 void EditedDocument::load(std::string_view html)
 {
   body_ = base::toCrLf(withBoundedDepth(html));
+  show();
+}
+
+void EditedDocument::show()
+{
   startLoading();
   if (breakdowns_ > kMaxBreakdowns || page_->isStuck()) {
     breakdowns_ = 0;
@@ -141,10 +144,11 @@ void EditedDocument::showStyles()
 
 void EditedDocument::sendBody()
 {
-  page_->tell("load", {qtText(body_)}, [this, load = ++loads_](const QVariant& answer) {
-    if (load == loads_)
-      takeLoaded(answer);
-  });
+  page_->tell("load", {qtText(body_), siteUrl(directory_).toString(QUrl::FullyEncoded)},
+              [this, load = ++loads_](const QVariant& answer) {
+                if (load == loads_)
+                  takeLoaded(answer);
+              });
 }
 
 void EditedDocument::takeLoaded(const QVariant& answer)

@@ -4,6 +4,7 @@
 #include "platform/files/path.h"
 
 #include <QDesktopServices>
+#include <QMimeDatabase>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
@@ -27,6 +28,20 @@ constexpr std::array kInformationTools{Tool{"kinfocenter", nullptr},      Tool{"
 void QtShell::open(std::string_view path)
 {
   QDesktopServices::openUrl(QUrl::fromLocalFile(shown(files::nativePath(path).string())));
+}
+
+std::optional<std::string> QtShell::programFor(std::string_view path)
+{
+  // The desktop's own answer: every desktop keeps its list of programs in another place.
+  const QString type = QMimeDatabase().mimeTypeForFile(shown(files::nativePath(path).string())).name();
+  QProcess query;
+  query.start("xdg-mime", {"query", "default", type});
+  constexpr int kPatienceMilliseconds = 3000;
+  if (!query.waitForFinished(kPatienceMilliseconds))
+    return std::nullopt;
+  QString program = QString::fromUtf8(query.readAllStandardOutput()).trimmed();
+  program.remove(".desktop");
+  return program.isEmpty() ? std::nullopt : std::optional(program.toStdString());
 }
 
 void QtShell::openAddress(std::string_view address) { QDesktopServices::openUrl(QUrl(shown(address))); }

@@ -2,27 +2,50 @@
 
 #include "desktop/windows/about_window.h"
 #include "desktop/windows/assistent_window.h"
+#include "desktop/windows/bildkonvertierer_window.h"
+#include "desktop/windows/file_scan_window.h"
 #include "desktop/windows/html_export_window.h"
+#include "desktop/windows/imode_window.h"
 #include "desktop/windows/mainform_window.h"
 #include "desktop/windows/move_window.h"
+#include "desktop/windows/objekt_anzeigen_window.h"
+#include "desktop/windows/shop_window.h"
 
+#include <QApplication>
 #include <QKeySequence>
 #include <QShortcut>
 
 namespace mrd::desktop {
 namespace {
 
-/// Shows a dialog until it is closed; the help key asks for the help of its window.
+/// The help key asks for the help of the window.
+void connectHelp(QDialog& dialog, MainformWindow& owner)
+{
+  const auto* const help = new QShortcut(QKeySequence::HelpContents, &dialog);
+  QObject::connect(help, &QShortcut::activated, &dialog,
+                   [&dialog, &owner] { owner.form().help().HilfeAnzeigen(dialog.objectName().toStdString()); });
+}
+
+/// Shows a dialog until it is closed.
 void run(QDialog& dialog, MainformWindow& owner)
 {
-  const QShortcut help(QKeySequence::HelpContents, &dialog);
-  QObject::connect(&help, &QShortcut::activated, &dialog,
-                   [&] { owner.form().help().HilfeAnzeigen(dialog.objectName().toStdString()); });
+  connectHelp(dialog, owner);
   owner.hideSplash();
   dialog.exec();
 }
 
 } // namespace
+
+FormDialogs::FormDialogs(MainformWindow& owner) : owner_(owner) {}
+
+FormDialogs::~FormDialogs() = default;
+
+void FormDialogs::closeAll()
+{
+  fileScan_.reset();
+  viewer_.reset();
+  converter_.reset();
+}
 
 void FormDialogs::showModal(mainform::FrmAssistent& form)
 {
@@ -42,11 +65,72 @@ void FormDialogs::showModal(pagetree::frmMove1& form)
   run(dialog, owner_);
 }
 
-void FormDialogs::showModal(generator::frmHTMLExport& form)
+void FormDialogs::showModal(publish::frmHTMLExport& form)
 {
   FrmHtmlExportWindow dialog(form, &owner_);
   if (dialog.isLoaded())
     run(dialog, owner_);
+}
+
+void FormDialogs::showModal(imode::frmimode& form)
+{
+  FrmImodeWindow dialog(form, &owner_);
+  if (dialog.isLoaded())
+    run(dialog, owner_);
+}
+
+void FormDialogs::show(pictures::FrmFileScan& form)
+{
+  // A window that was closed belongs to a form object that is no more.
+  if (!fileScan_ || !fileScan_->isVisible()) {
+    fileScan_.reset();
+    fileScan_ = std::make_unique<FrmFileScanWindow>(form, owner_.form().program().language, &owner_);
+    connectHelp(*fileScan_, owner_);
+    fileScan_->show();
+  }
+  form.window.refresh();
+  fileScan_->raise();
+  fileScan_->activateWindow();
+}
+
+void FormDialogs::show(pictures::formobjektanzeigen& form)
+{
+  if (!viewer_ || !viewer_->isVisible()) {
+    viewer_.reset();
+    viewer_ = std::make_unique<ObjektAnzeigenWindow>(form, owner_.form().program().language, &owner_);
+    connectHelp(*viewer_, owner_);
+  }
+  viewer_->show();
+}
+
+void FormDialogs::prepare(pictures::frmBildkonvertierer& form)
+{
+  form.window.show = [this, &form] { showWorking(form); };
+}
+
+void FormDialogs::showWorking(pictures::frmBildkonvertierer& form)
+{
+  QWidget* const before = QApplication::activeWindow();
+  // Made anew, in the language of the day.
+  converter_.reset();
+  converter_ = std::make_unique<BildkonvertiererWindow>(form, owner_.form().program().language, &owner_);
+  converter_->adjustSize();
+  const QRect around = (before ? *before : static_cast<QWidget&>(owner_)).geometry();
+  converter_->move(around.center() - converter_->rect().center());
+  converter_->show();
+}
+
+void FormDialogs::show(shop::frmmrdshop& form)
+{
+  // The window of a dialog that is over goes by itself.
+  if (!shop_ || !form.isOpen()) {
+    shop_ = new FrmShopWindow(form, &owner_);
+    connectHelp(*shop_, owner_);
+  }
+  owner_.hideSplash();
+  shop_->show();
+  shop_->raise();
+  shop_->activateWindow();
 }
 
 } // namespace mrd::desktop

@@ -6,6 +6,7 @@
 #include "desktop/windows/mainform_window.ui.h"
 #include "frame/settings/fields.h"
 #include "mainform/site_colours.h"
+#include "pictures/corners.h"
 
 #include <QCompleter>
 #include <QEvent>
@@ -195,6 +196,12 @@ void MainformFields::connectSettings()
     ui_.tbradius->setText(QString::number(std::max(0, radius)));
   });
   connect(ui_.tbpfadexport, &QLineEdit::editingFinished, this, [this] { form_.settings().tbpfadexport_LostFocus(); });
+  connect(ui_.tbimodekopftext, &QLineEdit::textChanged, this, [this] { showBand(); });
+  connect(ui_.cbimodegifladen, &QPushButton::clicked, this, [this] {
+    form_.imodeHead().cbimodegifladen_Click();
+    showHeadPicture();
+  });
+  connect(ui_.cbimode, &QPushButton::clicked, this, [this] { form_.cbimode_Click(); });
   connect(ui_.cbpfad, &QToolButton::clicked, this, [this] { form_.settings().cbpfad_Click(); });
   connect(ui_.cbeinstellungen, &QPushButton::clicked, this, [this] { form_.settings().cbeinstellungen_Click(); });
 }
@@ -261,6 +268,9 @@ void MainformFields::connectPage()
     if (!showing_)
       page.fields.TBEbayArtikelnummer = text.toStdString();
   });
+  connect(ui_.cbEbayHTMLkopieren, &QPushButton::clicked, this, [this] { form_.cbEbayHTMLkopieren_Click(); });
+  connect(ui_.CbEbayMetatag, &QPushButton::clicked, this, [this] { form_.CbEbayMetatag_Click(); });
+  connect(ui_.cbebaykategorien, &QPushButton::clicked, this, [this] { form_.cbebaykategorien_Click(); });
   for (std::size_t i = 0; i < kPageTypes.size(); ++i)
     connect(ui_.*kPageTypes[i], &QRadioButton::clicked, this, [this, &page, i] {
       page.fields.opseitentyp = static_cast<int>(i) + 1;
@@ -318,8 +328,7 @@ void MainformFields::showSettings()
   ui_.CheckRundeEcke->setChecked(fields.CheckRundeEcke);
   (fields.OptionVorschauMitTitel ? ui_.OptionVorschauMitTitel : ui_.OptionVorschauOhneTitel)->setChecked(true);
   (ui_.*kHeadTypes[static_cast<std::size_t>(fields.Opimmodekopf)])->setChecked(true);
-  ui_.Lblimodegif->setText(shownPath(fields.Lblimodegif));
-  ui_.picImodeKopf->setPicture(shownPath(fields.picImodeKopf));
+  showHeadPicture();
   showLabels();
 }
 
@@ -360,8 +369,24 @@ bool MainformFields::eventFilter(QObject* watched, QEvent* event)
 void MainformFields::showRadius()
 {
   const Fields& fields = form_.settings().fields();
-  ui_.LEADEcke->setRadius(static_cast<int>(base::numericValue(fields.tbradius)));
-  ui_.LEADEcke->setColours(screenColour(fields.Tbtabelle), screenColour(fields.tbhintergrundaussen));
+  const auto sample = std::ranges::find(pictures::kCorners, "ecke-ur.jpg", &pictures::Corner::fileName);
+  ui_.LEADEcke->setCorner(pictures::drawCorner(*sample, fields), screenColour(fields.tbhintergrundaussen));
+  showBand();
+}
+
+void MainformFields::showBand()
+{
+  auto& head = form_.imodeHead();
+  head.imodelogo();
+  if (head.LEADimode)
+    ui_.LEADimode->setImage(*head.LEADimode);
+}
+
+void MainformFields::showHeadPicture()
+{
+  const Fields& fields = form_.settings().fields();
+  ui_.Lblimodegif->setText(shownPath(fields.Lblimodegif));
+  ui_.picImodeKopf->setPicture(shownPath(fields.picImodeKopf));
 }
 
 void MainformFields::showTabs()

@@ -11,6 +11,7 @@
 #include "platform/ui/twips.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QSignalBlocker>
@@ -37,7 +38,7 @@ MainformWindow::MainformWindow(mainform::Program& program, QtUi& userInterface, 
   addStatusPanels();
   userInterface_.setDisplay(this);
   form_ = std::make_unique<mainform::Mainform>(
-      program, mainform::Mainform::Seams{screen_, dialogs_, surface_, tree_, shell_, userSettings_});
+      program, mainform::Mainform::Seams{screen_, dialogs_, surface_, tree_, shell_, userSettings_, clipboard_});
   fields_ = std::make_unique<MainformFields>(*ui_, *form_, screen_.controls(), *this);
   connectMenus();
   connectPrompts();
@@ -48,7 +49,11 @@ MainformWindow::MainformWindow(mainform::Program& program, QtUi& userInterface, 
   connect(&timer_, &QTimer::timeout, this, [this] { form_->Timer(); });
 }
 
-MainformWindow::~MainformWindow() { userInterface_.setDisplay(nullptr); }
+MainformWindow::~MainformWindow()
+{
+  dialogs_.closeAll();
+  userInterface_.setDisplay(nullptr);
+}
 
 WebEditingSurface& MainformWindow::place(std::unique_ptr<WebEditingSurface> surface)
 {
@@ -60,6 +65,8 @@ WebEditingSurface& MainformWindow::place(std::unique_ptr<WebEditingSurface> surf
 
 bool MainformWindow::start()
 {
+  // The page's process has come up while this window was made, and waits for answers.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   form_->Form_Load();
   if (!closed_)
     timer_.start(mainform::DraftKeeper::kIntervalSeconds * kMillisecondsPerSecond);
@@ -104,6 +111,11 @@ void MainformWindow::connectPrompts()
     searched_ = text.value_or(searched_);
     return text;
   };
+  prompts.picture = [this](std::string_view) -> std::optional<std::string> {
+    const auto file = userInterface_.openFileDialog(
+        {ui_->InsertSub1_0->text().remove('&').remove('.').toStdString(), std::string(pictures::kPictureFilter)});
+    return file ? std::optional("file://" + *file) : std::nullopt;
+  };
   surface_.setPrompts(std::move(prompts));
 }
 
@@ -113,6 +125,8 @@ void MainformWindow::connectToolbars()
     auto& action = dynamic_cast<QAction&>(screen_.controls().object(button.key));
     if (button.toolbar == "Toolbar1")
       connect(&action, &QAction::triggered, this, [this, key = button.key] { form_->Toolbar1_ButtonClick(key); });
+    else if (button.toolbar == "Toolbar3")
+      connect(&action, &QAction::triggered, this, [this, key = button.key] { form_->Toolbar3_ButtonClick(key); });
     else
       connect(&action, &QAction::triggered, this, [this, key = button.key] { form_->Toolbar2_ButtonClick(key); });
     action.setEnabled(button.works);

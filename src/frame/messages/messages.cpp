@@ -168,6 +168,12 @@ ui::Button Language::GetMsgIn(int MsgNo, std::string_view Sprache, std::string_v
   }
 }
 
+std::string Language::textOf(int MsgNo, std::string_view Wert, std::string_view Position)
+{
+  const auto message = dbLanguage_ ? findMessage(*dbLanguage_, MsgNo, Sprache_) : std::nullopt;
+  return message ? composeText(*message, Wert, Position) : std::string(Wert);
+}
+
 void Language::close() { dbLanguage_.reset(); }
 
 } // namespace mrd::messages

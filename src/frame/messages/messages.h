@@ -36,6 +36,9 @@ public:
   ui::Button GetMsg(int MsgNo, std::string_view Wert = {}, std::string_view Position = {});
   /// The same in a given language.
   ui::Button GetMsgIn(int MsgNo, std::string_view Sprache, std::string_view Wert, std::string_view Position);
+  /// The text of a numbered message with its value, for a window that shows it in a line of its own; the value alone where the
+  /// database lacks the message.
+  std::string textOf(int MsgNo, std::string_view Wert, std::string_view Position);
 
   /// Closes the language database.
   void close();

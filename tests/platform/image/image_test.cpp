@@ -3,15 +3,19 @@
 #include "base/errors.h"
 #include "platform/files/files.h"
 #include "platform/files/path.h"
+#include "platform/image/memory_share.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <thread>
 
 namespace mrd::image {
 namespace {
@@ -225,6 +229,18 @@ TEST_F(Saving, writes_no_metadata)
   EXPECT_THAT(files::readFile(file("a.jpg")), testing::Not(HasSubstr("Exif")));
 }
 
+TEST_F(Saving, keeps_place_and_owner_of_a_photograph_to_itself)
+{
+  // A fence around the test itself: the photograph has what must not be in its copies.
+  ASSERT_THAT(files::readFile(sample("private.jpg")), HasSubstr("Anna Geheim"));
+  Image::load(sample("private.jpg")).saveJpeg(file("whole.jpg"), 35);
+  Image::loadResized(sample("private.jpg"), {10, 20}).saveJpeg(file("small.jpg"), 35);
+
+  for (const char* name : {"whole.jpg", "small.jpg"})
+    for (const char* word : {"Anna", "Exif", "ns.adobe.com"})
+      EXPECT_THAT(files::readFile(file(name)), testing::Not(HasSubstr(word))) << name;
+}
+
 TEST_F(Saving, replaces_an_older_file_and_leaves_nothing_beside_it)
 {
   write("a.jpg", "alt");
@@ -287,6 +303,43 @@ TEST_F(Loading, turns_a_picture_as_the_camera_was_held)
     sum += distance(turned.pixel(at, 127 - at), straight.pixel(at, 127 - at));
 
   EXPECT_LE(sum / 15, 40);
+}
+
+TEST_F(Loading, turns_a_picture_that_is_made_small_too)
+{
+  EXPECT_EQ(Image::sizeOf(sample("private.jpg")), (Size{20, 40}));
+  EXPECT_EQ(Image::load(sample("private.jpg")).size(), (Size{20, 40}));
+  EXPECT_EQ(Image::loadResized(sample("private.jpg"), {10, 20}).size(), (Size{10, 20}));
+}
+
+TEST_F(Loading, shows_wide_colours_as_a_screen_has_them)
+{
+  // The file holds 203, 72, 52, which mean this red in its own, larger space.
+  constexpr Colour kRed{220, 60, 40};
+  EXPECT_LE(distance(Image::load(sample("wide_gamut.jpg")).pixel(5, 5), kRed), 3);
+  EXPECT_LE(distance(Image::loadResized(sample("wide_gamut.jpg"), {24, 16}).pixel(5, 5), kRed), 3);
+}
+
+TEST_F(Loading, shows_printing_colours_as_a_screen_has_them)
+{
+  const auto whole = Image::load(sample("pil_sample_cmyk.jpg"));
+  const auto corner = whole.pixel(4, 4), ground = whole.pixel(50, 90);
+
+  EXPECT_TRUE(corner.red > 200 && corner.green < 80 && corner.blue < 80);
+  EXPECT_TRUE(ground.red < 70 && ground.green < 70 && ground.blue < 90);
+  EXPECT_LE(distance(Image::loadResized(sample("pil_sample_cmyk.jpg"), {50, 50}).pixel(25, 45), ground), 12);
+}
+
+TEST_F(Loading, refuses_a_picture_that_would_fill_the_memory)
+{
+  const std::string head("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR\0\0\x75\x30\0\0\x75\x30\x08\x02\0\0\0\x89\x34\x30\xd8"
+                         "\0\0\0\x02IDAT\x78\x9c\0\0\0\0\0\0\0\0IEND\xae\x42\x60\x82",
+                         57);
+  write("bombe.png", head);
+
+  EXPECT_EQ(failureOfLoading(file("bombe.png")).kind(), ErrorNumber::InvalidPicture);
+  EXPECT_THROW(Image::sizeOf(file("bombe.png")), base::Error);
+  EXPECT_THROW(Image::loadResized(file("bombe.png"), {580, 580}), base::Error);
 }
 
 TEST_F(Loading, puts_transparency_on_white) { EXPECT_EQ(Image::load(sample("transparent.png")).pixel(0, 0), kWhite); }
@@ -353,6 +406,31 @@ TEST_F(Loading, survives_damage_anywhere)
       }
     }
   }
+}
+
+TEST(MemoryShares, wait_for_each_other_when_they_are_large)
+{
+  constexpr long long kMost = 1'000'000'000;
+  std::atomic<int> working = 0, together = 0;
+  std::vector<std::thread> threads;
+  for (int n = 0; n < 4; ++n)
+    threads.emplace_back([&] {
+      const MemoryShare share(kMost);
+      const MemoryShare second(kMost); // The thread has one already.
+      together = std::max<int>(together, ++working);
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+      --working;
+    });
+  for (auto& thread : threads)
+    thread.join();
+
+  EXPECT_EQ(together, 1);
+}
+
+TEST(MemoryShares, of_small_pictures_stand_side_by_side)
+{
+  const MemoryShare mine(1000);
+  std::thread([] { const MemoryShare other(1000); }).join();
 }
 
 TEST(JpegQuality, falls_from_best_to_smallest)

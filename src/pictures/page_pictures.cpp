@@ -1,0 +1,11 @@
+#include "pictures/page_pictures.h"
+
+#include "platform/files/path.h"
+
+namespace mrd::pictures {
+
+paths::PathParts localParts(std::string_view reference) { return paths::teile_dateipfad(files::pathFromReference(reference)); }
+
+std::string pathOf(const paths::PathParts& parts) { return parts.verzeichnis + parts.name + "." + parts.erweiterung; }
+
+} // namespace mrd::pictures
