@@ -119,6 +119,10 @@
   const kMaxSteps = 300;
   const kTypingPause = 2000;
   let steps = [], undone = [];
+  /// A command is at work: what the engine tells of its parts is no step of its own.
+  let working = false;
+  /// Whether several changes are collected into one step, and that step when there is one already.
+  let collecting = false, openStep = null;
   let selectionBefore = saveSelection();
   /// Counts what happened to the body, so that the desktop knows whether it has its present text.
   let version = 1;
@@ -133,8 +137,37 @@
     subtree: true, childList: true, attributes: true, attributeOldValue: true, characterData: true, characterDataOldValue: true,
   });
 
+  /// Attributes of elements in their order, which no record tells. An element that is not known has one at most.
+  const orders = new WeakMap();
+
+  function rememberOrder(element) {
+    const names = element.getAttributeNames();
+    if (names.length > 1 || orders.has(element))
+      orders.set(element, names);
+  }
+
+  function rememberOrders(root) {
+    if (root.nodeType !== Node.ELEMENT_NODE)
+      return;
+    rememberOrder(root);
+    root.querySelectorAll("*").forEach(rememberOrder);
+  }
+
+  function restoreOrder(element, order) {
+    const names = element.getAttributeNames();
+    const wanted = [...order.filter(name => names.includes(name)), ...names.filter(name => !order.includes(name))];
+    if (wanted.every((name, i) => name === names[i]))
+      return;
+    const attributes = wanted.map(name => element.getAttributeNode(name));
+    attributes.forEach(attribute => element.removeAttributeNode(attribute));
+    attributes.forEach(attribute => element.setAttributeNode(attribute));
+  }
+
   function recordOf(mutation) {
     const { type, target } = mutation;
+    if (type === "attributes")
+      return { type, target, old: mutation.oldValue, name: mutation.attributeName, space: mutation.attributeNamespace,
+               order: orders.get(target) };
     if (type === "childList")
       return { type, target, added: [...mutation.addedNodes], removed: [...mutation.removedNodes],
                next: mutation.nextSibling, previous: mutation.previousSibling };
@@ -155,10 +188,18 @@
   function commit(mutations, kind) {
     const last = steps[steps.length - 1];
     const now = performance.now();
-    const goesOn = last && !last.closed && last.kind === kind && isTyping(kind) && now - last.time < kTypingPause;
+    const isMoreTyping = last && !last.closed && last.kind === kind && isTyping(kind) && now - last.time < kTypingPause;
+    const goesOn = isMoreTyping || (last && last === openStep);
     const step = goesOn ? last : { kind, records: [], before: selectionBefore };
+    if (collecting)
+      openStep = step;
     for (const mutation of mutations)
       addRecord(step.records, recordOf(mutation));
+    for (const { type, target, addedNodes } of mutations) {
+      if (type === "attributes")
+        rememberOrder(target);
+      addedNodes.forEach(rememberOrders);
+    }
     step.time = now;
     if (!goesOn)
       steps.push(step);
@@ -175,10 +216,14 @@
     if (!quiet)
       noteOnce("changed", version);
     noteOnce("display");
+    overlay.setMarks([]);
+    overlay.refresh();
   }
 
   /// Whatever happened to the body until now becomes a step.
   function settle(kind = "other") {
+    if (working)
+      return;
     const mutations = observer.takeRecords();
     if (mutations.length > 0)
       commit(mutations, kind);
@@ -194,10 +239,30 @@
     settle();
     closeStep();
     selectionBefore = saveSelection();
-    const result = work();
+    working = true;
+    try {
+      return work();
+    } finally {
+      working = false;
+      settle("command");
+      closeStep();
+    }
+  }
+
+  /// All that is done until `endStep` becomes one step.
+  function beginStep() {
+    settle();
+    closeStep();
+    selectionBefore = saveSelection();
+    collecting = true;
+    openStep = null;
+  }
+
+  function endStep() {
     settle("command");
     closeStep();
-    return result;
+    collecting = false;
+    openStep = null;
   }
 
   /// What `work` does to the body is no step and no change.
@@ -231,12 +296,15 @@
       target.data = old;
       return { ...record, old: present };
     }
-    const present = target.getAttributeNS(space, name);
+    const present = target.getAttributeNS(space, name), order = target.getAttributeNames();
     if (old === null)
       target.removeAttributeNS(space, name);
     else
       target.setAttributeNS(space, name, old);
-    return { ...record, old: present };
+    if (record.order)
+      restoreOrder(target, record.order);
+    orders.set(target, target.getAttributeNames());
+    return { ...record, old: present, order };
   }
 
   function moveStep(from, to) {
@@ -331,6 +399,10 @@
     load(html, base = site.href) {
       site.href = base;
       unnoticed(() => loadBody(html));
+      rememberOrders(body);
+      overlay.setMarks([]);
+      numbered.clear();
+      collecting = false;
       steps = [];
       undone = [];
       pristine = true;
@@ -370,6 +442,34 @@
       return selection.isCollapsed ? "none" : "text";
     },
     selectedText: () => (selectedControl() ? "" : selection.toString()),
+  };
+
+  // ---------------------------------------------------------------- elements that the desktop works on
+
+  /// The desktop knows an element by its number; it keeps it until the next load.
+  const numbered = new Map(), numbers = new WeakMap();
+
+  function numberOf(element) {
+    if (!element || element.nodeType !== Node.ELEMENT_NODE)
+      return null;
+    if (!numbers.has(element))
+      numbers.set(element, numbered.size + 1);
+    numbered.set(numbers.get(element), element);
+    return numbers.get(element);
+  }
+
+  const elements = {
+    beginStep, endStep,
+    elementAround: () => (selectedControl() ? null : numberOf(parentElement())),
+    elementSelected: () => numberOf(selectedControl()),
+    elementTag: number => numbered.get(number)?.tagName ?? "",
+    elementParent: number => numberOf(numbered.get(number)?.parentElement),
+    elementChildren: number => [...(numbered.get(number)?.children ?? [])].map(numberOf),
+    elementHtml: number => numbered.get(number)?.outerHTML ?? "",
+    elementAttribute: (number, name) => numbered.get(number)?.getAttribute(name) ?? null,
+    setElementAttribute: (number, name, value) => edit(() => numbered.get(number)?.setAttribute(name, value)),
+    removeElementAttribute: (number, name) => edit(() => numbered.get(number)?.removeAttribute(name)),
+    setElementStyle: (number, name, value) => edit(() => numbered.get(number)?.style.setProperty(name, value)),
   };
 
   // ---------------------------------------------------------------- inserting
@@ -487,11 +587,13 @@
         .join("; ");
   }
 
+  const kProgram = /^[\s\0-\x1f]*(javascript|vbscript|livescript)\s*:/i;
+
   function cleanAttributes(element) {
     for (const { name, value } of [...element.attributes]) {
       const style = name === "style" ? keptStyle(value) : "";
-      const goes = /^on|:|^xml|^lang$|^data-|^contenteditable$/i.test(name) || (name === "class" && /mso|apple-/i.test(value)) ||
-                   (name === "style" && !style) || (element.tagName === "FONT" && /^(face|size)$/.test(name));
+      const goes = /^on|:|^xml|^lang$|^data-|^contenteditable$/i.test(name) || /^(class|id|srcset|sizes|loading)$/i.test(name) ||
+                   (name === "style" && !style) || (/^(href|src|action|background)$/i.test(name) && kProgram.test(value)) || (element.tagName === "FONT" && /^(face|size)$/.test(name));
       if (goes)
         element.removeAttribute(name);
       else if (style)
@@ -595,12 +697,21 @@
       if (parsed.body.firstChild)
         return fragmentOf(parsed.body.innerHTML);
     }
-    return fragmentOf(escapeHtml(text).replace(/\r\n?|\n/g, "<br>"));
+    return textFragment(text);
   }
+
+  const textFragment = text => fragmentOf(escapeHtml(text).replace(/\r\n?|\n/g, "<br>"));
 
   function paste(html, text) {
     return edit(() => {
       insertFragment(fragmentToPaste(html, text));
+      return true;
+    });
+  }
+
+  function pasteText(text) {
+    return edit(() => {
+      insertFragment(textFragment(text));
       return true;
     });
   }
@@ -626,204 +737,23 @@
 
   // ---------------------------------------------------------------- tables
 
-  /// The cells of a table by row and column, with those that reach over several in each of their places.
-  function gridOf(table) {
-    const grid = [];
-    [...table.rows].forEach((row, r) => {
-      grid[r] ??= [];
-      let c = 0;
-      for (const cell of row.cells) {
-        while (grid[r][c])
-          ++c;
-        for (let down = 0; down < cell.rowSpan && r + down < table.rows.length; ++down)
-          for (let right = 0; right < cell.colSpan; ++right)
-            (grid[r + down] ??= [])[c + right] = { cell, row: r, column: c };
-        c += cell.colSpan;
-      }
-    });
-    return grid;
+  const tables = window.editorTables;
+
+  /// The cell around the cursor or around an element that is selected as a whole; null outside of tables.
+  function currentCell() {
+    const control = selectedControl();
+    const found = (control ? control.parentElement : parentElement()).closest("td,th");
+    return found && body.contains(found) ? found : null;
   }
 
-  const currentCell = () => closest("td,th");
-  const currentTable = () => closest("table");
-
+  /// The cells that the selection reaches into, all of one table: of the innermost around the selection.
   function selectedCells() {
-    const table = currentTable();
-    if (!table)
-      return [];
     const range = rangeOfSelection();
-    const cells = [...table.rows].flatMap(row => [...row.cells]);
-    const own = currentCell();
-    if (range.collapsed || (own && own.closest("table") === table))
-      return cells.filter(cell => cell === own);
-    return cells.filter(cell => range.intersectsNode(cell));
-  }
-
-  function placesOf(cells) {
-    const places = [];
-    if (cells.length > 0)
-      gridOf(cells[0].closest("table")).forEach((row, r) => row.forEach((place, c) => {
-        if (cells.includes(place.cell))
-          places.push({ ...place, r, c });
-      }));
-    return places;
-  }
-
-  function newCell(model) {
-    const cell = document.createElement(model?.tagName === "TH" ? "th" : "td");
-    for (const name of ["align", "valign", "bgcolor", "style", "class"])
-      if (model?.hasAttribute(name))
-        cell.setAttribute(name, model.getAttribute(name));
-    cell.innerHTML = "&nbsp;";
-    return cell;
-  }
-
-  function setSpan(cell, name, span) {
-    if (span > 1)
-      cell.setAttribute(name, span);
-    else
-      cell.removeAttribute(name);
-  }
-
-  /// The cell of a row that stands first at or behind a column; null at its end.
-  function cellFrom(gridRow, row, column) {
-    for (let c = column; c < gridRow.length; ++c)
-      if (gridRow[c]?.cell.parentElement === row)
-        return gridRow[c].cell;
-    return null;
-  }
-
-  function insertRow() {
     const cell = currentCell();
-    const table = cell.closest("table");
-    const grid = gridOf(table);
-    const r = Math.max(...placesOf([cell]).map(place => place.r));
-    const row = document.createElement("tr");
-    grid[r].forEach(({ cell: above, column }, c) => {
-      const goesOn = grid[r + 1]?.[c]?.cell === above;
-      if (goesOn && c === column)
-        above.rowSpan += 1;
-      else if (!goesOn && c >= column && c < column + above.colSpan)
-        row.append(newCell(above));
-    });
-    table.rows[r].after(row);
-    placeCursor(row.cells[0]);
-  }
-
-  function insertColumn() {
-    const cell = currentCell();
-    const table = cell.closest("table");
-    const grid = gridOf(table);
-    const c = Math.max(...placesOf([cell]).map(place => place.c));
-    const grown = new Set();
-    grid.forEach((gridRow, r) => {
-      const here = gridRow[c]?.cell;
-      if (here && gridRow[c + 1]?.cell === here) {
-        if (!grown.has(here))
-          here.colSpan += 1;
-        grown.add(here);
-      } else {
-        table.rows[r].insertBefore(newCell(here), cellFrom(gridRow, table.rows[r], c + 1));
-      }
-    });
-  }
-
-  function insertCell() {
-    const cell = currentCell();
-    cell.after(newCell(cell));
-  }
-
-  function deleteTableIfEmpty(table) {
-    for (const row of [...table.rows])
-      if (row.cells.length === 0)
-        row.remove();
-    if (table.rows.length === 0)
-      table.remove();
-  }
-
-  function deleteRows() {
-    const places = placesOf(selectedCells());
-    const table = currentTable();
-    const rows = [...new Set(places.map(place => place.r))].sort((a, b) => b - a);
-    for (const r of rows)
-      deleteRow(table, r);
-    deleteTableIfEmpty(table);
-  }
-
-  function deleteRow(table, r) {
-    const grid = gridOf(table);
-    const seen = new Set();
-    grid[r].forEach(({ cell, row, column }) => {
-      if (seen.has(cell) || cell.rowSpan === 1)
-        return;
-      seen.add(cell);
-      setSpan(cell, "rowspan", cell.rowSpan - 1);
-      if (row === r && table.rows[r + 1])
-        table.rows[r + 1].insertBefore(cell, cellFrom(grid[r + 1], table.rows[r + 1], column));
-    });
-    table.rows[r].remove();
-  }
-
-  function deleteColumns() {
-    const table = currentTable();
-    const columns = [...new Set(placesOf(selectedCells()).map(place => place.c))].sort((a, b) => b - a);
-    for (const c of columns)
-      for (const cell of new Set(gridOf(table).map(row => row[c]?.cell).filter(Boolean)))
-        if (cell.colSpan > 1)
-          setSpan(cell, "colspan", cell.colSpan - 1);
-        else
-          cell.remove();
-    deleteTableIfEmpty(table);
-  }
-
-  function deleteCells() {
-    const table = currentTable();
-    selectedCells().forEach(cell => cell.remove());
-    deleteTableIfEmpty(table);
-  }
-
-  /// The selected cells, when they fill a rectangle of their table; null otherwise.
-  function rectangle() {
-    const cells = selectedCells();
-    if (cells.length < 2)
-      return null;
-    const places = placesOf(cells);
-    const rows = places.map(place => place.r), columns = places.map(place => place.c);
-    const height = Math.max(...rows) - Math.min(...rows) + 1, width = Math.max(...columns) - Math.min(...columns) + 1;
-    return places.length === height * width ? { cells, height, width } : null;
-  }
-
-  function mergeCells() {
-    const { cells, height, width } = rectangle();
-    const table = cells[0].closest("table");
-    const [first, ...others] = cells;
-    for (const other of others) {
-      if (!isEmpty(other))
-        first.append(document.createElement("br"), ...other.childNodes);
-      other.remove();
-    }
-    setSpan(first, "colspan", width);
-    setSpan(first, "rowspan", height);
-    for (const row of [...table.rows])
-      if (row.cells.length === 0 && !gridOf(table)[row.rowIndex].length)
-        row.remove();
-    placeCursor(first);
-  }
-
-  function splitCell() {
-    const cell = currentCell();
-    if (cell.colSpan > 1) {
-      setSpan(cell, "colspan", cell.colSpan - 1);
-    } else {
-      const [{ c }] = placesOf([cell]);
-      const column = gridOf(cell.closest("table")).map(row => row[c]?.cell);
-      for (const other of new Set(column.filter(Boolean)))
-        if (other !== cell)
-          other.colSpan += 1;
-    }
-    const second = newCell(cell);
-    setSpan(second, "rowspan", cell.rowSpan);
-    cell.after(second);
+    const table = selectedControl() || range.collapsed ? null : parentElement().closest("table");
+    if (!table || !body.contains(table) || cell?.closest("table") === table)
+      return cell ? [cell] : [];
+    return [...table.rows].flatMap(row => [...row.cells]).filter(one => range.intersectsNode(one));
   }
 
   function placeCursor(element) {
@@ -831,13 +761,30 @@
       selection.collapse(element, 0);
   }
 
+  const onCell = work => () => placeCursor(work(currentCell()));
+  const onCells = work => () => {
+    const cells = selectedCells();
+    const table = cells[0].closest("table");
+    const place = document.createRange();
+    place.setStartBefore(table);
+    const cursor = work(cells);
+    if (cursor)
+      placeCursor(cursor);
+    else
+      selection.collapse(place.startContainer, place.startOffset);
+  };
+
+  const kMostCells = 10000;
+
   function insertTable({ rows, columns, tableAttributes, cellAttributes, caption }) {
+    if (rows < 1 || columns < 1 || rows * columns > kMostCells)
+      return false;
     const tag = (name, attributes) => `<${name}${attributes.trim() ? " " + attributes.trim() : ""}>`;
     const row = `<tr>${`${tag("td", cellAttributes)}&nbsp;</td>`.repeat(columns)}</tr>`;
     const head = caption ? `<caption>${escapeHtml(caption)}</caption>` : "";
     const fragment = fragmentOf(`${tag("table", tableAttributes)}${head}<tbody>${row.repeat(rows)}</tbody></table>`);
     const table = fragment.querySelector("table");
-    if (!table || rows < 1 || columns < 1)
+    if (!table || !hasPlace())
       return false;
     return edit(() => {
       insertFragment(fragment);
@@ -877,10 +824,18 @@
     } else {
       const { left, top } = element.getBoundingClientRect();
       style.position = "absolute";
-      style.left = `${Math.round(left + window.scrollX)}px`;
-      style.top = `${Math.round(top + window.scrollY)}px`;
+      style.left = `${overlay.onGrid(left + window.scrollX)}px`;
+      style.top = `${overlay.onGrid(top + window.scrollY)}px`;
     }
   }
+
+  const overlay = window.editorOverlay({
+    edit, isAbsolute, isLocked,
+    framed() {
+      const element = positionable();
+      return element && (selectedControl() || isAbsolute(element)) ? element : null;
+    },
+  });
 
   const layerOf = element => Number.parseInt(element.style.zIndex, 10) || 0;
 
@@ -999,6 +954,8 @@
 
   const ofTable = (condition, work) => ({ status: () => statusIf(condition()), run: () => edit(() => (work(), true)) });
 
+  const hasCells = () => selectedCells().length > 0;
+
   const ofLayer = layer => ({
     status: () => {
       const element = positionable();
@@ -1023,15 +980,44 @@
   const fontName = () => value("fontName").replace(/["']/g, "");
   const fontSize = () => value("fontSize");
 
-  function setLink(href) {
-    const link = closest("a[href]");
+  const currentLink = () => closest("a[href]");
+
+  function linkValues() {
+    const link = currentLink();
+    return { href: link?.getAttribute("href") ?? "", target: link?.getAttribute("target") ?? "" };
+  }
+
+  function setOrRemove(element, name, value) {
+    if (value)
+      element.setAttribute(name, value);
+    else
+      element.removeAttribute(name);
+  }
+
+  /// The selected text, or else the reference itself, becomes the link. `target` is set where it is given.
+  function setLink(href, target) {
+    const link = currentLink();
+    const before = new Set(body.querySelectorAll("a"));
     if (link)
       link.setAttribute("href", href);
     else if (selection.isCollapsed)
       insertFragment(linkTo(href));
+    else if (selectedControl())
+      wrapInLink(selectedControl(), href);
     else
       document.execCommand("createLink", false, href);
+    if (target !== undefined)
+      for (const made of link ? [link] : [...body.querySelectorAll("a")].filter(one => !before.has(one)))
+        setOrRemove(made, "target", target);
     return true;
+  }
+
+  function wrapInLink(element, href) {
+    const link = document.createElement("a");
+    link.setAttribute("href", href);
+    element.replaceWith(link);
+    link.append(element);
+    selectNode(element);
   }
 
   function linkTo(href) {
@@ -1041,8 +1027,8 @@
   }
 
   function removeLink() {
-    const link = closest("a[href]");
-    if (link && selection.isCollapsed)
+    const link = currentLink();
+    if (link && (selection.isCollapsed || selectedControl()))
       unwrap(link);
     else
       document.execCommand("unlink");
@@ -1054,15 +1040,27 @@
     return control?.tagName === "IMG" ? control : null;
   };
 
-  function setPicture(src) {
+  const kPictureAttributes = ["src", "alt", "width", "height", "align", "border"];
+
+  function pictureValues() {
+    const picture = selectedPicture();
+    const values = picture && Object.fromEntries(kPictureAttributes.map(name => [name, picture.getAttribute(name) ?? ""]));
+    return values && { ...values, naturalWidth: picture.naturalWidth, naturalHeight: picture.naturalHeight };
+  }
+
+  /// The selected picture gets other attributes, or a new one comes in place of the selection.
+  function setPicture({ src, ...others }) {
     const selected = selectedPicture();
-    if (selected) {
-      selected.setAttribute("src", src);
+    const picture = selected || document.createElement("img");
+    if (picture.getAttribute("src") !== src)
+      picture.setAttribute("src", src);
+    for (const name of kPictureAttributes)
+      if (others[name] !== undefined && (picture.getAttribute(name) ?? "") !== others[name])
+        setOrRemove(picture, name, others[name]);
+    if (selected)
       return true;
-    }
-    const picture = document.createElement("img");
-    picture.setAttribute("src", src);
-    picture.setAttribute("border", "0");
+    if (others.border === undefined)
+      picture.setAttribute("border", "0");
     const fragment = document.createDocumentFragment();
     fragment.append(picture);
     insertFragment(fragment);
@@ -1085,9 +1083,9 @@
     5002: { status: hasSelection },
     5003: { status: hasSelection, run: () => edit(() => (deleteSelection(), true)) },
     5004: { status: atPlace, run: () => edit(deleteForward) },
-    5005: ofTable(currentCell, deleteCells),
-    5006: ofTable(currentCell, deleteColumns),
-    5007: ofTable(currentCell, deleteRows),
+    5005: ofTable(hasCells, onCells(tables.deleteCells)),
+    5006: ofTable(hasCells, onCells(tables.deleteColumns)),
+    5007: ofTable(hasCells, onCells(tables.deleteRows)),
     5008: { status: always, run: find, value: () => selection.toString() },
     5009: { status: atPlace },
     5010: { status: atPlace, value: () => colourValue("backColor") },
@@ -1098,20 +1096,24 @@
     5015: { status: atPlace, value: () => colourValue("foreColor") },
     5016: {
       status: atPlace,
-      run: href => href !== "" && edit(() => setLink(href)),
-      value: () => closest("a[href]")?.getAttribute("href"),
+      run({ href, target } = {}) {
+        if (href)
+          return edit(() => setLink(href, target));
+        return currentLink() !== null && edit(removeLink);
+      },
+      value: () => currentLink()?.getAttribute("href"),
     },
     // The status tells whether a picture is selected; to insert one, none need be.
     5017: {
       status: () => statusIf(selectedPicture()),
-      run: src => src !== "" && edit(() => setPicture(src)),
+      run: values => Boolean(values?.src) && edit(() => setPicture(values)),
       alwaysRuns: true,
       value: () => selectedPicture()?.getAttribute("src"),
     },
     5018: ofEngine("indent"),
-    5019: ofTable(currentCell, insertCell),
-    5020: ofTable(currentCell, insertColumn),
-    5021: ofTable(currentCell, insertRow),
+    5019: ofTable(currentCell, onCell(tables.insertCell)),
+    5020: ofTable(currentCell, onCell(tables.insertColumn)),
+    5021: ofTable(currentCell, onCell(tables.insertRow)),
     5022: { status: atPlace },
     5023: ofEngine("italic"),
     5024: ofEngine("justifyCenter"),
@@ -1140,7 +1142,7 @@
       },
       run: () => edit(() => (toggleAbsolute(), true)),
     },
-    5029: ofTable(rectangle, mergeCells),
+    5029: ofTable(() => hasCells() && tables.canMerge(selectedCells()), onCells(tables.merge)),
     5030: ofEngine("insertOrderedList"),
     5031: ofEngine("outdent"),
     5032: { status: atPlace },
@@ -1158,16 +1160,33 @@
     5044: withArgument("fontName", fontName),
     5045: withArgument("fontSize", fontSize),
     5046: withArgument("foreColor", () => colourValue("foreColor")),
-    5047: ofTable(currentCell, splitCell),
+    5047: ofTable(currentCell, onCell(tables.split)),
     5048: ofEngine("underline"),
+    5101: { status: atPlace },
     5049: { status: () => statusIf(steps.length > 0), run: undo },
-    5050: { status: () => statusIf(closest("a[href]") || document.queryCommandEnabled("unlink")), run: () => edit(removeLink) },
+    5050: { status: () => statusIf(currentLink() || document.queryCommandEnabled("unlink")), run: () => edit(removeLink) },
     5051: ofEngine("insertUnorderedList"),
   };
 
-  /// From the cursor on, and once more from the top.
+  /// From the selection on, and once more from the top. All places are marked.
   function find(text) {
-    return text !== "" && window.find(text, false, false, true, false, false, false);
+    const hits = window.editorSearch.hits(body, text);
+    overlay.setMarks(hits);
+    if (hits.length === 0)
+      return false;
+    const present = rangeOfSelection();
+    const isBehind = hit => hit.compareBoundaryPoints(Range.END_TO_START, present) >= 0;
+    showHit(hits.find(isBehind) ?? hits[0]);
+    return true;
+  }
+
+  function showHit(hit) {
+    selection.removeAllRanges();
+    selection.addRange(hit);
+    const { top, bottom, left, right } = hit.getBoundingClientRect();
+    const isInSight = top >= 0 && bottom <= window.innerHeight && left >= 0 && right <= window.innerWidth;
+    if (!isInSight)
+      window.scrollBy(left < 0 || right > window.innerWidth ? left - window.innerWidth / 2 : 0, top - window.innerHeight / 2);
   }
 
   function display() {
@@ -1197,6 +1216,8 @@
     return style;
   }
   const colours = sheet(), rules = sheet(), marks = sheet();
+  // A picture that is selected has a frame; it stays to be seen.
+  sheet().textContent = "img::selection { background: transparent; }";
 
   const kBorders = `
     table:not([border]), table[border="0"], table:not([border]) > * > * > td, table[border="0"] > * > * > td,
@@ -1238,7 +1259,10 @@
 
   function onKeyDown(event) {
     const key = event.key.toLowerCase();
-    if ((event.ctrlKey || event.metaKey) && !event.altKey && (key === "z" || key === "y")) {
+    if (key === "escape") {
+      if (!overlay.cancel())
+        overlay.setMarks([]);
+    } else if ((event.ctrlKey || event.metaKey) && !event.altKey && (key === "z" || key === "y")) {
       event.preventDefault();
       (key === "z" && !event.shiftKey ? undo : redo)();
     } else if (/^(arrow|home|end|page)/.test(key)) {
@@ -1277,6 +1301,7 @@
   listen("keydown", () => ++arrivedKeys);
   listen("keydown", onKeyDown);
   listen("mousedown", closeStep);
+  listen("selectionchange", overlay.refresh);
   listen("click", event => { if (event.target.tagName === "IMG") selectNode(event.target); });
   listen("selectionchange", () => noteOnce("display"));
   listen("copy", setClipboard);
@@ -1293,13 +1318,14 @@
   selection.collapse(body, 0);
 
   const functions = {
-    ...reading, ...showing, display, exec, insertTable, paste, copySelection,
+    ...reading, ...showing, ...elements, display, exec, insertTable, paste, pasteText, copySelection, linkValues, pictureValues,
     pasteHtml(html) {
       if (selectedControl())
         return false;
       return edit(() => (insertFragment(fragmentOf(html)), true));
     },
-    insertPicture: src => edit(() => setPicture(src)),
+    insertPicture: src => edit(() => setPicture({ src })),
+    setSnapToGrid: on => overlay.setSnapToGrid(on),
   };
 
   window.editor = { call: (name, ...values) => functions[name](...values) };

@@ -103,13 +103,6 @@ void EditorTools::setFont(settings::ComboBox& box, int ListIndex, int number)
     surface_.execCommand(number, ui::Prompt::None, box.Text);
 }
 
-void EditorTools::editsub_Click(int Index)
-{
-  constexpr int kFindText = 8;
-  if (Index == kFindText)
-    surface_.execCommand(command::kFindText, ui::Prompt::Ask);
-}
-
 void EditorTools::ViewSub_Click(int Index)
 {
   if (Index == 0)

@@ -42,8 +42,6 @@ public:
   /// The entry of the box with this number has been chosen.
   void FontCombo_Click(int ListIndex);
   void FontSizeCombo_Click(int ListIndex);
-  /// Entry 8 asks for a text and looks for it behind the cursor.
-  void editsub_Click(int Index);
   /// Borders (0) or details (1) of the document are shown, or no more.
   void ViewSub_Click(int Index);
   bool ViewSubChecked(int Index) const;

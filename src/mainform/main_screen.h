@@ -7,6 +7,16 @@
 #include "publish/html_export_form.h"
 #include "shop/shop_form.h"
 
+namespace mrd::editor {
+class FormSuchenErsetzen;
+class FrmBild;
+class FrmSchriftart;
+class FrmTabelleneigenschaften;
+class FrmVerweis;
+class InsertHTMLDlg;
+class InsertTableDlg;
+} // namespace mrd::editor
+
 namespace mrd::pictures {
 class FrmFileScan;
 class formobjektanzeigen;
@@ -33,6 +43,7 @@ enum class Shown {
   Colours,  ///< the colours of swatches and previews, the framed swatch
   Tabs,     ///< `tabs().TabTree` and `tabs().tabHtml`
   Tools,    ///< states of Toolbar1, the two font boxes, captions of `FormatSub`
+  Menus,    ///< states of the entries of the editor's menus, and the caption of the first one for positioning
   Caption,  ///< the window's caption alone
 };
 
@@ -66,8 +77,16 @@ public:
   virtual void showModal(publish::frmHTMLExport& form) = 0;
   virtual void showModal(imode::frmimode& form) = 0;
 
+  virtual void showModal(editor::FrmBild& form) = 0;
+  virtual void showModal(editor::FrmSchriftart& form) = 0;
+  virtual void showModal(editor::FrmTabelleneigenschaften& form) = 0;
+  virtual void showModal(editor::FrmVerweis& form) = 0;
+  virtual void showModal(editor::InsertHTMLDlg& form) = 0;
+  virtual void showModal(editor::InsertTableDlg& form) = 0;
+
   // Returns at once; the window stays beside the main one, and a form object that has one already is brought to the front.
 
+  virtual void show(editor::FormSuchenErsetzen& form) = 0;
   virtual void show(pictures::FrmFileScan& form) = 0;
   virtual void show(pictures::formobjektanzeigen& form) = 0;
   /// Makes the window that comes up by itself while there is work.

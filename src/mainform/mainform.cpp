@@ -35,7 +35,9 @@ Mainform::Mainform(Program& program, const Seams& seams)
       colours_({program.ui, seams.DHTMLEdit1, seams.screen, project_.fields(), pages_.document}),
       help_(program.files, program.language, seams.shell),
       tabs_({project_, pages_, seams.screen, help_}, [this] { colours_.farbenaktualisieren(); }),
-      tools_(program.ui, seams.DHTMLEdit1, seams.screen), files_({program.language, pages_, seams.screen}),
+      tools_(program.ui, seams.DHTMLEdit1, seams.screen),
+      editor_({project_, pages_, tabs_, seams.screen, seams.dialogs, seams.tbhtml}),
+      files_({program.language, pages_, seams.screen}),
       settings_({project_, seams.screen, seams.DHTMLEdit1}, [this] { colours_.farbenaktualisieren(); }),
       imodeHead_(project_.fields(), program.ui), treeMouse_({project_, pages_, seams.dialogs, help_}),
       drafts_(project_, pages_, tabs_),
@@ -45,6 +47,7 @@ Mainform::Mainform(Program& program, const Seams& seams)
 {
   seams_.dialogs.prepare(pictures_.converter());
   seams_.DHTMLEdit1.setEvents(surfaceEvents());
+  seams_.DHTMLEdit1.setPrompts(editor_.prompts());
 }
 
 ProjectHooks Mainform::projectHooks()
@@ -79,6 +82,8 @@ ui::SurfaceEvents Mainform::surfaceEvents()
   events.documentComplete = [this] { tools_.DocumentComplete(); };
   events.displayChanged = [this] { tools_.DisplayChanged(); };
   events.changed = [this] { pages_.changed(); };
+  events.showContextMenu = [this](int x, int y) { command("ShowContextMenu", [&] { editor_.ShowContextMenu(x, y); }); };
+  events.contextMenuAction = [this](int index) { command("ContextMenuAction", [&] { editor_.ContextMenuAction(index); }); };
   events.storePicture = [this](std::string_view bytes, std::string_view mimeType) { return storePicture(bytes, mimeType); };
   events.restored = [this] { program_.language.GetMsg(kMessageSurfaceRestored); };
   return events;
@@ -89,7 +94,8 @@ std::optional<std::string> Mainform::storePicture(std::string_view bytes, std::s
   std::optional<std::string> reference;
   command("storePicture", [&] {
     if (project_.isOpen())
-      reference = storePastedPicture(project_.fields().tbpfadexport, pagetree::idOf(pages_.LastActivePage()), bytes, mimeType);
+      reference = storePastedPicture(pictures::storedConversion(seams_.userSettings), project_.fields(), pages_.LastActivePage(),
+                                     bytes, mimeType);
     if (!reference)
       program_.language.GetMsg(kMessagePictureRefused, mimeType, "R");
   });
@@ -396,6 +402,16 @@ void Mainform::showAbout()
   seams_.dialogs.showModal(about);
 }
 
+void Mainform::menuOpens(std::string_view menu)
+{
+  command("menuOpens", [&] { editor_.menuOpens(menu); });
+}
+
+void Mainform::findNext()
+{
+  command("findNext", [&] { editor_.findNext(); });
+}
+
 // --- shop and auction
 
 void Mainform::mnuShop_Click()
@@ -471,7 +487,25 @@ void Mainform::menu_Click(std::string_view name, std::optional<int> index)
       Entry{"NewProject", [](Mainform& window, int) { window.NewProject_Click(); }},
       Entry{"OpenProject", [](Mainform& window, int) { window.OpenProject_Click(); }},
       Entry{"FileExit", [](Mainform& window, int) { window.FileExit_Click(); }},
-      Entry{"editsub", [](Mainform& window, int entry) { window.tools_.editsub_Click(entry); }},
+      Entry{"editsub",
+            [](Mainform& window, int entry) { window.command("editsub_Click", [&] { window.editor_.editsub_Click(entry); }); }},
+      Entry{"InsertSub1", [](Mainform& window,
+                             int entry) { window.command("InsertSub1_Click", [&] { window.editor_.InsertSub1_Click(entry); }); }},
+      Entry{"FormatSub",
+            [](Mainform& window, int entry) {
+              const auto& names = window.tools_.FormatSub;
+              if (static_cast<std::size_t>(entry) < names.size())
+                window.command("FormatSub_Click",
+                               [&] { window.editor_.FormatSub_Click(entry, names[static_cast<std::size_t>(entry)]); });
+            }},
+      Entry{"TableSub",
+            [](Mainform& window, int entry) { window.command("TableSub_Click", [&] { window.editor_.TableSub_Click(entry); }); }},
+      Entry{"mnuTableProperties",
+            [](Mainform& window, int) {
+              window.command("mnuTableProperties_Click", [&] { window.editor_.mnuTableProperties_Click(); });
+            }},
+      Entry{"D2DSub",
+            [](Mainform& window, int entry) { window.command("D2DSub_Click", [&] { window.editor_.D2DSub_Click(entry); }); }},
       Entry{"ViewSub", [](Mainform& window, int entry) { window.tools_.ViewSub_Click(entry); }},
       Entry{"pixsub",
             [](Mainform& window, int entry) { window.command("pixsub_Click", [&] { window.pictures_.pixsub_Click(entry); }); }},

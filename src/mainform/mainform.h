@@ -5,6 +5,7 @@
 #include "generator/html_export.h"
 #include "imode/head_frame.h"
 #include "mainform/draft_keeper.h"
+#include "mainform/editor_commands.h"
 #include "mainform/editor_tabs.h"
 #include "mainform/editor_tools.h"
 #include "mainform/file_commands.h"
@@ -37,6 +38,7 @@ public:
     MainScreen& screen;
     Dialogs& dialogs;
     ui::EditingSurface& DHTMLEdit1;
+    ui::SourceField& tbhtml;
     ui::TreeControl& TreeView1;
     ui::Shell& shell;
     files::UserSettings& userSettings;
@@ -54,6 +56,7 @@ public:
   TreeMouse& treeMouse() { return treeMouse_; }
   EditorTabs& tabs() { return tabs_; }
   EditorTools& tools() { return tools_; }
+  EditorCommands& editor() { return editor_; }
   FileCommands& files() { return files_; }
   SettingsTabs& settings() { return settings_; }
   SiteColours& colours() { return colours_; }
@@ -94,6 +97,10 @@ public:
   void Toolbar3_ButtonClick(std::string_view Key);
   /// The command of a menu entry, by its name and number; an entry that has none does nothing.
   void menu_Click(std::string_view name, std::optional<int> index);
+  /// A menu is about to open; its entries show what can be done.
+  void menuOpens(std::string_view menu);
+  /// The last search of the page or its source once more.
+  void findNext();
   /// Saves the page that is open, generates it and shows it.
   void seitenvorschau();
   /// Saves the page, and shows the dialog that generates the site.
@@ -139,6 +146,7 @@ private:
   Help help_;
   EditorTabs tabs_;
   EditorTools tools_;
+  EditorCommands editor_;
   FileCommands files_;
   SettingsTabs settings_;
   imode::HeadFrame imodeHead_;

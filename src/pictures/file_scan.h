@@ -42,6 +42,9 @@ struct FileScanHooks {
   std::function<void()> inserted = [] {};
 };
 
+/// The options of conversion that the user left in the window.
+ConversionOptions storedConversion(const files::UserSettings& settings);
+
 class FrmFileScan : public InsertionOptions {
 public:
   /// `refresh` comes often during a scan, with lists that have only grown.

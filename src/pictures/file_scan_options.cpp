@@ -55,11 +55,13 @@ constexpr Option forgottenChoice(std::string_view key)
   return option;
 }
 
+constexpr std::string_view kWidth = "pix_width", kQuality = "pix_quality", kConvert = "pix_convert";
+
 using Form = FrmFileScan;
 const std::array kOptions{
-    text<&Form::tbpixel>("pix_width", "580"),
-    number<&Form::Slider1>("pix_quality", "35"),
-    choice<&Form::opkonvertieren>("pix_convert"),
+    text<&Form::tbpixel>(kWidth, "580"),
+    number<&Form::Slider1>(kQuality, "35"),
+    choice<&Form::opkonvertieren>(kConvert),
     checkBox<&Form::CheckSubDir>("pix_CheckSubDir", "1"),
     checkBox<&Form::CheckAlle>("pix_CheckAlle", "0"),
     checkBox<&Form::CheckBilder>("pix_CheckBilder", "1"),
@@ -79,6 +81,15 @@ const std::array kOptions{
 };
 
 } // namespace
+
+ConversionOptions storedConversion(const files::UserSettings& settings)
+{
+  ConversionOptions options;
+  options.tbpixel = settings.value(kSection, kWidth, options.tbpixel);
+  options.Slider1 = static_cast<int>(base::numericValue(settings.value(kSection, kQuality, base::format("{}", options.Slider1))));
+  options.opkonvertieren = base::yesNo(settings.value(kSection, kConvert, "True"));
+  return options;
+}
 
 void FrmFileScan::Form_Load()
 {

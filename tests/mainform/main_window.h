@@ -3,12 +3,19 @@
 
 #include "base/errors.h"
 #include "editor/document_surface.h"
+#include "editor/font_dialog.h"
+#include "editor/insert_html.h"
+#include "editor/insert_table.h"
+#include "editor/link_dialog.h"
+#include "editor/picture_dialog.h"
+#include "editor/table_properties.h"
 #include "mainform/about.h"
 #include "mainform/assistant.h"
 #include "mainform/mainform.h"
 #include "open_window.h"
 #include "pagetree/page_id.h"
 #include "pagetree/plain_tree.h"
+#include "support/plain_source.h"
 
 #include <gtest/gtest.h>
 
@@ -100,6 +107,12 @@ struct UsedDialogs : Dialogs {
   std::function<void(publish::frmHTMLExport&)> exporting;
   std::function<void(imode::frmimode&)> exportingImode;
   std::function<void(shop::frmmrdshop&)> shop;
+  std::function<void(editor::FrmBild&)> picture;
+  std::function<void(editor::FrmSchriftart&)> font;
+  std::function<void(editor::FrmTabelleneigenschaften&)> tableProperties;
+  std::function<void(editor::FrmVerweis&)> link;
+  std::function<void(editor::InsertHTMLDlg&)> insertHtml;
+  std::function<void(editor::InsertTableDlg&)> insertTable;
   int shown = 0;
   /// Windows beside the main one that were brought up.
   std::vector<std::string> beside;
@@ -109,6 +122,13 @@ struct UsedDialogs : Dialogs {
   void showModal(pagetree::frmMove1& form) override { use(move, form, "frmMove1"); }
   void showModal(publish::frmHTMLExport& form) override { use(exporting, form, "frmHTMLExport"); }
   void showModal(imode::frmimode& form) override { use(exportingImode, form, "frmimode"); }
+  void showModal(editor::FrmBild& form) override { use(picture, form, "FrmBild"); }
+  void showModal(editor::FrmSchriftart& form) override { use(font, form, "FrmSchriftart"); }
+  void showModal(editor::FrmTabelleneigenschaften& form) override { use(tableProperties, form, "FrmTabelleneigenschaften"); }
+  void showModal(editor::FrmVerweis& form) override { use(link, form, "FrmVerweis"); }
+  void showModal(editor::InsertHTMLDlg& form) override { use(insertHtml, form, "InsertHTMLDlg"); }
+  void showModal(editor::InsertTableDlg& form) override { use(insertTable, form, "InsertTableDlg"); }
+  void show(editor::FormSuchenErsetzen&) override { beside.emplace_back("FormSuchenErsetzen"); }
   void show(pictures::FrmFileScan&) override { beside.emplace_back("FrmFileScan"); }
   void show(pictures::formobjektanzeigen&) override { beside.emplace_back("formobjektanzeigen"); }
   void prepare(pictures::frmBildkonvertierer&) override {}
@@ -160,10 +180,35 @@ struct UsedSurface : editor::DocumentSurface {
     colours = std::string(background) + " " + std::string(text);
   }
   void setStyleRules(std::string_view css) override { rules = css; }
-  bool execCommand(int command, ui::Prompt, std::string_view argument) override
+  void setPrompts(ui::SurfacePrompts wanted) override { prompts = std::move(wanted); }
+  ui::SelectionType selectionType() const override { return selected ? ui::SelectionType::Control : ui::SelectionType::Text; }
+  std::string selectedText() const override { return markedText; }
+  bool pasteHtml(std::string_view html) override
   {
+    pasted.emplace_back(html);
+    return !selected && DocumentSurface::pasteHtml(html);
+  }
+  /// The element with this id is the one around the cursor, or the one that is selected.
+  std::optional<ui::PageElement> byId(const std::string& id) const
+  {
+    const auto element = const_cast<UsedSurface&>(*this).document().elementById(id);
+    return element ? std::optional(numbered(*element)) : std::nullopt;
+  }
+  std::optional<ui::PageElement> parentElement() const override { return selected ? std::nullopt : byId(cursor); }
+  std::optional<ui::PageElement> selectedElement() const override { return selected ? byId(*selected) : std::nullopt; }
+  void showContextMenu(int, int, const std::vector<ui::ContextMenuEntry>& entries) override { contextMenu = entries; }
+  bool insertTable(const ui::NewTable& table) override
+  {
+    tables.push_back(table);
+    return takesTables;
+  }
+  bool snapToGrid() const override { return snaps; }
+  void setSnapToGrid(bool snap) override { snaps = snap; }
+  bool execCommand(int command, ui::Prompt prompt, std::string_view argument) override
+  {
+    prompted = prompt == ui::Prompt::Ask;
     executed.push_back(std::to_string(command) + (argument.empty() ? "" : " " + std::string(argument)));
-    return true;
+    return succeeds;
   }
   int queryStatus(int command) const override
   {
@@ -194,6 +239,13 @@ struct UsedSurface : editor::DocumentSurface {
   std::vector<std::string> executed, formats;
   std::map<int, int> statuses;
   std::map<int, std::string> values;
+  ui::SurfacePrompts prompts;
+  std::string cursor = "cursor", markedText;
+  std::optional<std::string> selected;
+  std::vector<std::string> pasted;
+  std::vector<ui::ContextMenuEntry> contextMenu;
+  std::vector<ui::NewTable> tables;
+  bool takesTables = true, snaps = false, prompted = false, succeeds = true;
   bool failing = false, borders = false, details = false;
   int focused = 0;
 };
@@ -268,10 +320,11 @@ struct MainWindow : Surroundings {
   RecordedScreen screen;
   UsedDialogs dialogs;
   UsedSurface surface;
+  support::PlainSource source;
   UsedTree tree;
   RecordedShell shell;
   RecordedClipboard clipboard;
-  mutable Mainform window{program, {screen, dialogs, surface, tree, shell, userSettings, clipboard}};
+  mutable Mainform window{program, {screen, dialogs, surface, source, tree, shell, userSettings, clipboard}};
 };
 
 /// The same with a project of some pages, open.

@@ -1,5 +1,6 @@
 #include "main_window.h"
 #include "mainform/menu_table.h"
+#include "platform/image/image.h"
 #include "platform/ui/editing_commands.h"
 
 #include <gmock/gmock.h>
@@ -14,6 +15,15 @@ namespace command = ui::command;
 
 struct ToolsTest : testing::Test, OpenMainWindow {
   ToolsTest() { start(); }
+
+  /// Bytes of a picture.
+  std::string jpeg(int width, int height)
+  {
+    auto picture = image::Image::create(width, height);
+    picture.fill({10, 200, 30});
+    picture.saveJpeg(directory.file("quelle.jpg"), 2);
+    return directory.read("quelle.jpg");
+  }
 
   const ButtonState& button(std::string_view key)
   {
@@ -138,13 +148,36 @@ TEST_F(ToolsTest, tell_that_the_page_view_came_back)
   surface.events.restored();
 }
 
-TEST_F(ToolsTest, keep_a_pasted_picture_beside_the_pages_pictures)
+TEST_F(ToolsTest, bring_a_pasted_picture_into_pix_on_the_way_of_all_pictures)
 {
   click("@01");
+  const auto small = jpeg(40, 30), large = jpeg(900, 300);
+  userSettings.setValue("Settings", "pix_width", "200");
 
-  EXPECT_EQ(surface.events.storePicture("PNG-Daten", "image/png"), "file://" + directory.file("site\\pix/01_bild_1.png"));
-  EXPECT_EQ(surface.events.storePicture("mehr", "image/png"), "file://" + directory.file("site\\pix/01_bild_2.png"));
-  EXPECT_EQ(directory.read("site/pix/01_bild_1.png"), "PNG-Daten");
+  EXPECT_EQ(surface.events.storePicture(small, "image/jpeg"), "file://" + directory.file("site\\pix/bild_1.jpg"));
+  EXPECT_EQ(surface.events.storePicture(large, "image/jpeg"), "file://" + directory.file("site\\pix/01_bild_2_200.jpg"));
+  EXPECT_EQ(surface.events.storePicture(large, "image/jpeg"), "file://" + directory.file("site\\pix/01_bild_3_200.jpg"));
+  const auto size = image::Image::sizeOf(directory.file("site\\pix\\01_bild_2_200.jpg"));
+  EXPECT_EQ(size.width, 200);
+  EXPECT_FALSE(std::filesystem::exists(directory.native() / "site/pix/~eingefuegt.jpg"));
+}
+
+TEST_F(ToolsTest, keep_a_pasted_picture_as_it_is_where_none_are_converted)
+{
+  click("@01");
+  const auto picture = jpeg(900, 300);
+  userSettings.setValue("Settings", "pix_convert", "False");
+
+  EXPECT_EQ(surface.events.storePicture(picture, "image/jpeg"), "file://" + directory.file("site\\pix/01_bild_1.jpg"));
+  EXPECT_EQ(directory.read("site/pix/01_bild_1.jpg"), picture);
+}
+
+TEST_F(ToolsTest, refuse_a_pasted_picture_that_is_damaged)
+{
+  click("@01");
+  ui.expect(110, "image/png");
+
+  EXPECT_EQ(surface.events.storePicture("PNG-Daten", "image/png"), std::nullopt);
 }
 
 TEST_F(ToolsTest, refuse_a_pasted_thing_that_no_page_shows)

@@ -4,6 +4,9 @@
 #include "desktop/editing/deep_nesting.h"
 #include "platform/ui/editing_commands.h"
 
+#include <QJsonObject>
+
+#include <array>
 #include <utility>
 
 namespace mrd::desktop {
@@ -22,6 +25,18 @@ constexpr int kKeysMs = 300;
 /// A page that ends its process so often in a row is not shown any more.
 constexpr int kMaxBreakdowns = 5;
 constexpr int kHealthyMs = 10000;
+
+struct PictureValue {
+  const char* name;
+  std::string ui::PictureValues::*field;
+};
+constexpr std::array kPictureValues{
+    PictureValue{"src", &ui::PictureValues::src},     PictureValue{"alt", &ui::PictureValues::alt},
+    PictureValue{"width", &ui::PictureValues::width}, PictureValue{"height", &ui::PictureValues::height},
+    PictureValue{"align", &ui::PictureValues::align}, PictureValue{"border", &ui::PictureValues::border},
+};
+
+std::string text(const QVariantMap& values, const char* name) { return values[name].toString().toStdString(); }
 
 } // namespace
 
@@ -140,6 +155,7 @@ void EditedDocument::showStyles()
   page_->tell("setColours", {qtText(background), qtText(foreground)});
   page_->tell("setRules", {qtText(rules)});
   page_->tell("setMarks", {borders, details});
+  page_->tell("setSnapToGrid", {snaps});
 }
 
 void EditedDocument::sendBody()
@@ -317,17 +333,53 @@ bool EditedDocument::chooseFont()
   return hasName || hasSize;
 }
 
+bool EditedDocument::askForLink()
+{
+  const auto present = ask("linkValues");
+  if (!present)
+    return false;
+  const auto values = present->toMap();
+  const auto link = prompts.link({text(values, "href"), text(values, "target")});
+  return link && run(command::kHyperlink, QJsonObject{{"href", qtText(link->href)}, {"target", qtText(link->target)}});
+}
+
+bool EditedDocument::askForPicture()
+{
+  const auto present = ask("pictureValues");
+  if (!present)
+    return false;
+  const auto values = present->toMap();
+  ui::PictureValues picture;
+  for (const auto& [name, field] : kPictureValues)
+    picture.*field = text(values, name);
+  picture.naturalWidth = values["naturalWidth"].toInt();
+  picture.naturalHeight = values["naturalHeight"].toInt();
+  const auto chosen = prompts.picture(picture);
+  if (!chosen)
+    return false;
+  QJsonObject attributes;
+  for (const auto& [name, field] : kPictureValues)
+    attributes[name] = qtText((*chosen).*field);
+  return run(command::kPicture, attributes);
+}
+
 /// Commands that ask nothing run as they are.
 bool EditedDocument::runWithPrompt(int command, std::string_view given)
 {
-  std::optional<std::string> argument(given);
   if (command == command::kHyperlink)
-    argument = prompts.link(value(command));
-  else if (command == command::kPicture)
-    argument = prompts.picture(value(command));
-  else if (command == command::kFindText)
-    argument = prompts.searchText(value(command));
-  return argument && run(command, qtText(*argument));
+    return askForLink();
+  if (command == command::kPicture)
+    return askForPicture();
+  if (command != command::kFindText)
+    return run(command, qtText(given));
+  const auto searched = prompts.searchText(value(command));
+  return searched && run(command, qtText(*searched));
+}
+
+void EditedDocument::takeDisplay()
+{
+  if (const auto answer = ask("display"); answer && answer->isValid())
+    display = answer->toMap();
 }
 
 bool EditedDocument::copy()
@@ -347,6 +399,12 @@ bool EditedDocument::paste()
   if (content.html.isEmpty() && content.text.isEmpty())
     return false;
   return ask("paste", {qtText(withBoundedDepth(content.html.toStdString())), content.text}).value_or(false).toBool();
+}
+
+bool EditedDocument::pasteText()
+{
+  const QString text = clipboardContent().text;
+  return !text.isEmpty() && ask("pasteText", {text}).value_or(false).toBool();
 }
 
 bool EditedDocument::pastePicture(const ClipboardPicture& picture)

@@ -43,9 +43,11 @@ public:
 
   bool run(int command, const QJsonValue& argument);
   bool runWithPrompt(int command, std::string_view given);
+  void takeDisplay();
   bool chooseFont();
   bool copy();
   bool paste();
+  bool pasteText();
   bool pastePicture(const ClipboardPicture& picture);
   std::string value(int command) const;
 
@@ -53,12 +55,14 @@ public:
   ui::SurfacePrompts prompts;
   std::string language = "GER";
   std::string background, foreground, rules;
-  bool borders = false, details = false;
+  bool borders = false, details = false, snaps = false;
   bool busy = true;
   QVariantMap display;
   QWebEngineView view;
 
 private:
+  bool askForLink();
+  bool askForPicture();
   void connectNotes();
   void later(std::function<void()> work);
   void openPage();

@@ -68,7 +68,9 @@ void EditedPage::installScript()
   script.setWorldId(kWorld);
   script.setInjectionPoint(QWebEngineScript::DocumentReady);
   script.setRunsOnSubFrames(false);
-  script.setSourceCode(resourceText(":/qtwebchannel/qwebchannel.js") + resourceText(":/editor/editor.js"));
+  script.setSourceCode(resourceText(":/qtwebchannel/qwebchannel.js") + resourceText(":/editor/tables.js") +
+                       resourceText(":/editor/search.js") + resourceText(":/editor/overlay.js") +
+                       resourceText(":/editor/editor.js"));
   scripts().insert(script);
 }
 

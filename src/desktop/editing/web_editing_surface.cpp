@@ -7,6 +7,7 @@
 #include "platform/ui/editing_commands.h"
 
 #include <QJsonObject>
+#include <QMenu>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -19,6 +20,11 @@ namespace command = ui::command;
 std::optional<std::string> optionalText(const std::optional<QVariant>& value)
 {
   return value && value->typeId() == QMetaType::QString ? std::optional(systemText(*value)) : std::nullopt;
+}
+
+std::optional<int> optionalNumber(const std::optional<QVariant>& value)
+{
+  return value && value->isValid() && !value->isNull() ? std::optional(value->toInt()) : std::nullopt;
 }
 
 } // namespace
@@ -90,6 +96,87 @@ std::optional<std::string> WebEditingSurface::textOfElement(std::string_view ele
   return element ? std::optional(element->innerText()) : std::nullopt;
 }
 
+// --- elements
+
+std::optional<ui::PageElement> WebEditingSurface::element(const char* function) const
+{
+  const auto number = optionalNumber(document_->ask(function));
+  // The surface is the access to its own elements; who has one may change it.
+  auto& access = const_cast<ui::ElementAccess&>(static_cast<const ui::ElementAccess&>(*this));
+  return number ? std::optional(ui::PageElement(access, *number)) : std::nullopt;
+}
+
+std::optional<ui::PageElement> WebEditingSurface::parentElement() const { return element("elementAround"); }
+std::optional<ui::PageElement> WebEditingSurface::selectedElement() const { return element("elementSelected"); }
+void WebEditingSurface::beginStep() { document_->ask("beginStep"); }
+void WebEditingSurface::endStep() { document_->ask("endStep"); }
+
+std::string WebEditingSurface::tagName(int element) const
+{
+  return optionalText(document_->ask("elementTag", {element})).value_or("");
+}
+
+std::optional<std::string> WebEditingSurface::getAttribute(int element, std::string_view name) const
+{
+  return optionalText(document_->ask("elementAttribute", {element, qtText(name)}));
+}
+
+void WebEditingSurface::setAttribute(int element, std::string_view name, std::string_view value)
+{
+  document_->ask("setElementAttribute", {element, qtText(name), qtText(value)});
+}
+
+void WebEditingSurface::removeAttribute(int element, std::string_view name)
+{
+  document_->ask("removeElementAttribute", {element, qtText(name)});
+}
+
+void WebEditingSurface::setStyle(int element, std::string_view name, std::string_view value)
+{
+  document_->ask("setElementStyle", {element, qtText(name), qtText(value)});
+}
+
+std::string WebEditingSurface::outerHTML(int element) const
+{
+  return optionalText(document_->ask("elementHtml", {element})).value_or("");
+}
+
+std::optional<int> WebEditingSurface::parentOf(int element) const
+{
+  return optionalNumber(document_->ask("elementParent", {element}));
+}
+
+std::vector<int> WebEditingSurface::childrenOf(int element) const
+{
+  std::vector<int> all;
+  for (const QVariant& child : document_->ask("elementChildren", {element}).value_or(QVariantList()).toList())
+    all.push_back(child.toInt());
+  return all;
+}
+
+// --- commands
+
+void WebEditingSurface::showContextMenu(int x, int y, const std::vector<ui::ContextMenuEntry>& entries)
+{
+  delete contextMenu_;
+  contextMenu_ = new QMenu(this);
+  contextMenu_->setObjectName("ContextMenu");
+  contextMenu_->setAttribute(Qt::WA_DeleteOnClose);
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (entries[i].isSeparator) {
+      contextMenu_->addSeparator();
+      continue;
+    }
+    auto* const action = contextMenu_->addAction(qtText(entries[i].caption));
+    action->setEnabled(entries[i].state >= command::kEnabled);
+    // After the menu has gone: the command may open a window.
+    connect(
+        action, &QAction::triggered, this, [this, index = static_cast<int>(i)] { document_->events.contextMenuAction(index); },
+        Qt::QueuedConnection);
+  }
+  contextMenu_->popup(mapToGlobal(QPoint(x, y)));
+}
+
 bool WebEditingSurface::execCommand(int command, ui::Prompt prompt, std::string_view argument)
 {
   switch (command) {
@@ -99,6 +186,14 @@ bool WebEditingSurface::execCommand(int command, ui::Prompt prompt, std::string_
     return document_->copy() && document_->run(command, {});
   case command::kPaste:
     return document_->paste();
+  case command::kPasteText:
+    return document_->pasteText();
+  case command::kHyperlink:
+    return prompt == ui::Prompt::Ask ? document_->runWithPrompt(command, argument)
+                                     : !argument.empty() && document_->run(command, QJsonObject{{"href", qtText(argument)}});
+  case command::kPicture:
+    return prompt == ui::Prompt::Ask ? document_->runWithPrompt(command, argument)
+                                     : document_->run(command, QJsonObject{{"src", qtText(argument)}});
   case command::kFont:
     return prompt == ui::Prompt::Ask && document_->chooseFont();
   case command::kInsertTable:
@@ -116,6 +211,8 @@ int WebEditingSurface::queryStatus(int command) const
 {
   return document_->display["status"].toMap().value(QString::number(command), command::kNotSupported).toInt();
 }
+
+void WebEditingSurface::refreshStatus() { document_->takeDisplay(); }
 
 std::string WebEditingSurface::commandValue(int command) const
 {
@@ -150,6 +247,14 @@ void WebEditingSurface::setShowBorders(bool show)
 void WebEditingSurface::setShowDetails(bool show)
 {
   document_->details = show;
+  document_->showStyles();
+}
+
+bool WebEditingSurface::snapToGrid() const { return document_->snaps; }
+
+void WebEditingSurface::setSnapToGrid(bool snap)
+{
+  document_->snaps = snap;
   document_->showStyles();
 }
 

@@ -2,9 +2,12 @@
 
 #include "platform/ui/editing_surface.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <memory>
+
+class QMenu;
 
 namespace mrd::desktop {
 
@@ -12,7 +15,7 @@ class EditedDocument;
 
 /// The editing surface on the web engine. The document lives in a process of its own; the surface keeps a copy of its text that
 /// is never older than a moment, and comes back with it when that process ends.
-class WebEditingSurface : public QWidget, public ui::EditingSurface {
+class WebEditingSurface : public QWidget, public ui::EditingSurface, private ui::ElementAccess {
 public:
   /// To be called before the application object is made.
   static void prepareEngine();
@@ -42,8 +45,16 @@ public:
   std::optional<std::string> textAroundCursor(std::string_view elementId) const override;
   std::optional<std::string> textOfElement(std::string_view elementId) const override;
 
+  std::optional<ui::PageElement> parentElement() const override;
+  std::optional<ui::PageElement> selectedElement() const override;
+  void beginStep() override;
+  void endStep() override;
+
+  void showContextMenu(int x, int y, const std::vector<ui::ContextMenuEntry>& entries) override;
+
   bool execCommand(int command, ui::Prompt prompt = ui::Prompt::None, std::string_view argument = {}) override;
   int queryStatus(int command) const override;
+  void refreshStatus() override;
   std::string commandValue(int command) const override;
   std::vector<std::string> blockFormatNames() const override;
   bool insertTable(const ui::NewTable& table) override;
@@ -52,12 +63,25 @@ public:
   void setShowBorders(bool show) override;
   bool showDetails() const override;
   void setShowDetails(bool show) override;
+  bool snapToGrid() const override;
+  void setSnapToGrid(bool snap) override;
 
   using QWidget::setFocus;
   void setFocus() override;
 
 private:
+  std::string tagName(int element) const override;
+  std::optional<std::string> getAttribute(int element, std::string_view name) const override;
+  void setAttribute(int element, std::string_view name, std::string_view value) override;
+  void removeAttribute(int element, std::string_view name) override;
+  void setStyle(int element, std::string_view name, std::string_view value) override;
+  std::string outerHTML(int element) const override;
+  std::optional<int> parentOf(int element) const override;
+  std::vector<int> childrenOf(int element) const override;
+  std::optional<ui::PageElement> element(const char* function) const;
+
   std::unique_ptr<EditedDocument> document_;
+  QPointer<QMenu> contextMenu_;
 };
 
 } // namespace mrd::desktop

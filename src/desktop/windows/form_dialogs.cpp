@@ -2,14 +2,21 @@
 
 #include "desktop/windows/about_window.h"
 #include "desktop/windows/assistent_window.h"
+#include "desktop/windows/bild_window.h"
 #include "desktop/windows/bildkonvertierer_window.h"
 #include "desktop/windows/file_scan_window.h"
 #include "desktop/windows/html_export_window.h"
 #include "desktop/windows/imode_window.h"
+#include "desktop/windows/insert_html_window.h"
+#include "desktop/windows/insert_table_window.h"
 #include "desktop/windows/mainform_window.h"
 #include "desktop/windows/move_window.h"
 #include "desktop/windows/objekt_anzeigen_window.h"
+#include "desktop/windows/schriftart_window.h"
 #include "desktop/windows/shop_window.h"
+#include "desktop/windows/suchen_ersetzen_window.h"
+#include "desktop/windows/tabelleneigenschaften_window.h"
+#include "desktop/windows/verweis_window.h"
 
 #include <QApplication>
 #include <QKeySequence>
@@ -42,6 +49,7 @@ FormDialogs::~FormDialogs() = default;
 
 void FormDialogs::closeAll()
 {
+  search_.reset();
   fileScan_.reset();
   viewer_.reset();
   converter_.reset();
@@ -77,6 +85,55 @@ void FormDialogs::showModal(imode::frmimode& form)
   FrmImodeWindow dialog(form, &owner_);
   if (dialog.isLoaded())
     run(dialog, owner_);
+}
+
+void FormDialogs::showModal(editor::FrmBild& form)
+{
+  BildWindow dialog(form, &owner_);
+  run(dialog, owner_);
+}
+
+void FormDialogs::showModal(editor::FrmSchriftart& form)
+{
+  SchriftartWindow dialog(form, &owner_);
+  run(dialog, owner_);
+}
+
+void FormDialogs::showModal(editor::FrmTabelleneigenschaften& form)
+{
+  TabelleneigenschaftenWindow dialog(form, &owner_);
+  run(dialog, owner_);
+}
+
+void FormDialogs::showModal(editor::FrmVerweis& form)
+{
+  VerweisWindow dialog(form, &owner_);
+  run(dialog, owner_);
+}
+
+void FormDialogs::showModal(editor::InsertHTMLDlg& form)
+{
+  InsertHtmlWindow dialog(form, &owner_);
+  run(dialog, owner_);
+}
+
+void FormDialogs::showModal(editor::InsertTableDlg& form)
+{
+  InsertTableWindow dialog(form, &owner_);
+  run(dialog, owner_);
+}
+
+void FormDialogs::show(editor::FormSuchenErsetzen& form)
+{
+  // Made anew, in the language of the day.
+  if (!search_ || !search_->isVisible()) {
+    search_.reset();
+    search_ = std::make_unique<SuchenErsetzenWindow>(form, &owner_);
+    connectHelp(*search_, owner_);
+    search_->show();
+  }
+  search_->raise();
+  search_->activateWindow();
 }
 
 void FormDialogs::show(pictures::FrmFileScan& form)

@@ -13,6 +13,7 @@ class FrmFileScanWindow;
 class FrmShopWindow;
 class MainformWindow;
 class ObjektAnzeigenWindow;
+class SuchenErsetzenWindow;
 
 /// The dialogs over the main window, and the windows beside it.
 class FormDialogs : public mainform::Dialogs {
@@ -28,6 +29,13 @@ public:
   void showModal(pagetree::frmMove1& form) override;
   void showModal(publish::frmHTMLExport& form) override;
   void showModal(imode::frmimode& form) override;
+  void showModal(editor::FrmBild& form) override;
+  void showModal(editor::FrmSchriftart& form) override;
+  void showModal(editor::FrmTabelleneigenschaften& form) override;
+  void showModal(editor::FrmVerweis& form) override;
+  void showModal(editor::InsertHTMLDlg& form) override;
+  void showModal(editor::InsertTableDlg& form) override;
+  void show(editor::FormSuchenErsetzen& form) override;
   void show(pictures::FrmFileScan& form) override;
   void show(pictures::formobjektanzeigen& form) override;
   void prepare(pictures::frmBildkonvertierer& form) override;
@@ -37,6 +45,7 @@ private:
   void showWorking(pictures::frmBildkonvertierer& form);
 
   MainformWindow& owner_;
+  std::unique_ptr<SuchenErsetzenWindow> search_;
   std::unique_ptr<FrmFileScanWindow> fileScan_;
   std::unique_ptr<ObjektAnzeigenWindow> viewer_;
   std::unique_ptr<BildkonvertiererWindow> converter_;

@@ -5,6 +5,7 @@
 #include "desktop/seams/shown_text.h"
 #include "desktop/windows/mainform_window.ui.h"
 #include "frame/settings/fields.h"
+#include "mainform/menu_table.h"
 #include "mainform/site_colours.h"
 #include "pictures/corners.h"
 
@@ -149,6 +150,7 @@ MainformFields::MainformFields(Ui::Mainform& ui, mainform::Mainform& form, const
   families->setCaseSensitivity(Qt::CaseInsensitive);
   ui_.tbschriftart->setCompleter(families);
   ui_.FrmVorschau->installEventFilter(this);
+  ui_.LEADimode->installEventFilter(this);
   connectSettings();
   connectLists();
   connectColours();
@@ -295,6 +297,8 @@ void MainformFields::show(Shown what)
     return showTabs();
   case Shown::Tools:
     return showTools();
+  case Shown::Menus:
+    return showMenus();
   case Shown::Caption:
     return showCaption();
   }
@@ -361,8 +365,12 @@ void MainformFields::fitPreviews()
 
 bool MainformFields::eventFilter(QObject* watched, QEvent* event)
 {
-  if (event->type() == QEvent::Resize)
+  if (watched == ui_.LEADimode) {
+    if (event->type() == QEvent::Show)
+      showBand();
+  } else if (event->type() == QEvent::Resize) {
     fitPreviews();
+  }
   return QObject::eventFilter(watched, event);
 }
 
@@ -374,8 +382,11 @@ void MainformFields::showRadius()
   showBand();
 }
 
+/// Drawn when it is seen: its letters bring the picture library and a font, which would take half of a start.
 void MainformFields::showBand()
 {
+  if (!ui_.LEADimode->isVisible())
+    return;
   auto& head = form_.imodeHead();
   head.imodelogo();
   if (head.LEADimode)
@@ -418,6 +429,22 @@ void MainformFields::showTools()
   }
   for (const int view : {0, 1})
     dynamic_cast<QAction&>(controls_.object("ViewSub", view)).setChecked(tools.ViewSubChecked(view));
+}
+
+void MainformFields::showMenus()
+{
+  constexpr std::array<std::string_view, 4> kChanging{"editsub", "FormatSub", "TableSub", "D2DSub"};
+  for (const auto& entry : mainform::menuEntries()) {
+    if (std::ranges::find(kChanging, entry.name) == kChanging.end() || entry.caption == "-" || !entry.index)
+      continue;
+    auto& action = dynamic_cast<QAction&>(controls_.object(entry.name, entry.index));
+    const auto state = form_.editor().state(entry.name, *entry.index);
+    action.setEnabled(state.enabled);
+    action.setCheckable(state.checked || action.isCheckable());
+    action.setChecked(state.checked);
+  }
+  if (!form_.editor().positionCaption().empty())
+    ui_.D2DSub_0->setText(shown(form_.editor().positionCaption()));
 }
 
 void MainformFields::showLabels()

@@ -41,6 +41,7 @@ private:
   void showColours();
   void showTabs();
   void showTools();
+  void showMenus();
   void showCaption();
   void showLabels();
   void showRadius();

@@ -1,6 +1,5 @@
 #include "desktop/windows/mainform_window.h"
 
-#include "base/product.h"
 #include "desktop/looks/icons.h"
 #include "desktop/seams/shown_text.h"
 #include "desktop/windows/mainform_window.ui.h"
@@ -13,6 +12,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QProgressBar>
 #include <QSignalBlocker>
 
@@ -38,10 +38,9 @@ MainformWindow::MainformWindow(mainform::Program& program, QtUi& userInterface, 
   addStatusPanels();
   userInterface_.setDisplay(this);
   form_ = std::make_unique<mainform::Mainform>(
-      program, mainform::Mainform::Seams{screen_, dialogs_, surface_, tree_, shell_, userSettings_, clipboard_});
+      program, mainform::Mainform::Seams{screen_, dialogs_, surface_, *ui_->tbhtml, tree_, shell_, userSettings_, clipboard_});
   fields_ = std::make_unique<MainformFields>(*ui_, *form_, screen_.controls(), *this);
   connectMenus();
-  connectPrompts();
   connectToolbars();
   connectTree();
   connectTabs();
@@ -90,6 +89,8 @@ void MainformWindow::addStatusPanels()
 
 void MainformWindow::connectMenus()
 {
+  for (const auto* const name : {"Edit", "Format", "Table", "D2D"})
+    connectMenu(dynamic_cast<QMenu&>(screen_.controls().object(name)));
   for (const auto& entry : mainform::menuEntries()) {
     if (entry.menu.empty() || entry.caption == "-")
       continue;
@@ -102,21 +103,16 @@ void MainformWindow::connectMenus()
   }
 }
 
-void MainformWindow::connectPrompts()
+/// The states that the selection gives to entries hold while their menu is open: keys find every command.
+void MainformWindow::connectMenu(QMenu& menu)
 {
-  ui::SurfacePrompts prompts;
-  prompts.searchText = [this](std::string_view present) {
-    const QString question = ui_->editsub_8->text().remove('&').remove('.') + ':';
-    const auto text = userInterface_.inputBox(question.toStdString(), base::kProductName, present.empty() ? searched_ : present);
-    searched_ = text.value_or(searched_);
-    return text;
-  };
-  prompts.picture = [this](std::string_view) -> std::optional<std::string> {
-    const auto file = userInterface_.openFileDialog(
-        {ui_->InsertSub1_0->text().remove('&').remove('.').toStdString(), std::string(pictures::kPictureFilter)});
-    return file ? std::optional("file://" + *file) : std::nullopt;
-  };
-  surface_.setPrompts(std::move(prompts));
+  connect(&menu, &QMenu::aboutToShow, this, [this, &menu] { form_->menuOpens(menu.objectName().toStdString()); });
+  connect(&menu, &QMenu::aboutToHide, this, [this, name = menu.objectName().toStdString()] {
+    for (const auto& entry : mainform::menuEntries())
+      if (entry.menu == name && entry.works && entry.caption != "-")
+        if (auto* const action = qobject_cast<QAction*>(&screen_.controls().object(entry.name, entry.index)))
+          action->setEnabled(true);
+  });
 }
 
 void MainformWindow::connectToolbars()
@@ -176,6 +172,11 @@ void MainformWindow::connectKeys()
   connect(remove, &QAction::triggered, ui_->SeiteSub_1, &QAction::trigger);
   ui_->TreeView1->addAction(remove);
   ui_->seitespeichern->setShortcut(QKeySequence::Save);
+  auto* const again = new QAction(this);
+  again->setObjectName("findNext");
+  again->setShortcut(QKeySequence::FindNext);
+  connect(again, &QAction::triggered, this, [this] { form_->findNext(); });
+  addAction(again);
 }
 
 void MainformWindow::placeSplitter(int leftPx)

@@ -16,6 +16,7 @@
 #include <memory>
 
 class QLabel;
+class QMenu;
 class QProgressBar;
 
 namespace Ui {
@@ -47,8 +48,7 @@ private:
   WebEditingSurface& place(std::unique_ptr<WebEditingSurface> surface);
   void addStatusPanels();
   void connectMenus();
-  /// What the editing surface asks the user.
-  void connectPrompts();
+  void connectMenu(QMenu& menu);
   void connectToolbars();
   void connectTree();
   void connectTabs();
@@ -74,8 +74,6 @@ private:
   FormDialogs dialogs_;
   std::unique_ptr<mainform::Mainform> form_;
   std::unique_ptr<MainformFields> fields_;
-  /// The text that was searched last.
-  std::string searched_;
   QTimer timer_;
   QLabel* panel1_ = nullptr;
   QLabel* panel2_ = nullptr;

@@ -13,7 +13,7 @@ inline constexpr int kBold = 5000, kCopy = 5002, kCut = 5003, kDelete = 5004, kD
                      kBringForward = 5037, kSendBelowText = 5038, kBringAboveText = 5039, kSendToBack = 5040,
                      kBringToFront = 5041, kSetBackColour = 5042, kSetBlockFormat = 5043, kSetFontName = 5044,
                      kSetFontSize = 5045, kSetForeColour = 5046, kSplitCell = 5047, kUnderline = 5048, kUndo = 5049,
-                     kUnlink = 5050, kBullets = 5051;
+                     kUnlink = 5050, kBullets = 5051, kPasteText = 5101;
 
 /// Answers to the question for a command's status. Below `kEnabled` the command is not available.
 inline constexpr int kNotSupported = 0;

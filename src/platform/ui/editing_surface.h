@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ui/page_element.h"
+
 #include <functional>
 #include <optional>
 #include <string>
@@ -18,6 +20,8 @@ struct SurfaceEvents {
   std::function<void()> changed = [] {};
   /// The user asked for the context menu at this point of the surface.
   std::function<void(int x, int y)> showContextMenu = [](int, int) {};
+  /// The user chose this entry of the menu that showContextMenu() put up.
+  std::function<void(int index)> contextMenuAction = [](int) {};
   /// A picture was pasted: keeps its bytes, and answers with the reference under which the page shows it, or nothing to refuse.
   std::function<std::optional<std::string>(std::string_view bytes, std::string_view mimeType)> storePicture =
       [](std::string_view, std::string_view) { return std::nullopt; };
@@ -32,10 +36,25 @@ struct FontChoice {
   std::string size;
 };
 
-/// What a surface asks the user in the course of commands that are run with a prompt. No answer: the command is not run.
+/// Attributes of a picture as they stand in the page; one that is missing is empty.
+struct PictureValues {
+  std::string src = {}, alt = {}, width = {}, height = {}, align = {}, border = {};
+  /// Of the picture that is shown now, in pixels; 0 without one.
+  int naturalWidth = 0, naturalHeight = 0;
+};
+
+/// A link's reference and the window in which it opens; empty for the same one.
+struct LinkValues {
+  std::string href = {}, target = {};
+};
+
+/// What a surface asks the user in the course of commands that are run with a prompt. No answer: the command is not run. A link
+/// without a reference is no link any more.
 struct SurfacePrompts {
-  std::function<std::optional<std::string>(std::string_view present)> link = [](std::string_view) { return std::nullopt; };
-  std::function<std::optional<std::string>(std::string_view present)> picture = [](std::string_view) { return std::nullopt; };
+  std::function<std::optional<LinkValues>(const LinkValues& present)> link = [](const LinkValues&) { return std::nullopt; };
+  std::function<std::optional<PictureValues>(const PictureValues& present)> picture = [](const PictureValues&) {
+    return std::nullopt;
+  };
   std::function<std::optional<FontChoice>(const FontChoice& present)> font = [](const FontChoice&) { return std::nullopt; };
   std::function<std::optional<std::string>(std::string_view present)> searchText = [](std::string_view) { return std::nullopt; };
 };
@@ -52,6 +71,13 @@ struct NewTable {
   std::string tableAttributes = "border=1 cellpadding=1 cellspacing=1 width=75%";
   std::string cellAttributes = {};
   std::string caption = {};
+};
+
+struct ContextMenuEntry {
+  std::string caption;
+  /// A status of ui::command: below kEnabled the entry cannot be chosen.
+  int state = 3;
+  bool isSeparator = false;
 };
 
 /// The document in which a page is edited as it will look. Its HTML has CR LF line ends.
@@ -90,11 +116,24 @@ public:
   /// Text of the first element of the document with the id.
   virtual std::optional<std::string> textOfElement(std::string_view elementId) const = 0;
 
+  /// The element around the cursor or the selected text; nothing while an element is selected as a whole.
+  virtual std::optional<PageElement> parentElement() const = 0;
+  /// The element that is selected as a whole.
+  virtual std::optional<PageElement> selectedElement() const = 0;
+  /// What is done between the two is undone in one step.
+  virtual void beginStep() = 0;
+  virtual void endStep() = 0;
+
+  /// Puts up a menu at a point of the surface; the entry that the user chooses is told to the owner.
+  virtual void showContextMenu(int x, int y, const std::vector<ContextMenuEntry>& entries) = 0;
+
   /// Runs a command of `ui::command`. The argument is a colour, a font, a size, the name of a block format, a reference, a text
   /// to find. False when the command could not be run.
   virtual bool execCommand(int command, Prompt prompt = Prompt::None, std::string_view argument = {}) = 0;
   /// Whether the command can be run on the selection, and what it would find; see `ui::command`.
   virtual int queryStatus(int command) const = 0;
+  /// Statuses and values follow the selection with a short delay; from here on they are those of the present one.
+  virtual void refreshStatus() = 0;
   /// What a command that gets or sets something finds at the selection: font name, size 1 to 7, colour, name of the block
   /// format, reference of a link or picture. Empty when the selection has several or none.
   virtual std::string commandValue(int command) const = 0;
@@ -107,8 +146,23 @@ public:
   virtual void setShowBorders(bool show) = 0;
   virtual bool showDetails() const = 0;
   virtual void setShowDetails(bool show) = 0;
+  /// What is moved or sized by the pointer keeps to a grid.
+  virtual bool snapToGrid() const = 0;
+  virtual void setSnapToGrid(bool snap) = 0;
 
   virtual void setFocus() = 0;
+};
+
+/// One step of undoing for the length of a scope.
+class UndoStep {
+public:
+  explicit UndoStep(EditingSurface& surface) : surface_(surface) { surface_.beginStep(); }
+  ~UndoStep() { surface_.endStep(); }
+  UndoStep(const UndoStep&) = delete;
+  UndoStep& operator=(const UndoStep&) = delete;
+
+private:
+  EditingSurface& surface_;
 };
 
 } // namespace mrd::ui

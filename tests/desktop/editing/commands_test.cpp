@@ -331,9 +331,9 @@ TEST(Prompt, asks_the_owner_with_the_present_value_and_goes_on_with_the_answer)
   ShownSurface surface;
   std::string asked;
   ui::SurfacePrompts prompts;
-  prompts.link = [&](std::string_view present) {
-    asked = present;
-    return std::optional<std::string>("neu.htm");
+  prompts.link = [&](const ui::LinkValues& present) {
+    asked = present.href;
+    return std::optional(ui::LinkValues{"neu.htm"});
   };
   prompts.font = [&](const ui::FontChoice&) { return std::optional(ui::FontChoice{"Arial", "4"}); };
   prompts.searchText = [](std::string_view) { return std::optional<std::string>("xt"); };

@@ -3,6 +3,7 @@
 #include "desktop/looks/theme.h"
 #include "desktop/windows/desk.h"
 #include "mainform/menu_table.h"
+#include "platform/ui/editing_commands.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -13,8 +14,10 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QTabWidget>
+#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
+#include <QWebEngineView>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -230,6 +233,37 @@ TEST_P(Captions, of_the_shop_have_room_and_names)
   const bool isGerman = std::string_view(GetParam()) == "GER";
   EXPECT_EQ(clashes(shop), isGerman ? std::vector<std::string>{"&Löschen | Neu &laden"} : std::vector<std::string>{});
   EXPECT_EQ(shop.windowTitle(), "Shop");
+}
+
+TEST_P(Captions, of_the_editors_dialogs_have_room_and_letters_of_their_own)
+{
+  Desk desk(home);
+  desk.start();
+  desk.surface().setDocumentHtml("<table border=1><tbody><tr><td>Zelle</td></tr></tbody></table>");
+  desk.settle();
+  QTest::mouseClick(desk.surface().findChild<QWebEngineView*>()->focusProxy(), Qt::LeftButton, {}, QPoint(20, 20));
+  desk.settle();
+  const auto look = [&](QDialog& dialog) {
+    letPass(50);
+    EXPECT_THAT(cut(dialog), IsEmpty()) << dialog.objectName().toStdString();
+    EXPECT_THAT(clashes(dialog), IsEmpty()) << dialog.objectName().toStdString();
+    EXPECT_THAT(nameless(dialog), IsEmpty()) << dialog.objectName().toStdString();
+  };
+  const auto lookAndLeave = [&](QDialog& dialog) {
+    look(dialog);
+    dialog.reject();
+  };
+  for (const auto* const entry : {"TableSub_0", "InsertSub1_0", "InsertSub1_1", "InsertSub1_3", "mnuTableProperties"}) {
+    desk.answers.dialogs.push_back(lookAndLeave);
+    desk.action(entry).trigger();
+  }
+  desk.answers.dialogs.push_back(lookAndLeave);
+  desk.surface().execCommand(ui::command::kFont, ui::Prompt::Ask);
+  EXPECT_EQ(desk.answers.dialogTitles.size(), 6U);
+  desk.find<QTabWidget>("tabHtml").setCurrentIndex(1);
+  desk.settle();
+  desk.action("editsub_11").trigger();
+  look(desk.find<QDialog>("FormSuchenErsetzen"));
 }
 
 TEST_P(Captions, leave_entries_without_a_command_disabled)

@@ -21,6 +21,7 @@
 #include <QSlider>
 #include <QTabWidget>
 #include <QTest>
+#include <QTimer>
 #include <QUrl>
 
 #include <gmock/gmock.h>
@@ -480,6 +481,13 @@ TEST_F(PictureWindows, give_the_pictures_of_a_page_shadows_that_the_editor_shows
 TEST_F(PictureWindows, put_one_picture_where_the_cursor_is)
 {
   photo("a.jpg");
+  desk->answers.dialogs.push_back([](QDialog& dialog) {
+    // Apart from the look at what is shown, so that the dialog over this one is used too.
+    QTimer::singleShot(0, &dialog, [&dialog] {
+      dialog.findChild<QAbstractButton*>("cbbild")->click();
+      dialog.findChild<QAbstractButton*>("cbok")->click();
+    });
+  });
   desk->answers.dialogs.push_back([this](QDialog& dialog) {
     auto& files = dynamic_cast<QFileDialog&>(dialog);
     files.selectFile(QString::fromStdString((project.directory().native() / "fotos/a.jpg").string()));
@@ -493,7 +501,7 @@ TEST_F(PictureWindows, put_one_picture_where_the_cursor_is)
   EXPECT_TRUE(desk->form().pages().PageDirty());
 }
 
-TEST_F(PictureWindows, insert_nothing_when_the_file_dialog_is_cancelled)
+TEST_F(PictureWindows, insert_nothing_when_the_dialog_is_cancelled)
 {
   open("pix_eins");
 

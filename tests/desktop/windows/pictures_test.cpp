@@ -1,10 +1,12 @@
 // Pictures of every window and every tab, in both languages, light and dark, for people to look at.
 
+#include "desktop/controls/html_source.h"
 #include "desktop/editing/web_editing_surface.h"
 #include "desktop/looks/theme.h"
 #include "desktop/windows/desk.h"
 #include "desktop/windows/startbild_window.h"
 #include "platform/files/path.h"
+#include "platform/ui/editing_commands.h"
 #include "support/ftp_server.h"
 
 #include <QAbstractButton>
@@ -14,7 +16,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QTabWidget>
+#include <QTest>
+#include <QWebEngineView>
 
 #include <gtest/gtest.h>
 
@@ -292,6 +297,68 @@ TEST_P(Pictures, of_a_run_whose_server_takes_its_time)
   });
   desk.action("html").trigger();
   EXPECT_EQ(desk.answers.dialogTitles.size(), 1U);
+}
+
+TEST_P(Pictures, of_the_editors_dialogs)
+{
+  Desk desk(home);
+  ASSERT_TRUE(desk.start());
+  const Look look = GetParam();
+  const auto take = [&](
+                        const char* name, const std::function<void(QDialog&)>& prepare = [](QDialog&) {}) {
+    desk.answers.dialogs.push_back([&, name, prepare](QDialog& dialog) {
+      prepare(dialog);
+      save(dialog, look, name);
+      dialog.reject();
+    });
+  };
+  take("insert-table");
+  desk.action("TableSub_0").trigger();
+  take("insert-html", [](QDialog& dialog) {
+    dialog.findChild<QPlainTextEdit*>("HTMLText")->setPlainText("<p align=\"center\">Möwen &amp; Meer</p>");
+  });
+  desk.action("InsertSub1_3").trigger();
+  take("link", [](QDialog& dialog) { dialog.findChild<QLineEdit*>("tbadresse")->setText("http://www.beispiel.de"); });
+  desk.action("InsertSub1_1").trigger();
+  take("picture", [](QDialog& dialog) {
+    dialog.findChild<QLineEdit*>("tbbild")->setText("file:///home/anna/website/pix/moewe.jpg");
+    dialog.findChild<QLineEdit*>("tbalt")->setText("Möwe");
+  });
+  desk.action("InsertSub1_0").trigger();
+  take("font");
+  desk.surface().execCommand(ui::command::kFont, ui::Prompt::Ask);
+  desk.surface().setDocumentHtml("<table border=1 width=\"75%\"><tbody><tr valign=top bgcolor=\"#ffd166\"><td align=center "
+                                 "width=120>Zelle</td></tr></tbody></table>");
+  desk.settle();
+  QTest::mouseClick(desk.surface().findChild<QWebEngineView*>()->focusProxy(), Qt::LeftButton, {}, QPoint(60, 22));
+  desk.settle();
+  take("table-properties");
+  desk.action("mnuTableProperties").trigger();
+  EXPECT_EQ(desk.answers.dialogTitles.size(), 6U);
+  EXPECT_TRUE(desk.answers.boxes.empty()) << desk.answers.boxes.front();
+}
+
+TEST_P(Pictures, of_the_editor_at_work)
+{
+  Desk desk(home);
+  ASSERT_TRUE(desk.start());
+  letPass(500);
+  desk.surface().execCommand(ui::command::kFindText, ui::Prompt::None, "en");
+  desk.settle();
+  save(desk.window(), GetParam(), "editor-marks");
+  QTest::mouseClick(desk.surface().findChild<QWebEngineView*>()->focusProxy(), Qt::LeftButton, {}, QPoint(400, 330));
+  desk.settle();
+  save(desk.window(), GetParam(), "editor-handles");
+  // The help shows this page, and paths of a test have no place there.
+  desk.clickNode("@02");
+  desk.find<QTabWidget>("tabHtml").setCurrentIndex(kSourcePage);
+  desk.settle();
+  desk.action("editsub_11").trigger();
+  auto& dialog = desk.find<QDialog>("FormSuchenErsetzen");
+  dialog.findChild<QLineEdit*>("tbsuchen")->insert("li");
+  desk.find<HtmlSource>("tbhtml").select({3, 0});
+  save(dialog, GetParam(), "search-replace");
+  save(desk.window(), GetParam(), "source-editor");
 }
 
 TEST_P(Pictures, of_menus_and_the_opening_picture)

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "editor/insert_html.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class InsertHTMLDlg;
+}
+
+namespace mrd::desktop {
+
+class InsertHtmlWindow : public QDialog {
+public:
+  explicit InsertHtmlWindow(editor::InsertHTMLDlg& form, QWidget* parent = nullptr);
+  ~InsertHtmlWindow() override;
+
+private:
+  editor::InsertHTMLDlg& form_;
+  std::unique_ptr<Ui::InsertHTMLDlg> ui_;
+};
+
+} // namespace mrd::desktop
