@@ -1301,6 +1301,8 @@
   listen("keydown", () => ++arrivedKeys);
   listen("keydown", onKeyDown);
   listen("mousedown", closeStep);
+  // A locked element stays where it is, also when it is dragged out of its place with the text around it.
+  listen("dragstart", event => { if (event.target.closest?.("[data-locked='true']")) event.preventDefault(); });
   listen("selectionchange", overlay.refresh);
   listen("click", event => { if (event.target.tagName === "IMG") selectNode(event.target); });
   listen("selectionchange", () => noteOnce("display"));

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "frame/settings/fields.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 
@@ -56,6 +57,8 @@ void FrmTabelleneigenschaften::EigenschaftenErmitteln(const ui::PageElement& ele
 
 void FrmTabelleneigenschaften::write(std::initializer_list<clsTag*> tags)
 {
+  if (std::ranges::none_of(tags, [](const clsTag* tag) { return tag->Element().has_value(); }))
+    return;
   const ui::UndoStep step(surface_);
   for (clsTag* const tag : tags)
     tag->AttributeSetzen();

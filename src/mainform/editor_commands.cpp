@@ -1,5 +1,6 @@
 #include "mainform/editor_commands.h"
 
+#include "base/errors.h"
 #include "base/product.h"
 #include "editor/captions.h"
 #include "editor/font_dialog.h"
@@ -69,7 +70,9 @@ constexpr std::array kSourceEntries{SourceEntry{0, ui::EditAction::Undo},  Sourc
 template <std::size_t Count>
 int commandOf(const std::array<int, Count>& commands, int Index)
 {
-  return commands.at(static_cast<std::size_t>(Index));
+  if (Index < 0 || static_cast<std::size_t>(Index) >= Count)
+    throw base::Error(base::ErrorNumber::SubscriptOutOfRange, "Index außerhalb des gültigen Bereichs");
+  return commands[static_cast<std::size_t>(Index)];
 }
 
 } // namespace

@@ -73,6 +73,7 @@ TEST_F(TableProperties, outside_of_a_table_are_empty_and_write_nothing)
   form.cb_tr_Farbwechsel_Click();
 
   EXPECT_EQ(surface.bodyInnerHtml(), before);
+  EXPECT_EQ(changes, 0);
 }
 
 TEST_F(TableProperties, that_are_emptied_are_taken_from_the_element)

@@ -78,6 +78,16 @@ TEST_F(EditorCommandsTest, of_positioning_run_their_numbers)
   EXPECT_THAT(surface.executed, ElementsAre("5028", "5041", "5040", "5037", "5036", "5039", "5038", "5027"));
 }
 
+TEST_F(EditorCommandsTest, beyond_the_last_entry_are_errors)
+{
+  for (const auto* const name : {"D2DSub", "TableSub", "editsub"}) {
+    ui.expect(1, "Index");
+    menu(name, name == std::string_view("D2DSub") ? 9 : 20);
+  }
+
+  EXPECT_THAT(surface.executed, IsEmpty());
+}
+
 TEST_F(EditorCommandsTest, of_insert_ask_for_picture_and_link_and_leave_the_button_alone)
 {
   menu("InsertSub1", 0);

@@ -236,6 +236,41 @@ TEST_F(EditorWindows, tick_the_grid)
   EXPECT_FALSE(shown("Edit", "editsub_10").checked);
 }
 
+TEST_F(EditorWindows, do_what_the_keys_say_once)
+{
+  page("<p id=\"a\">eins</p><p id=\"b\">zwei</p>");
+  surface().setFocus();
+  desk->settle();
+  QWidget* const view = surface().findChild<QWebEngineView*>()->focusProxy();
+  const auto key = [&](Qt::Key pressed, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+    QTest::keyClick(view, pressed, modifiers);
+    letPass(150);
+  };
+  select("#a");
+  key(Qt::Key_C);
+  inPage("getSelection().collapse(document.getElementById('b'), 1)");
+  key(Qt::Key_V);
+  EXPECT_EQ(body(), "<p id=\"a\">eins</p><p id=\"b\">zweieins</p>");
+  key(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(body(), "<p id=\"a\">eins</p><p id=\"b\">zweieinseins</p>");
+  key(Qt::Key_Z);
+  EXPECT_EQ(body(), "<p id=\"a\">eins</p><p id=\"b\">zweieins</p>");
+  key(Qt::Key_Z);
+  EXPECT_EQ(body(), "<p id=\"a\">eins</p><p id=\"b\">zwei</p>");
+  key(Qt::Key_Y);
+  EXPECT_EQ(body(), "<p id=\"a\">eins</p><p id=\"b\">zweieins</p>");
+  inDialog([](QDialog& dialog) {
+    dialog.findChild<QLineEdit*>()->insert("zwei");
+    dialog.accept();
+  });
+  key(Qt::Key_F);
+  desk->settle();
+  EXPECT_EQ(surface().selectedText(), "zwei");
+  key(Qt::Key_A);
+
+  EXPECT_THAT(surface().selectedText(), HasSubstr("eins"));
+}
+
 // --- Insert
 
 TEST_F(EditorWindows, insert_a_picture_with_its_text_size_and_place)
