@@ -35,11 +35,15 @@ _mrd()
     fi
   done
   if [[ $current == -* ]]; then
-    _mrd_offer "words:$(_mrd_options "$command")"
-                                   "$current" return fi value = $(_mrd_commands "$command") if[[-n $value]];
-then _mrd_offer "words:$value"
-                "$current" else _mrd_offer "$(_mrd_argument " $command " " $arguments ")"
-                                           "$current" fi
+    _mrd_offer "words:$(_mrd_options "$command")" "$current"
+    return
+  fi
+  value=$(_mrd_commands "$command")
+  if [[ -n $value ]]; then
+    _mrd_offer "words:$value" "$current"
+  else
+    _mrd_offer "$(_mrd_argument "$command" "$arguments")" "$current"
+  fi
 }
 
 complete -F _mrd mrd
