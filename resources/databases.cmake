@@ -23,6 +23,7 @@ function(mrd_database name folder schema)
     COMMAND "${CMAKE_COMMAND}" -E make_directory "${MRD_PROGRAM_DIR}"
     COMMAND make_database "${MRD_PROGRAM_DIR}/${name}" ${arguments}
     DEPENDS make_database ${texts} VERBATIM COMMENT "Making ${name}")
+  install(FILES "${MRD_PROGRAM_DIR}/${name}" DESTINATION "${MRD_RESOURCES_DIR}")
 endfunction()
 
 mrd_database(mrdleer.mdb project schema.sql Seite=pages.tsv Einstellungen=settings.tsv)

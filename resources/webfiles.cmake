@@ -13,6 +13,8 @@ function(mrd_program_file source target)
   add_custom_command(OUTPUT "${MRD_PROGRAM_DIR}/${target}"
     COMMAND ${CMAKE_COMMAND} -E copy "${source}" "${MRD_PROGRAM_DIR}/${target}"
     DEPENDS "${source}" VERBATIM COMMENT "Copying ${target}")
+  cmake_path(GET target PARENT_PATH folder)
+  install(FILES "${MRD_PROGRAM_DIR}/${target}" DESTINATION "${MRD_RESOURCES_DIR}/${folder}")
   set(mrd_program_files ${mrd_program_files} "${MRD_PROGRAM_DIR}/${target}" PARENT_SCOPE)
 endfunction()
 

@@ -30,7 +30,7 @@ struct PageArguments {
 
 void addContentOptions(CLI::App& command, PageArguments& arguments)
 {
-  command.add_option("--html", arguments.html, "File with the page's body");
+  command.add_option("--html", arguments.html, "File with the page's body")->type_name("FILE");
   command.add_option("--file-name", arguments.fileName, "Output file; * stands for the page's number")->type_name("PATTERN");
   command.add_option("--type", arguments.type, "1 normal, 2 external, 3 blind, 4 auction")->check(CLI::Range(1, 4));
   command.add_option("--script", arguments.script, "File with text for the page's head")->type_name("FILE");

@@ -9,6 +9,7 @@
 #include "mainform/pasted_picture.h"
 #include "mainform/window_placement.h"
 #include "pagetree/page_id.h"
+#include "platform/files/path.h"
 #include "platform/ftp/curl_client.h"
 #include "publish/remembered_servers.h"
 #include "publish/timer.h"
@@ -19,8 +20,8 @@ namespace mrd::mainform {
 namespace {
 
 constexpr std::string_view kName = "Mainform";
-constexpr int kMessageChoosePage = 2, kMessageSaveChanges = 3, kMessageNoProject = 24, kMessagePictureRefused = 110,
-              kMessageSurfaceRestored = 115;
+constexpr int kMessageChoosePage = 2, kMessageSaveChanges = 3, kMessageNoProject = 24, kMessageNoFile = 109,
+              kMessagePictureRefused = 110, kMessageSurfaceRestored = 115;
 constexpr std::string_view kPanelPrefix = "ID:@";
 /// Pages of the assistant.
 constexpr int kGreeting = 0, kFields = 1;
@@ -111,7 +112,7 @@ void Mainform::command(std::string_view name, const std::function<void()>& body)
 
 // --- start and end
 
-void Mainform::Form_Load()
+void Mainform::Form_Load(std::string_view projectFile)
 {
   int line = 0;
   try {
@@ -131,10 +132,7 @@ void Mainform::Form_Load()
     program_.language.Sprachstart(seams_.screen);
     showStates();
     line = 13;
-    openProject([this] {
-      bool denied = false;
-      project_.DialogOpenChangeNewDB(paths::LeseIni("LastFile", "File1", program_.files.iniFile()), denied);
-    });
+    openFirstProject(projectFile);
     line = 14;
     if (!ended_ && seams_.userSettings.value(kSettingsSection, "Assistent", "ja") != "nein") {
       program_.ui.pumpEvents();
@@ -143,6 +141,20 @@ void Mainform::Form_Load()
   } catch (const base::Error& error) {
     failures::showStandardFailure(program_.language, error, base::format("Mainform.Form_Load. Zeile:{}", line));
   }
+}
+
+void Mainform::openFirstProject(std::string_view projectFile)
+{
+  if (!projectFile.empty() && !paths::datei_vorhanden(projectFile)) {
+    program_.ui.hideSplash();
+    program_.language.GetMsg(kMessageNoFile, files::nativePath(projectFile).string(), "R");
+    return;
+  }
+  openProject([&] {
+    bool denied = false;
+    const auto last = paths::LeseIni("LastFile", "File1", program_.files.iniFile());
+    project_.DialogOpenChangeNewDB(projectFile.empty() ? last : projectFile, denied);
+  });
 }
 
 void Mainform::showStates()

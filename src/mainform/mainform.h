@@ -67,8 +67,9 @@ public:
 
   // Start and end.
 
-  /// Fills the lists, shows the window, and only then touches language, project and assistant.
-  void Form_Load();
+  /// Fills the lists, shows the window, and only then touches language, project and assistant. Opens `projectFile`, or what was
+  /// open last where none is named; a named one that is missing is message 109, and none is open then.
+  void Form_Load(std::string_view projectFile = {});
   /// Keeps the window wide enough. Twips.
   void Form_Resize(int width);
   /// Left edge of the splitter for a wish of the user. Twips.
@@ -123,6 +124,7 @@ private:
   void showStates();
   /// Opens a project and offers what a crash has left of it.
   void openProject(const std::function<void()>& open);
+  void openFirstProject(std::string_view projectFile);
   bool leaveProject();
   void seitespeichern();
   void seiteneu();

@@ -39,7 +39,7 @@ public:
 };
 
 /// The program directory, in the system's form: `named` when it is not empty; else the executable's directory if it holds the
-/// empty project and can be written; else the user's data directory, filled from the installed resources where it lacks them.
+/// empty project and can be written; else the user's data directory, filled from the installed resources.
 std::string findProgramDirectory(std::string_view named);
 
 } // namespace mrd::mainform

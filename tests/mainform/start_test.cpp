@@ -91,6 +91,29 @@ TEST_F(StartTest, asks_for_another_project_where_the_last_one_is_gone)
   EXPECT_TRUE(ui.messages.empty());
 }
 
+TEST_F(StartTest, opens_the_project_that_is_named_in_place_of_the_last_one)
+{
+  support::TemporaryProject named({{"00", "Anderes"}});
+  paths::SchreibeIni("LastFile", "File1", project.file(), files().iniFile());
+
+  window.Form_Load(named.file());
+
+  EXPECT_EQ(window.project().DbName(), named.file());
+  EXPECT_EQ(iniValue("LastFile", "File1"), named.file());
+}
+
+TEST_F(StartTest, tells_that_the_named_project_is_missing_and_opens_none)
+{
+  const auto missing = directory.file("verschwunden.mdb");
+  paths::SchreibeIni("LastFile", "File1", project.file(), files().iniFile());
+  ui.expect(109, files::nativePath(missing).string());
+
+  window.Form_Load(missing);
+
+  EXPECT_FALSE(window.project().isOpen());
+  EXPECT_EQ(iniValue("LastFile", "File1"), project.file());
+}
+
 TEST_F(StartTest, leaves_a_window_without_a_project_after_two_refusals)
 {
   ui.answerOpenDialog(std::nullopt).answerOpenDialog(std::nullopt);

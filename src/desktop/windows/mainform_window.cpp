@@ -63,11 +63,11 @@ WebEditingSurface& MainformWindow::place(std::unique_ptr<WebEditingSurface> surf
   return *surface.release();
 }
 
-bool MainformWindow::start()
+bool MainformWindow::start(std::string_view projectFile)
 {
   // The page's process has come up while this window was made, and waits for answers.
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  form_->Form_Load();
+  form_->Form_Load(projectFile);
   if (!closed_)
     timer_.start(mainform::DraftKeeper::kIntervalSeconds * kMillisecondsPerSecond);
   return !closed_;

@@ -34,8 +34,9 @@ public:
   ~MainformWindow() override;
 
   mainform::Mainform& form() { return *form_; }
-  /// Shows the window and opens the last project. False when the window has been closed by what happened.
-  bool start();
+  /// Shows the window and opens the project, or the last one where none is named. False when the window has been closed by what
+  /// happened.
+  bool start(std::string_view projectFile = {});
   /// The opening picture must not cover what the user is asked.
   void hideSplash() { userInterface_.hideSplash(); }
 

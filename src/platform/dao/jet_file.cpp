@@ -2,6 +2,7 @@
 
 #include "platform/dao/jet_process.h"
 #include "platform/dao/jet_records.h"
+#include "platform/files/installation.h"
 #include "platform/files/path.h"
 
 #include <fstream>
@@ -30,11 +31,7 @@ bool isJetFile(std::string_view path)
   return file.gcount() == static_cast<std::streamsize>(start.size()) && start.substr(0, 19) == kSignature.substr(0, 19);
 }
 
-JetReading installedJetReading()
-{
-  std::error_code failure;
-  return {fs::read_symlink("/proc/self/exe", failure).parent_path() / kReader};
-}
+JetReading installedJetReading() { return {files::helperProgram(kReader)}; }
 
 void readJetFile(std::string_view path, const JetReading& reading, JetSink& sink)
 {
