@@ -1303,6 +1303,8 @@
   listen("cut", event => { if (setClipboard(event)) edit(deleteSelection); });
   listen("paste", onPaste);
   listen("contextmenu", onContextMenu);
+  // What has a place of its own is moved by its frame, and stays where it is locked.
+  listen("dragstart", event => { if (event.target.nodeType === Node.ELEMENT_NODE && isAbsolute(event.target)) event.preventDefault(); });
   // A file that is dropped would be opened in place of the page.
   listen("dragover", event => { if (event.dataTransfer.types.includes("Files")) event.preventDefault(); });
   listen("drop", event => { if (event.dataTransfer.types.includes("Files")) event.preventDefault(); });
