@@ -1,8 +1,8 @@
 # What generated sites need and what pages of the editor show: scripts, the popup page and small pictures, laid where the
-# program looks for them. The same script and pictures lie a second time below "hilfe", from where a new export directory
+# program looks for them; and the telephone that shows the edition for telephones. The same script and pictures lie a second time below "hilfe", from where a new export directory
 # and a run take what the program directory's top does not have.
 
-set(MRD_WEB_FILES mrdnav.js picturetransfer.js popupbild.htm)
+set(MRD_WEB_FILES mrdnav.js mrdshop.js cookiefunctions.js picturetransfer.js popupbild.htm)
 set(MRD_WEB_FILES_OF_HILFE mrdnav.js)
 set(MRD_PIX_FILES
   mrdbanner.gif pixel.gif nav_home.gif nav_links.gif nav_rechts.gif nav_oben.gif nav_top.gif lupe.gif karre.gif)
@@ -19,6 +19,7 @@ endfunction()
 foreach(name IN LISTS MRD_WEB_FILES)
   mrd_program_file("${CMAKE_CURRENT_LIST_DIR}/web/${name}" "${name}")
 endforeach()
+mrd_program_file("${CMAKE_CURRENT_LIST_DIR}/imode/viewer.html" imode/viewer.html)
 foreach(name IN LISTS MRD_WEB_FILES_OF_HILFE)
   mrd_program_file("${CMAKE_CURRENT_LIST_DIR}/web/${name}" "hilfe/${name}")
 endforeach()

@@ -380,6 +380,9 @@
   }
 
   /// With this the desktop knows of all changes; the next one is to be told again.
+  const site = document.createElement("base");
+  document.head.append(site);
+
   function readBody() {
     openNotes.delete("changed");
     return { version, body: bodyHtml() };
@@ -392,7 +395,9 @@
   const textOf = element => (element ? element.innerText : null);
 
   const reading = {
-    load(html) {
+    /// Relative references of the body start at `base`.
+    load(html, base = site.href) {
+      site.href = base;
       unnoticed(() => loadBody(html));
       rememberOrders(body);
       overlay.setMarks([]);
@@ -1296,6 +1301,8 @@
   listen("keydown", () => ++arrivedKeys);
   listen("keydown", onKeyDown);
   listen("mousedown", closeStep);
+  // A locked element stays where it is, also when it is dragged out of its place with the text around it.
+  listen("dragstart", event => { if (event.target.closest?.("[data-locked='true']")) event.preventDefault(); });
   listen("selectionchange", overlay.refresh);
   listen("click", event => { if (event.target.tagName === "IMG") selectNode(event.target); });
   listen("selectionchange", () => noteOnce("display"));

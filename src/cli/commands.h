@@ -19,6 +19,7 @@ void addSettings(CLI::App& app, Session& session);
 void addLayouts(CLI::App& app, Session& session);
 void addPictures(CLI::App& app, Session& session);
 void addGenerate(CLI::App& app, Session& session);
+void addPublish(CLI::App& app, Session& session);
 void addImport(CLI::App& app, Session& session);
 void addPath(CLI::App& app, Session& session);
 /// The arguments, changed so that the text of a path command is no option even where it looks like one.

@@ -54,6 +54,20 @@ ui::Button ConsoleUi::messageBox(const ui::MessageBox& message)
   return yes ? agreeing(message.style) : refusing(message.style);
 }
 
+std::optional<std::string> ConsoleUi::inputBox(std::string_view prompt, std::string_view title, std::string_view)
+{
+  hideProgress();
+  const auto question = std::string(prompt.substr(0, prompt.find(base::kCrLf))) + " ";
+  if (::isatty(STDIN_FILENO) != 0 && base::containsIgnoringCase(title, "passwort")) {
+    const char* const typed = ::getpass(question.c_str());
+    return typed == nullptr ? std::nullopt : std::optional<std::string>(typed);
+  }
+  if (::isatty(STDIN_FILENO) != 0)
+    std::cerr << question << std::flush;
+  std::string line;
+  return std::getline(std::cin, line) ? std::optional(line) : std::nullopt;
+}
+
 void ConsoleUi::warning(std::string_view text)
 {
   hideProgress();

@@ -13,7 +13,8 @@ public:
   bool quiet = false;
 
   ui::Button messageBox(const ui::MessageBox& message) override;
-  std::optional<std::string> inputBox(std::string_view, std::string_view, std::string_view) override { return std::nullopt; }
+  /// A line of standard input; from a terminal a password is read unseen.
+  std::optional<std::string> inputBox(std::string_view prompt, std::string_view title, std::string_view proposal) override;
   std::optional<std::string> openFileDialog(const ui::FileDialog&) override { return std::nullopt; }
   std::optional<std::string> saveFileDialog(const ui::FileDialog&) override { return std::nullopt; }
   std::optional<std::string> folderDialog(std::string_view) override { return std::nullopt; }

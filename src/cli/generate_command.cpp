@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 #include "cli/session.h"
 #include "generator/html_export.h"
+#include "imode/imode.h"
 #include "mainform/project_frame.h"
 
 #include <CLI/CLI.hpp>
@@ -19,7 +20,7 @@ public:
 
 struct GenerateArguments {
   std::string file, page = "#", prefix;
-  bool newOnly = false;
+  bool newOnly = false, imode = false;
   std::optional<std::string> exportDirectory;
 };
 
@@ -28,6 +29,30 @@ void warnOfMissingHomepage(mainform::ProjectFrame& mainform)
 {
   if (mainform.db().openRecordset("SELECT * FROM Seite Where Seite.ID = '00' ORDER BY ID;").eof())
     mainform.program().ui.warning("In diesem Projekt fehlt die Homepage (die Seite mit der Nummer 00).");
+}
+
+struct DialogRun {
+  generator::RunOutcome outcome;
+  std::string closingLine;
+};
+
+DialogRun generateImode(const generator::ExportEnvironment& environment, std::string_view project)
+{
+  imode::ImodeExport dialog(environment);
+  dialog.Form_Load(project);
+  auto outcome = dialog.cbHTML_Click();
+  return {std::move(outcome), dialog.labelSeite};
+}
+
+DialogRun generateSite(const generator::ExportEnvironment& environment, std::string_view project,
+                       const GenerateArguments& arguments)
+{
+  generator::frmHTMLExport dialog(environment);
+  dialog.selection = {arguments.page, arguments.newOnly};
+  dialog.tbNamenszusatz = arguments.prefix;
+  dialog.Form_Load(project);
+  auto outcome = dialog.cbHTML_Click();
+  return {std::move(outcome), dialog.labelSeite};
 }
 
 ExitStatus generate(Session& session, const GenerateArguments& arguments)
@@ -43,14 +68,11 @@ ExitStatus generate(Session& session, const GenerateArguments& arguments)
   warnOfMissingHomepage(mainform);
   auto& program = mainform.program();
   NoShell shell;
-  generator::frmHTMLExport dialog({program.files, program.language, mainform.fields(), program.clock, shell});
-  dialog.selection = {arguments.page, arguments.newOnly};
-  dialog.tbNamenszusatz = arguments.prefix;
-  if (!dialog.Form_Load(mainform.DbName()))
-    return ExitStatus::Failed;
-  const auto outcome = dialog.cbHTML_Click();
+  const generator::ExportEnvironment environment{program.files, program.language, mainform.fields(), program.clock, shell};
+  const auto [outcome, closingLine] =
+      arguments.imode ? generateImode(environment, mainform.DbName()) : generateSite(environment, mainform.DbName(), arguments);
   if (outcome.finished)
-    printLine(dialog.labelSeite);
+    printLine(closingLine);
   return outcome.finished && outcome.refused == 0 ? ExitStatus::Done : ExitStatus::Failed;
 }
 
@@ -63,9 +85,14 @@ void addGenerate(CLI::App& app, Session& session)
   command->add_option("FILE", arguments->file)->required();
   auto* const newOnly =
       command->add_flag("--new-only", arguments->newOnly, "Only the homepage and what changed since the last run");
-  command->add_option("--page", arguments->page, "One page only")->type_name("ID")->excludes(newOnly);
+  auto* const page = command->add_option("--page", arguments->page, "One page only")->type_name("ID")->excludes(newOnly);
   command->add_option("--export", arguments->exportDirectory, "Directory in place of the project's own")->type_name("DIR");
-  command->add_option("--prefix", arguments->prefix, "Before every file name of a template layout")->type_name("TEXT");
+  auto* const prefix =
+      command->add_option("--prefix", arguments->prefix, "Before every file name of a template layout")->type_name("TEXT");
+  command->add_flag("--imode", arguments->imode, "The edition for telephones, all pages of it")
+      ->excludes(newOnly)
+      ->excludes(page)
+      ->excludes(prefix);
   command->callback([&session, arguments] { session.run([&] { return generate(session, *arguments); }); });
 }
 

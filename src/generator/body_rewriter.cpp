@@ -11,7 +11,7 @@ namespace mrd::generator {
 namespace {
 
 /// Changes with every change of what a rewritten body looks like, so that old side files are not taken for new ones.
-constexpr std::string_view kCacheFormat = "bodies 2";
+constexpr std::string_view kCacheFormat = "bodies 3";
 
 /// The directory as a reference, in which some signs would mean something else.
 std::string referenceOf(std::string_view directory)
@@ -64,6 +64,24 @@ private:
   std::string_view rest_;
 };
 
+void appendUse(std::string& out, const PictureUse& use)
+{
+  appendText(out, use.verzeichnis);
+  appendText(out, use.name);
+  appendText(out, use.erweiterung);
+  appendNumber(out, use.enter);
+}
+
+PictureUse readUse(RecordReader& reader)
+{
+  PictureUse use;
+  use.verzeichnis = reader.text();
+  use.name = reader.text();
+  use.erweiterung = reader.text();
+  use.enter = reader.number() != 0;
+  return use;
+}
+
 } // namespace
 
 RewrittenBody rewriteBody(const BodySource& source)
@@ -93,11 +111,13 @@ std::optional<RewrittenBody> BodyCache::get(const dao::ContentHash& key)
   body.found.slashAppended = reader.number() != 0;
   body.found.dependsOnMissingSlash = reader.number() != 0;
   body.found.uses.resize(reader.number());
-  for (auto& use : body.found.uses) {
-    use.verzeichnis = reader.text();
-    use.name = reader.text();
-    use.erweiterung = reader.text();
-    use.enter = reader.number() != 0;
+  for (auto& use : body.found.uses)
+    use = readUse(reader);
+  body.open.resize(reader.number());
+  for (auto& reference : body.open) {
+    reference.picture = readUse(reader);
+    reference.written = reader.text();
+    reference.at = reader.number();
   }
   body.bytes = reader.rest();
   return body;
@@ -110,11 +130,13 @@ void BodyCache::put(const dao::ContentHash& key, const RewrittenBody& body)
   appendNumber(record, body.found.slashAppended);
   appendNumber(record, body.found.dependsOnMissingSlash);
   appendNumber(record, body.found.uses.size());
-  for (const auto& use : body.found.uses) {
-    appendText(record, use.verzeichnis);
-    appendText(record, use.name);
-    appendText(record, use.erweiterung);
-    appendNumber(record, use.enter);
+  for (const auto& use : body.found.uses)
+    appendUse(record, use);
+  appendNumber(record, body.open.size());
+  for (const auto& reference : body.open) {
+    appendUse(record, reference.picture);
+    appendText(record, reference.written);
+    appendNumber(record, reference.at);
   }
   record += body.bytes;
   store_.put(key, record);

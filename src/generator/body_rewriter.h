@@ -17,11 +17,22 @@ struct BodySource {
   LinkAddresses addresses;
 };
 
+/// A picture whose reference is settled when its page is written. Texts are output bytes.
+struct OpenReference {
+  PictureUse picture;
+  /// What stands in the page where the picture is not to be had.
+  std::string written;
+  /// Where in the body's bytes the reference goes; nowhere for a picture that did not come through into the body.
+  std::size_t at = std::string::npos;
+};
+
 /// A body as it goes out, and what the run has to do for it.
 struct RewrittenBody {
   /// Inner HTML of the body, in output bytes.
   std::string bytes;
   FoundPictures found;
+  /// In the order of the page.
+  std::vector<OpenReference> open;
 };
 
 /// Works on values alone: can run on any thread.

@@ -1,55 +1,30 @@
 #pragma once
 // A generation run in the layout "Navigation linke Seite".
 
-#include "generator/body_rewriter.h"
-#include "generator/generation_run.h"
-#include "generator/page_assembly.h"
-#include "generator/work_ahead.h"
+#include "generator/row_run.h"
+#include "generator/shared_head.h"
 
-#include <future>
-#include <optional>
 #include <string>
 
 namespace mrd::generator {
 
-class BuiltInRun : public GenerationRun {
+class BuiltInRun : public RowRun {
 public:
   explicit BuiltInRun(const RunJob& job);
 
 private:
-  /// A page whose body is being rewritten, or has been.
-  struct PendingPage {
-    RunPage page;
-    std::string basislink;
-    /// The site's address as it was when the body was begun.
-    std::string tbbasisurl;
-    /// None for a page with server-side code, which is not parsed.
-    std::optional<dao::ContentHash> cacheKey;
-    std::optional<RewrittenBody> body;
-    std::future<RewrittenBody> future;
-
-    std::size_t bytes() const { return page.html ? page.html->size() : 0; }
-  };
-
   void bringSiteFiles() override;
-  void generatePages(dao::Recordset& pages) override;
-  void closeRun() override;
+  RowLayout layout() const override;
+  BodySource bodySource(const RunPage& page, const LinkAddresses& addresses) const override;
+  void bringPopupPage() override;
+  void bringPictureTransferScript() override { siteFiles_.bringPictureTransferScript(); }
+  void appendSharedHead(std::string& out, std::string_view basislink) override;
+  std::string_view bringBody(const RewrittenBody& body) override;
 
-  PageLink findHomepage() const;
   void makeCorners();
-  PendingPage begin(RunPage page);
-  BodySource bodySource(const PendingPage& pending) const;
-  const RewrittenBody* finish(PendingPage& pending);
-  void generatePage(PendingPage& pending, PageAssembly& assembly, Ancestors& ancestors);
-  std::string fileFor(const RunPage& page) const;
-  PageEffects effects();
-  void tellAboutPopupPage();
+  void bring(const FoundPictures& found) { bringPictures(found.uses, job_.exportpfad, register_); }
 
-  const PageLink homepage_;
-  BodyCache cache_;
-  /// File names of pages with server-side code, a line each.
-  std::string scriptList_;
-  WorkerPool workers_;
+  SharedHead sharedHead_;
 };
 
 } // namespace mrd::generator

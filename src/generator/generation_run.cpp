@@ -3,6 +3,7 @@
 #include "base/errors.h"
 #include "base/format.h"
 #include "base/product.h"
+#include "base/text.h"
 
 #include <utility>
 
@@ -45,11 +46,6 @@ struct ProgressBar {
 
 } // namespace
 
-bool RunPage::isReadFromElsewhere() const
-{
-  return seitentyp == static_cast<int>(Seitentyp::External) || seitentyp == static_cast<int>(Seitentyp::Auction);
-}
-
 GenerationRun::GenerationRun(const RunJob& job, const RunDifferences& differences)
     : job_(job), environment_(job.environment), fields_(job.environment.fields), db_(job.db), ui_(job.environment.language.ui()),
       now_(job.environment.clock.now()), index_(job.db), register_(job.db, job.environment.language),
@@ -65,7 +61,7 @@ RunOutcome GenerationRun::run()
   generate();
   transaction.commit();
   if (outcome_.finished) {
-    job_.showState(base::format("Fertig! Es wurden {} Seiten generiert{}", outcome_.generated, differences_.closingMark));
+    job_.showState(base::replaceAll(differences_.closingLine, "#", std::to_string(outcome_.generated)));
     closeRun();
   }
   return outcome_;
@@ -83,7 +79,7 @@ void GenerationRun::generate()
   }
   total_ = pages.recordCount();
   generatePages(pages);
-  if (outcome_.finished)
+  if (outcome_.finished && differences_.storesDate)
     writeLastGenDate(db_, now_);
 }
 

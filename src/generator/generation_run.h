@@ -34,12 +34,12 @@ struct RunJob {
   dao::Database& db;
   std::string DbName;
   /// The shared head, as its editor holds it.
-  std::string head;
-  /// With a separator at its end.
+  std::string head = {};
+  /// Where the pages go, with a separator at its end; their pictures lie in its `pix`.
   std::string exportpfad;
-  Selection selection;
+  Selection selection = {};
   /// Put before every file name in template layouts.
-  std::string tbNamenszusatz;
+  std::string tbNamenszusatz = {};
   /// Shows how far the run is, in words and in pages of all pages.
   std::function<void(std::string_view)> showState;
   std::function<void(std::size_t, std::size_t)> showProgress = [](std::size_t, std::size_t) {};
@@ -58,13 +58,15 @@ struct RunOutcome {
   std::string startdatei;
 };
 
-/// In what the two kinds of layouts differ.
+/// In what the kinds of runs differ.
 struct RunDifferences {
   std::string_view order;
   /// A run without pages ends with a message.
   bool stopsWhenEmpty;
-  /// Behind the closing line.
-  std::string_view closingMark;
+  /// The last line; "#" is the number of pages.
+  std::string_view closingLine;
+  /// The moment of the run is what "only new pages" counts from.
+  bool storesDate;
 };
 
 /// A row of `Seite` as a run works on it.
@@ -73,8 +75,7 @@ struct RunPage {
   std::optional<int> seitentyp;
   std::optional<std::string> html, script;
 
-  /// Read from elsewhere than its site: external and auction pages.
-  bool isReadFromElsewhere() const;
+  bool isOfType(Seitentyp type) const { return seitentyp == static_cast<int>(type); }
 };
 
 class GenerationRun {

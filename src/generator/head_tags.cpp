@@ -22,10 +22,13 @@ std::string metaTags(const HeadStyle& style, const settings::Fields& fields, con
     if (!fields.tbmeta[i].empty())
       text += format("<meta name='{}' content='{}'>\r\n", kMetaNames[i], fields.tbmeta[i]);
   text += format("<meta name='date' content='{:04}-{:02}-{:02}'>\r\n", now.year, now.month, now.day);
-  text += "<meta name='revisit' content='After 20 days'>\r\n"
-          "<meta name='expires' content='NEVER'>\r\n";
-  text += format("<meta {}='imagetoolbar' content='no'>\r\n", style.imageToolbarAttribute);
-  text += format("<meta name='robots' content='INDEX,FOLLOW'>{}", style.behindRobots);
+  if (!style.imageToolbarAttribute.empty())
+    text += format("<meta name='revisit' content='After 20 days'>\r\n"
+                   "<meta name='expires' content='NEVER'>\r\n"
+                   "<meta {}='imagetoolbar' content='no'>\r\n"
+                   "<meta name='robots' content='INDEX,FOLLOW'>",
+                   style.imageToolbarAttribute);
+  text += style.beforeGenerator;
   return text + format("<meta name='generator' content='{} Version {}'>\r\n", base::kHomeAddress, base::kVersion);
 }
 

@@ -9,12 +9,12 @@
 
 namespace mrd::generator {
 
-/// In what the heads of the two kinds of layouts differ.
+/// In what the heads of the kinds of layouts differ.
 struct HeadStyle {
-  /// Attribute that names the tag for the image toolbar.
+  /// Attribute that names the tag for the image toolbar; empty where robots and browsers are told nothing.
   std::string_view imageToolbarAttribute;
-  /// Line ends behind the tag for robots.
-  std::string_view behindRobots;
+  /// Line ends before the tag of the generator.
+  std::string_view beforeGenerator;
   /// Parameter and spare variable of the popup function.
   std::string_view popupParameter, popupVariable;
 };

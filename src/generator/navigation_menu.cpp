@@ -26,9 +26,9 @@ struct NavigationMenu::Walk {
   }
 };
 
-NavigationMenu::NavigationMenu(const PageIndex& index, const RowTable& rows, const settings::Fields& fields,
+NavigationMenu::NavigationMenu(const PageIndex& index, Rows rows, const MenuStyle& style, const settings::Fields& fields,
                                std::string basislink)
-    : index_(index), rows_(rows), fields_(fields), basislink_(std::move(basislink))
+    : index_(index), rows_(rows), style_(style), fields_(fields), basislink_(std::move(basislink))
 {
   for (std::size_t level = 0; level < kMenuLevels; ++level) {
     auto& [bytes, starts] = rendered_[level];
@@ -43,7 +43,7 @@ NavigationMenu::NavigationMenu(const PageIndex& index, const RowTable& rows, con
 std::string NavigationMenu::renderedRow(std::size_t row, const IndexedPage& page) const
 {
   const std::string target = basislink_ + fileOfPattern(page.dateiname, page.id);
-  return base::toWindows1252(menüzeile(rows_[row], page.Überschrift, target, fields_).append(base::kCrLf));
+  return base::toWindows1252(menüzeile(rows_[row], page.Überschrift, target, fields_).append(style_.rowEnd));
 }
 
 MenuNeighbours NavigationMenu::print(std::string& out, std::string_view currentId) const
@@ -77,13 +77,15 @@ void NavigationMenu::printLevel(Walk& walk, std::size_t level, Range range) cons
     const IndexedPage& page = *pages[at];
     if (!walk.currentId.starts_with(page.id))
       continue;
-    if (page.id == walk.currentId) {
-      printOthers(walk, level, {printed, at});
+    const bool isCurrent = page.id == walk.currentId;
+    const bool isMarked = isCurrent || style_.marksAncestors;
+    printOthers(walk, level, {printed, isMarked ? at : at + 1});
+    if (isMarked)
       walk.out += renderedRow(kMenuRows[level].current, page);
+    if (isCurrent)
       walk.neighbours.seen = true;
-    } else {
-      printOthers(walk, level, {printed, at + 1});
-    }
+    else if (isMarked)
+      walk.pass(page, page);
     printed = at + 1;
     if (level + 1 < kMenuLevels)
       printLevel(walk, level + 1, childRange(level + 1, page.id));

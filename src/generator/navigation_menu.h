@@ -1,5 +1,5 @@
 #pragma once
-// The menu of the built-in layout: the path to the current page is open, all else is closed.
+// The menu of a layout of rows: the path to the current page is open, all else is closed.
 
 #include "frame/settings/fields.h"
 #include "generator/page_index.h"
@@ -27,11 +27,20 @@ struct MenuNeighbours {
   bool seen = false;
 };
 
+/// How a layout writes the rows of its menu.
+struct MenuStyle {
+  /// Behind each row.
+  std::string_view rowEnd;
+  /// The pages above the current one stand in its form too, without a link.
+  bool marksAncestors;
+};
+
 /// Prints menus for one base address. Rows of pages that are not the current one look the same on every page, so each level is
 /// rendered once, in output bytes, and a page's menu is put together from runs of it.
 class NavigationMenu {
 public:
-  NavigationMenu(const PageIndex& index, const RowTable& rows, const settings::Fields& fields, std::string basislink);
+  NavigationMenu(const PageIndex& index, Rows rows, const MenuStyle& style, const settings::Fields& fields,
+                 std::string basislink);
 
   /// Appends the menu of page `currentId` to `out` (Windows-1252).
   MenuNeighbours print(std::string& out, std::string_view currentId) const;
@@ -49,7 +58,8 @@ private:
   std::string renderedRow(std::size_t row, const IndexedPage& page) const;
 
   const PageIndex& index_;
-  const RowTable& rows_;
+  Rows rows_;
+  MenuStyle style_;
   const settings::Fields& fields_;
   std::string basislink_;
   /// All rows of a level in the form for other pages, and where each one ends.

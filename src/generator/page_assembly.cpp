@@ -3,24 +3,15 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "base/windows1252.h"
-#include "generator/head_tags.h"
 #include "generator/placeholders.h"
-
-#include <string_view>
 
 namespace mrd::generator {
 namespace {
 
-using base::format;
 using base::kCrLf;
 
 /// Level of a page in the tree, 1 to 4 below the homepage; 0 for the homepage and for an id that is too short to have one.
 std::size_t levelOf(std::string_view id) { return id == kHomepageId ? 0 : base::length(id) / 2; }
-
-std::string link(std::string_view href, std::string_view text)
-{
-  return format("<a href='{}'><FONT color=[mrd:Menütextfarbe]>{}</font></a>", href, text);
-}
 
 PageLink linkTo(const IndexedPage& page) { return {page.id, page.Überschrift, fileOfPattern(page.dateiname, page.id)}; }
 
@@ -46,35 +37,35 @@ const PageLink& Ancestors::parentOf(std::string_view id) const
 bool hasServerCode(std::string_view dateiname) { return base::contains(dateiname, ".php") || base::contains(dateiname, ".asp"); }
 
 struct PageAssembly::Frame {
-  std::string documentHead, styleToBody, menuStart, homepageActive, homepageLink, menuEnd, documentEnd;
+  /// What each step of the layout writes whatever the page; empty for a step that depends on it.
+  std::vector<std::string> fixed;
+  std::string homepageActive, homepageLink;
   NavigationMenu menu;
 };
 
-PageAssembly::PageAssembly(SiteContext site) : site_(std::move(site)), rows_(htmldefs(site_.fields)) {}
+struct PageAssembly::Work {
+  const RunPage& page;
+  std::string_view basislink;
+  const RewrittenBody* body;
+  const PageLink& parent;
+  PageParts& parts;
+  const Frame& frame;
+  MenuNeighbours neighbours;
+};
+
+PageAssembly::PageAssembly(SiteContext site, RowLayout layout) : site_(std::move(site)), layout_(std::move(layout)) {}
 
 PageAssembly::~PageAssembly() = default;
 
 std::string_view PageAssembly::assemble(const RunPage& page, std::string_view basislink, const RewrittenBody* body,
-                                        const PageLink& parent, const PageEffects& effects)
+                                        const PageLink& parent, PageParts& parts)
 {
-  const Frame& frame = frameFor(basislink);
+  Work work{page, basislink, body, parent, parts, frameFor(basislink), {}};
   buffer_.clear();
-  buffer_ += frame.documentHead;
-  printScripts(page, basislink, effects);
-  printTitle(page, basislink);
-  buffer_ += frame.styleToBody;
-  const RewrittenBody& sharedHead = sharedHeadFor(basislink);
-  effects.headPictures(sharedHead.found.uses);
-  buffer_ += sharedHead.bytes;
-  buffer_ += frame.menuStart;
-  buffer_ += page.id == kHomepageId ? frame.homepageActive : frame.homepageLink;
-  const MenuNeighbours neighbours = frame.menu.print(buffer_, page.id);
-  buffer_ += frame.menuEnd;
-  if (body != nullptr)
-    effects.bodyPictures(body->found.uses);
-  printBody(page, basislink, body);
-  printPageTurn(page, basislink, neighbours, parent);
-  buffer_ += frame.documentEnd;
+  for (std::size_t step = 0; step < layout_.steps.size(); ++step) {
+    buffer_ += work.frame.fixed[step];
+    printStep(layout_.steps[step], work);
+  }
   return buffer_;
 }
 
@@ -82,53 +73,73 @@ const PageAssembly::Frame& PageAssembly::frameFor(std::string_view basislink)
 {
   if (const auto known = frames_.find(basislink); known != frames_.end())
     return *known->second;
+  std::vector<std::string> fixed;
+  for (const auto& step : layout_.steps)
+    fixed.push_back(fixedText(step, basislink));
   auto frame = std::make_unique<Frame>(
-      Frame{documentHead(basislink), defaultRows({3, 4, 5, 6, 7}, basislink), defaultRows({9, 10}, basislink),
-            homepageEntry(kHomepageActive, basislink), homepageEntry(kHomepageLink, basislink), defaultRows({13, 14}, basislink),
-            defaultRows({kDocumentEnd}, basislink), NavigationMenu(site_.index, rows_, site_.fields, std::string(basislink))});
+      Frame{std::move(fixed), homepageEntry(kHomepageActive, basislink), homepageEntry(kHomepageLink, basislink),
+            NavigationMenu(site_.index, layout_.rows, layout_.menu, site_.fields, std::string(basislink))});
   return *frames_.emplace(basislink, std::move(frame)).first->second;
 }
 
-const RewrittenBody& PageAssembly::sharedHeadFor(std::string_view basislink)
+std::string PageAssembly::fixedText(const RowStep& step, std::string_view basislink) const
 {
-  std::string& tbbasisurl = site_.fields.tbbasisurl;
-  const auto [entry, isNew] = sharedHeads_.try_emplace({std::string(basislink), tbbasisurl});
-  RewrittenBody& head = entry->second;
-  if (isNew) {
-    auto document = html::Document::fromText(site_.head);
-    head.found = findebilder(document, {site_.exportpfad, std::string(basislink), tbbasisurl});
-    // The colours go in before the head does: a placeholder that the author wrote into the head stays as it stands.
-    const std::string row = farbzuweisung(rows_[kSharedHead], site_.fields);
-    const std::string filled = base::replaceAll(row, "[mrd:Kopf]", document.body().innerHtml());
-    head.bytes = base::toWindows1252(mitbasis(filled, basislink).append(kCrLf));
+  switch (step.treatment) {
+  case Treatment::Head:
+    return documentHead(step.row, basislink);
+  case Treatment::Plain:
+    return plainRow(step.row, basislink);
+  case Treatment::LineEnd:
+    return std::string(kCrLf);
+  default:
+    return {};
   }
-  if (head.found.slashAppended && !tbbasisurl.ends_with('/'))
-    tbbasisurl += '/';
-  return head;
 }
 
-std::string PageAssembly::documentHead(std::string_view basislink) const
+void PageAssembly::printStep(const RowStep& step, Work& work)
 {
-  const std::string text = rows_[kHead] + std::string(kCrLf) + metaTags(kBuiltInHead, site_.fields, site_.now);
+  switch (step.treatment) {
+  case Treatment::Scripts:
+    return printScripts(work);
+  case Treatment::Title:
+    return printTitle(step.row, work);
+  case Treatment::SharedHead:
+    return work.parts.appendSharedHead(buffer_, work.basislink);
+  case Treatment::HomepageEntry:
+    buffer_ += work.page.id == kHomepageId ? work.frame.homepageActive : work.frame.homepageLink;
+    return;
+  case Treatment::Menu:
+    work.neighbours = work.frame.menu.print(buffer_, work.page.id);
+    return;
+  case Treatment::Body:
+    return printBody(work);
+  case Treatment::PageTurn:
+    return printPageTurn(step.row, work);
+  case Treatment::Head:
+  case Treatment::Plain:
+  case Treatment::LineEnd:
+    return;
+  }
+}
+
+std::string PageAssembly::documentHead(std::size_t row, std::string_view basislink) const
+{
+  const std::string text = layout_.rows[row] + std::string(kCrLf) + metaTags(layout_.head, site_.fields, site_.now);
   return base::toWindows1252(farbzuweisung(mitbasis(text, basislink), site_.fields).append(kCrLf));
 }
 
-std::string PageAssembly::defaultRows(std::initializer_list<std::size_t> rows, std::string_view basislink) const
+std::string PageAssembly::plainRow(std::size_t row, std::string_view basislink) const
 {
-  std::string out;
-  for (const std::size_t row : rows) {
-    std::string text = mitbasis(rows_[row], basislink);
-    text = base::replaceAll(text, "[mrd:Inhaltbreite]", site_.fields.ComboInhalt.Text);
-    text = base::replaceAll(text, "[mrd:Menübreite]", site_.fields.ComboMenüspalte.Text);
-    base::appendWindows1252(out, farbzuweisung(text, site_.fields).append(kCrLf));
-  }
-  return out;
+  std::string text = mitbasis(layout_.rows[row], basislink);
+  text = base::replaceAll(text, "[mrd:Inhaltbreite]", site_.fields.ComboInhalt.Text);
+  text = base::replaceAll(text, "[mrd:Menübreite]", site_.fields.ComboMenüspalte.Text);
+  return base::toWindows1252(farbzuweisung(text, site_.fields).append(kCrLf));
 }
 
 std::string PageAssembly::homepageEntry(std::size_t row, std::string_view basislink) const
 {
   const std::string target = std::string(basislink) + site_.homepage.file;
-  return base::toWindows1252(menüzeile(rows_[row], kHomepageName, target, site_.fields).append(kCrLf));
+  return base::toWindows1252(menüzeile(layout_.rows[row], kHomepageName, target, site_.fields).append(layout_.menu.rowEnd));
 }
 
 void PageAssembly::print(std::string_view text)
@@ -137,62 +148,57 @@ void PageAssembly::print(std::string_view text)
   buffer_ += kCrLf;
 }
 
-void PageAssembly::printScripts(const RunPage& page, std::string_view basislink, const PageEffects& effects)
+void PageAssembly::printScripts(const Work& work)
 {
   const auto printBetweenEmptyLines = [this](std::string_view text) {
     print("");
     print(text);
     print("");
   };
+  const RunPage& page = work.page;
   if (page.script)
     printBetweenEmptyLines(*page.script);
   const std::string_view html = page.html ? std::string_view(*page.html) : std::string_view();
   if (base::contains(html, "popup")) {
-    printBetweenEmptyLines(popupScript(kBuiltInHead));
-    effects.popupPage();
+    printBetweenEmptyLines(popupScript(layout_.head));
+    work.parts.bringPopupPage();
   }
   if (base::contains(html, "picturetransfer")) {
-    printBetweenEmptyLines(format("<script src='{}picturetransfer.js' TYPE='text/javascript'></script>", basislink));
-    effects.pictureTransferScript();
+    printBetweenEmptyLines(base::format("<script src='{}picturetransfer.js' TYPE='text/javascript'></script>", work.basislink));
+    work.parts.bringPictureTransferScript();
   }
 }
 
-void PageAssembly::printTitle(const RunPage& page, std::string_view basislink)
+void PageAssembly::printTitle(std::size_t row, const Work& work)
 {
-  const std::string named = base::replaceAll(rows_[kTitle], "[mrd:Überschrift]", page.Überschrift);
+  const std::string named = base::replaceAll(layout_.rows[row], "[mrd:Überschrift]", work.page.Überschrift);
   const std::string titled = base::replaceAll(named, "[mrd:Titel]", site_.fields.tbtitel);
-  print(mitbasis(farbzuweisung(titled, site_.fields), basislink));
+  print(mitbasis(farbzuweisung(titled, site_.fields), work.basislink));
 }
 
-void PageAssembly::printBody(const RunPage& page, std::string_view basislink, const RewrittenBody* body)
+void PageAssembly::printBody(const Work& work)
 {
   buffer_ += "<!-- Beginn Inhalt -->\r\n";
-  if (body == nullptr)
-    base::appendWindows1252(buffer_, mitbasis(page.html.value_or(""), basislink));
-  else if (basislink.empty())
-    buffer_ += body->bytes;
+  if (work.body == nullptr)
+    base::appendWindows1252(buffer_, mitbasis(work.page.html.value_or(""), work.basislink));
+  else if (const std::string_view bytes = work.parts.bringBody(*work.body); work.basislink.empty())
+    buffer_ += bytes;
   else
-    buffer_ += mitbasis(body->bytes, base::toWindows1252(basislink));
-  buffer_ += "\r\n<!-- Ende Inhalt -->\r\n<br>\r\n";
+    buffer_ += mitbasis(bytes, base::toWindows1252(work.basislink));
+  buffer_ += "\r\n<!-- Ende Inhalt -->\r\n";
+  buffer_ += layout_.behindBody;
 }
 
-void PageAssembly::printPageTurn(const RunPage& page, std::string_view basislink, const MenuNeighbours& neighbours,
-                                 const PageLink& parent)
+void PageAssembly::printPageTurn(std::size_t row, const Work& work)
 {
+  const MenuNeighbours& neighbours = work.neighbours;
   const bool reached = neighbours.seen;
   const PageLink previous = reached && neighbours.previous != nullptr ? linkTo(*neighbours.previous) : site_.homepage;
   const PageLink first = neighbours.first != nullptr ? linkTo(*neighbours.first) : PageLink{};
   const PageLink next = neighbours.next != nullptr ? linkTo(*neighbours.next) : reached ? site_.homepage : first;
-  const std::string base(basislink);
-
-  std::string line = rows_[kPageTurn] + "<font size=2 face='[mrd:Schriftart]'>";
-  line += link(base + previous.file, "&lt; " + previous.Überschrift) + " | ";
-  if (page.id != kHomepageId && parent.file != previous.file)
-    line += link(base + parent.file, parent.Überschrift) + " | ";
-  line += link("#oben", "oben") + " | ";
-  line += link(base + next.file, next.Überschrift + " &gt;") + "</font>";
-  line += kCrLf;
-  print(farbzuweisung(mitbasis(line, basislink), site_.fields));
+  const bool hasParent = work.page.id != kHomepageId && work.parent.file != previous.file;
+  const std::string links = layout_.pageTurnLinks({work.basislink, previous, next, hasParent ? &work.parent : nullptr});
+  print(farbzuweisung(mitbasis(layout_.rows[row] + links, work.basislink), site_.fields));
 }
 
 } // namespace mrd::generator

@@ -1,5 +1,5 @@
 #pragma once
-// One page of the built-in layout: rows 1 to 17 of the row table in their order, in one reused buffer.
+// One page of a layout of rows: the steps of the layout in their order, in one reused buffer.
 
 #include "base/clock.h"
 #include "frame/settings/fields.h"
@@ -7,31 +7,24 @@
 #include "generator/generation_run.h"
 #include "generator/navigation_menu.h"
 #include "generator/page_index.h"
-#include "generator/row_table.h"
+#include "generator/row_layout.h"
 
 #include <array>
-#include <functional>
-#include <initializer_list>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace mrd::generator {
 
 /// What the pass needs of its run besides the page.
 struct SiteContext {
-  /// Its `tbbasisurl` gets a "/" at its end when the head has a link to a picture.
-  settings::Fields& fields;
+  const settings::Fields& fields;
   const PageIndex& index;
   base::DateTime now;
   /// Id, heading and file of the homepage.
   PageLink homepage;
-  /// HTML of the shared head, before any rewriting.
-  std::string head;
-  std::string exportpfad;
 };
 
 /// The last page of each level that the run took up: what a page takes for its parent. Level 0 is the homepage.
@@ -48,12 +41,17 @@ private:
   PageLink none_;
 };
 
-/// Effects of a page that need files and tables, called in the order of the rows.
-struct PageEffects {
-  std::function<void()> popupPage;
-  std::function<void()> pictureTransferScript;
-  std::function<void(const std::vector<PictureUse>&)> headPictures;
-  std::function<void(const std::vector<PictureUse>&)> bodyPictures;
+/// What of a page needs files and tables: the run does it when the page comes to it. Texts are output bytes.
+class PageParts {
+public:
+  virtual ~PageParts() = default;
+
+  virtual void bringPopupPage() = 0;
+  virtual void bringPictureTransferScript() = 0;
+  /// Brings the pictures of the shared head and appends it, its line end included.
+  virtual void appendSharedHead(std::string& out, std::string_view basislink) = 0;
+  /// Brings the pictures of a body and gives it as it goes out, valid until the next call.
+  virtual std::string_view bringBody(const RewrittenBody& body) = 0;
 };
 
 /// Whether a page's output holds server-side code, which the HTML parser would destroy.
@@ -61,34 +59,34 @@ bool hasServerCode(std::string_view dateiname);
 
 class PageAssembly {
 public:
-  explicit PageAssembly(SiteContext site);
+  PageAssembly(SiteContext site, RowLayout layout);
   ~PageAssembly();
 
   /// The page's bytes, valid until the next call. `body` is null for a page with server-side code, whose html goes out raw.
   std::string_view assemble(const RunPage& page, std::string_view basislink, const RewrittenBody* body, const PageLink& parent,
-                            const PageEffects& effects);
+                            PageParts& parts);
 
 private:
   /// All that looks the same on every page with one base address, in output bytes.
   struct Frame;
+  /// The page at hand.
+  struct Work;
   const Frame& frameFor(std::string_view basislink);
-  /// Row 8 and the pictures in it.
-  const RewrittenBody& sharedHeadFor(std::string_view basislink);
-
-  std::string documentHead(std::string_view basislink) const;
-  std::string defaultRows(std::initializer_list<std::size_t> rows, std::string_view basislink) const;
+  std::string fixedText(const RowStep& step, std::string_view basislink) const;
+  std::string documentHead(std::size_t row, std::string_view basislink) const;
+  std::string plainRow(std::size_t row, std::string_view basislink) const;
   std::string homepageEntry(std::size_t row, std::string_view basislink) const;
 
   void print(std::string_view text);
-  void printScripts(const RunPage& page, std::string_view basislink, const PageEffects& effects);
-  void printTitle(const RunPage& page, std::string_view basislink);
-  void printBody(const RunPage& page, std::string_view basislink, const RewrittenBody* body);
-  void printPageTurn(const RunPage& page, std::string_view basislink, const MenuNeighbours& neighbours, const PageLink& parent);
+  void printStep(const RowStep& step, Work& work);
+  void printScripts(const Work& work);
+  void printTitle(std::size_t row, const Work& work);
+  void printBody(const Work& work);
+  void printPageTurn(std::size_t row, const Work& work);
 
   SiteContext site_;
-  RowTable rows_;
+  RowLayout layout_;
   std::map<std::string, std::unique_ptr<Frame>, std::less<>> frames_;
-  std::map<std::pair<std::string, std::string>, RewrittenBody> sharedHeads_;
   std::string buffer_;
 };
 

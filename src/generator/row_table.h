@@ -4,11 +4,15 @@
 #include "frame/settings/fields.h"
 
 #include <array>
+#include <span>
 #include <string>
 
 namespace mrd::generator {
 
-/// Rows by what they are for; the page pass writes Head to DocumentEnd in this order.
+/// The rows of a layout by their numbers.
+using Rows = std::span<const std::string>;
+
+/// Rows by what they are for, in all layouts of rows.
 enum Row : std::size_t {
   kHead = 1,
   kTitle = 2,

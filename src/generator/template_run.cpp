@@ -20,7 +20,7 @@ namespace {
 using base::kCrLf;
 using templates::Template;
 
-constexpr RunDifferences kDifferences{"ID", false, "!"};
+constexpr RunDifferences kDifferences{"ID", false, "Fertig! Es wurden # Seiten generiert!", true};
 constexpr std::array<std::string_view, 4> kBuiltInLayouts{"", "tabnavigation", "sparta", "einfachetabelle"};
 constexpr std::array<std::string_view, 7> kPictures{"mrdbanner.gif",  "pixel.gif",    "nav_home.gif", "nav_links.gif",
                                                     "nav_rechts.gif", "nav_oben.gif", "nav_top.gif"};

@@ -1,9 +1,11 @@
 #pragma once
 // The main window and the dialogs over it as the core drives them: on a screen, or by a test.
 
-#include "generator/html_export.h"
+#include "imode/imode.h"
 #include "pagetree/page_move.h"
 #include "platform/ui/window_controls.h"
+#include "publish/html_export_form.h"
+#include "shop/shop_form.h"
 
 namespace mrd::editor {
 class FormSuchenErsetzen;
@@ -72,7 +74,8 @@ public:
   virtual void showModal(FrmAssistent& form) = 0;
   virtual void showModal(frmAbout& form) = 0;
   virtual void showModal(pagetree::frmMove1& form) = 0;
-  virtual void showModal(generator::frmHTMLExport& form) = 0;
+  virtual void showModal(publish::frmHTMLExport& form) = 0;
+  virtual void showModal(imode::frmimode& form) = 0;
 
   virtual void showModal(editor::FrmBild& form) = 0;
   virtual void showModal(editor::FrmSchriftart& form) = 0;
@@ -88,6 +91,8 @@ public:
   virtual void show(pictures::formobjektanzeigen& form) = 0;
   /// Makes the window that comes up by itself while there is work.
   virtual void prepare(pictures::frmBildkonvertierer& form) = 0;
+  /// Above the main window, which can be worked in.
+  virtual void show(shop::frmmrdshop& form) = 0;
 };
 
 } // namespace mrd::mainform

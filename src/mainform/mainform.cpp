@@ -3,11 +3,15 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "frame/failures/failures.h"
+#include "generator/html_export.h"
 #include "mainform/about.h"
 #include "mainform/assistant.h"
 #include "mainform/pasted_picture.h"
 #include "mainform/window_placement.h"
 #include "pagetree/page_id.h"
+#include "platform/ftp/curl_client.h"
+#include "publish/remembered_servers.h"
+#include "publish/timer.h"
 
 #include <array>
 
@@ -35,8 +39,11 @@ Mainform::Mainform(Program& program, const Seams& seams)
       editor_({project_, pages_, tabs_, seams.screen, seams.dialogs, seams.tbhtml}),
       files_({program.language, pages_, seams.screen}),
       settings_({project_, seams.screen, seams.DHTMLEdit1}, [this] { colours_.farbenaktualisieren(); }),
-      treeMouse_({project_, pages_, seams.dialogs, help_}), drafts_(project_, pages_, tabs_),
-      pictures_({project_, pages_, tabs_, seams.dialogs, help_, seams.shell, seams.userSettings})
+      imodeHead_(project_.fields(), program.ui), treeMouse_({project_, pages_, seams.dialogs, help_}),
+      drafts_(project_, pages_, tabs_),
+      pictures_({project_, pages_, tabs_, seams.dialogs, help_, seams.shell, seams.userSettings}),
+      auction_({program.language, seams.TreeView1, seams.clipboard, seams.shell, pages_.fields, project_.fields()},
+               [this] { scriptChanged(); })
 {
   seams_.dialogs.prepare(pictures_.converter());
   seams_.DHTMLEdit1.setEvents(surfaceEvents());
@@ -183,6 +190,9 @@ void Mainform::Form_Unload()
 {
   ended_ = true;
   failures::withStandardHandler(program_.language, "Form_Unload", [&] {
+    if (shop_)
+      shop_->Form_QueryUnload();
+    closeShop();
     seams_.screen.unloadOtherWindows();
     if (!seams_.screen.isMinimised())
       writePlacement(seams_.userSettings, seams_.screen.placement());
@@ -213,8 +223,9 @@ void Mainform::openProject(const std::function<void()>& open)
 
 bool Mainform::leaveProject()
 {
-  if (!pages_.leave() || !tabs_.showTree())
+  if (!pages_.leave() || !tabs_.showTree() || (shop_ && !shop_->Form_QueryUnload()))
     return false;
+  closeShop();
   pages_.rememberState();
   return true;
 }
@@ -327,7 +338,8 @@ void Mainform::seitelöschen()
     pages_.DelPage();
 }
 
-void Mainform::html()
+template <class Dialog>
+void Mainform::showExport()
 {
   if (!project_.isOpen()) {
     program_.language.GetMsg(kMessageNoProject);
@@ -335,9 +347,19 @@ void Mainform::html()
   }
   if (!pages_.leave())
     return;
-  generator::frmHTMLExport dialog(exportEnvironment());
+  publish::RememberedServers servers(seams_.userSettings, program_.language);
+  ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); });
+  const publish::SystemTimer timer;
+  Dialog dialog(exportEnvironment(), {program_.language, project_.fields(), client, timer});
   dialog.DbName = project_.DbName();
   seams_.dialogs.showModal(dialog);
+}
+
+void Mainform::html() { showExport<publish::frmHTMLExport>(); }
+
+void Mainform::cbimode_Click()
+{
+  command("cbimode_Click", [&] { showExport<imode::frmimode>(); });
 }
 
 void Mainform::seitenvorschau()
@@ -390,6 +412,66 @@ void Mainform::findNext()
   command("findNext", [&] { editor_.findNext(); });
 }
 
+// --- shop and auction
+
+void Mainform::mnuShop_Click()
+{
+  command("mnuShop_Click", [&] {
+    if (!project_.isOpen()) {
+      program_.language.GetMsg(kMessageNoProject);
+      return;
+    }
+    if (!shop_ || !shop_->isOpen())
+      shop_ = std::make_unique<shop::frmmrdshop>(
+          shop::frmmrdshop::Parts{project_.db(), program_.language, seams_.DHTMLEdit1, seams_.shell, pages_.fields}, shopHooks());
+    seams_.dialogs.show(*shop_);
+  });
+}
+
+shop::ShopHooks Mainform::shopHooks()
+{
+  return {[this] { return showPage(); }, [this] { pages_.changed(); }, [this] { scriptChanged(); }};
+}
+
+bool Mainform::showPage()
+{
+  if (pages_.isBusy())
+    return false;
+  if (pages_.LastActivePage().empty() || pages_.document.kind != DocumentKind::Page) {
+    program_.language.GetMsg(kMessageChoosePage);
+    return false;
+  }
+  return tabs_.showEditor();
+}
+
+void Mainform::scriptChanged()
+{
+  pages_.tbScript_Change();
+  seams_.screen.refresh(Shown::Page);
+}
+
+void Mainform::closeShop()
+{
+  if (shop_ && shop_->isOpen())
+    shop_->window.unload();
+  shop_.reset();
+}
+
+void Mainform::cbEbayHTMLkopieren_Click()
+{
+  command("cbEbayHTMLkopieren_Click", [&] { auction_.cbEbayHTMLkopieren_Click(); });
+}
+
+void Mainform::CbEbayMetatag_Click()
+{
+  command("CbEbayMetatag_Click", [&] { auction_.CbEbayMetatag_Click(); });
+}
+
+void Mainform::cbebaykategorien_Click()
+{
+  command("cbebaykategorien_Click", [&] { auction_.cbebaykategorien_Click(); });
+}
+
 void Mainform::menu_Click(std::string_view name, std::optional<int> index)
 {
   struct Entry {
@@ -433,6 +515,7 @@ void Mainform::menu_Click(std::string_view name, std::optional<int> index)
             }},
       Entry{"SeiteSub", [](Mainform& window, int entry) { window.SeiteSub_Click(entry); }},
       Entry{"NetSub", [](Mainform& window, int entry) { window.NetSub_Click(entry); }},
+      Entry{"mnuShop", [](Mainform& window, int) { window.mnuShop_Click(); }},
       Entry{"eng", [](Mainform& window, int) { window.eng_Click(); }},
       Entry{"GER", [](Mainform& window, int) { window.GER_Click(); }},
       Entry{"HelpSub1", [](Mainform& window, int entry) { window.HelpSub1_Click(entry); }},

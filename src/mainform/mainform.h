@@ -2,6 +2,8 @@
 // The main window without a screen: its parts, each with the controls and the procedures of its subject, and the commands that
 // lead from one to another.
 
+#include "generator/html_export.h"
+#include "imode/head_frame.h"
 #include "mainform/draft_keeper.h"
 #include "mainform/editor_commands.h"
 #include "mainform/editor_tabs.h"
@@ -17,9 +19,13 @@
 #include "mainform/site_colours.h"
 #include "mainform/tree_mouse.h"
 #include "platform/files/user_settings.h"
+#include "platform/ui/clipboard.h"
 #include "platform/ui/shell.h"
+#include "shop/auction.h"
+#include "shop/shop_form.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,6 +42,7 @@ public:
     ui::TreeControl& TreeView1;
     ui::Shell& shell;
     files::UserSettings& userSettings;
+    ui::Clipboard& clipboard;
   };
   Mainform(Program& program, const Seams& seams);
   Mainform(const Mainform&) = delete;
@@ -53,6 +60,7 @@ public:
   FileCommands& files() { return files_; }
   SettingsTabs& settings() { return settings_; }
   SiteColours& colours() { return colours_; }
+  imode::HeadFrame& imodeHead() { return imodeHead_; }
   DraftKeeper& drafts() { return drafts_; }
   Help& help() { return help_; }
   PictureCommands& pictures() { return pictures_; }
@@ -97,6 +105,13 @@ public:
   void seitenvorschau();
   /// Saves the page, and shows the dialog that generates the site.
   void html();
+  /// The same for the edition for telephones.
+  void cbimode_Click();
+  /// Shows the shop's dialog beside the page.
+  void mnuShop_Click();
+  void cbEbayHTMLkopieren_Click();
+  void CbEbayMetatag_Click();
+  void cbebaykategorien_Click();
   void HilfeAnzeigen() { help_.HilfeAnzeigen("Mainform"); }
 
 private:
@@ -113,8 +128,15 @@ private:
   void seiteneu();
   void seitelöschen();
   generator::ExportEnvironment exportEnvironment();
+  /// Saves the page and shows a dialog that generates and publishes. Message 24 without a project.
+  template <class Dialog>
+  void showExport();
   void showAssistant(int page);
   void showAbout();
+  shop::ShopHooks shopHooks();
+  bool showPage();
+  void scriptChanged();
+  void closeShop();
 
   Program& program_;
   const Seams seams_;
@@ -127,9 +149,13 @@ private:
   EditorCommands editor_;
   FileCommands files_;
   SettingsTabs settings_;
+  imode::HeadFrame imodeHead_;
   TreeMouse treeMouse_;
   DraftKeeper drafts_;
   PictureCommands pictures_;
+  shop::AuctionHelper auction_;
+  /// There once it has been opened; of the project that is open.
+  std::unique_ptr<shop::frmmrdshop> shop_;
   bool projectOpened_ = false;
   /// The window is closed or about to be.
   bool ended_ = false;

@@ -104,7 +104,7 @@ constexpr std::array kMenuEntries{
     MenuEntry{"D2D", "D2DSub", 8, "Lock Element"},
 
     MenuEntry{"", "Extras", {}, "E&xtras"},
-    MenuEntry{"Extras", "mnuShop", {}, "Shop ...", false},
+    MenuEntry{"Extras", "mnuShop", {}, "Shop ..."},
 
     MenuEntry{"", "Language", {}, "&Language"},
     MenuEntry{"Language", "eng", {}, "&English"},

@@ -77,11 +77,13 @@ std::string vorschaubild_jpg(std::string_view pfad, const settings::Fields& fiel
   return vorschauname;
 }
 
+std::string telephoneName(std::string_view pfad) { return paths::teile_dateipfad(pfad).name + "_xs.gif"; }
+
 std::string vorschaubild_gif(std::string_view pfad, const settings::Fields& fields)
 {
   const auto parts = paths::teile_dateipfad(pfad);
-  auto vorschauname = parts.name + "_xs.gif";
-  const auto target = settings::withClosingSeparator(fields.tbpfadexport) + "imode\\pix\\" + vorschauname;
+  auto vorschauname = telephoneName(pfad);
+  const auto target = settings::withClosingSeparator(fields.tbpfadexport) + "imode\\pix\\" + base::lower(vorschauname);
   if (paths::datei_vorhanden(target))
     return vorschauname;
   if (fits(Image::sizeOf(pfad), kTelephonePx))

@@ -20,8 +20,10 @@ namespace mrd::pictures {
 /// enough. Throws base::Error for a picture that cannot be read.
 std::string vorschaubild_jpg(std::string_view pfad, const settings::Fields& fields);
 
+/// File name of the small picture for telephones.
+std::string telephoneName(std::string_view pfad);
 /// The same for telephones: `<base>_xs.gif` of at most 120 pixels in `imode\pix` of the export directory, made only where it is
-/// missing.
+/// missing; on disk its name is in lower case, as pages refer to it.
 std::string vorschaubild_gif(std::string_view pfad, const settings::Fields& fields);
 
 class Thumbnails {

@@ -25,6 +25,7 @@ MODES = ("all", "new-only", "page")
 TEXT_OF_A_MESSAGE = re.compile(r"message(?: (\d+))?: ?(.*)", re.S)
 NO_OUTPUT = re.compile(r"projekt\.mdb.*|programm/[^/]*\.(mdb|INI|ini).*")
 SHOWN_PER_RUN = 6
+GIF_HEAD = 10                     # bytes
 
 
 class Outcome:
@@ -55,7 +56,7 @@ def run_reference(scenario, mode):
 def run_program(scenario, mode, mrd):
     command = [mrd, "generate", str(scenario.project), "--program-dir", str(scenario.program)]
     command += ["--prefix", scenario.prefix] if getattr(scenario, "prefix", "") else []
-    command += {"all": [], "new-only": ["--new-only"], "page": ["--page", scenario.page]}[mode]
+    command += {"all": [], "new-only": ["--new-only"], "page": ["--page", scenario.page], "imode": ["--imode"]}[mode]
     command += ["--export", scenario.given_export] if scenario.given_export is not None else []
     environment = dict(os.environ, SOURCE_DATE_EPOCH=str(scenario.now), HOME=str(scenario.root / ".."),
                        XDG_CONFIG_HOME=str(scenario.root / ".."))
@@ -102,8 +103,16 @@ def differences(expected, got):
             yield "%s: missing" % name
         elif name not in expected.files:
             yield "%s: is there, expected none" % name
-        elif expected.files[name] != got.files[name] and expected.files[name] != b"corner":
+        elif not same_content(expected.files[name], got.files[name]):
             yield file_difference(name, expected.files[name], got.files[name])
+
+
+def same_content(expected, got):
+    """A corner is drawn in the program's own way; of a small GIF file the reference knows signature and size alone."""
+    if expected is None or got is None:
+        return expected is got
+    small = expected[:6] == b"GIF87a" and len(expected) == GIF_HEAD
+    return expected in (b"corner", got) or (small and got[:GIF_HEAD] == expected)
 
 
 def message_differences(expected, got):
@@ -154,13 +163,13 @@ def compare(seed, mode, options, root, make, run_expected):
     return list(differences(*outcomes))
 
 
-def main(description=__doc__, make=random_project.make, run_expected=run_reference):
+def main(description=__doc__, make=random_project.make, run_expected=run_reference, modes=MODES):
     parser = argparse.ArgumentParser(description=description, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--mrd", default=os.environ.get("MRD"))
     parser.add_argument("--program-dir", help="where the program's files lie; default: beside mrd")
     parser.add_argument("--seeds", type=int, default=25)
     parser.add_argument("--first", type=int, default=1)
-    parser.add_argument("--modes", default=",".join(MODES))
+    parser.add_argument("--modes", default=",".join(modes))
     parser.add_argument("--keep", metavar="DIR")
     options = parser.parse_args()
     if not options.mrd:

@@ -12,7 +12,7 @@ namespace {
 /// A table whose menu rows tell their number, target and heading.
 RowTable plainRows()
 {
-  RowTable rows;
+  RowTable rows{};
   for (const auto& level : kMenuRows)
     for (const auto number : {level.other, level.current})
       rows[number] = std::to_string(number) + " [mrd:ID] [mrd:Überschrift]";
@@ -23,6 +23,7 @@ struct MenuTest : testing::Test {
   support::TemporaryProject project{};
   settings::Fields fields;
   RowTable rows = plainRows();
+  MenuStyle style{"\r\n", false};
   std::optional<PageIndex> index;
   MenuNeighbours neighbours;
 
@@ -44,7 +45,7 @@ struct MenuTest : testing::Test {
   {
     index.emplace(project.db());
     std::string bytes;
-    neighbours = NavigationMenu(*index, rows, fields, basislink).print(bytes, currentId);
+    neighbours = NavigationMenu(*index, rows, style, fields, basislink).print(bytes, currentId);
     return base::replaceAll(base::fromWindows1252(bytes), "\r\n", "\n");
   }
 
@@ -257,7 +258,7 @@ TEST_F(MenuTest, goes_out_in_the_encoding_of_pages)
   index.emplace(project.db());
   std::string bytes;
 
-  NavigationMenu(*index, rows, fields, {}).print(bytes, "00");
+  NavigationMenu(*index, rows, style, fields, {}).print(bytes, "00");
 
   EXPECT_EQ(bytes, "12 01.htm D\xFCnen \x80&#9829;\r\n");
 }

@@ -104,7 +104,9 @@ struct UsedDialogs : Dialogs {
   std::function<void(FrmAssistent&)> assistant;
   std::function<void(frmAbout&)> about;
   std::function<void(pagetree::frmMove1&)> move;
-  std::function<void(generator::frmHTMLExport&)> exporting;
+  std::function<void(publish::frmHTMLExport&)> exporting;
+  std::function<void(imode::frmimode&)> exportingImode;
+  std::function<void(shop::frmmrdshop&)> shop;
   std::function<void(editor::FrmBild&)> picture;
   std::function<void(editor::FrmSchriftart&)> font;
   std::function<void(editor::FrmTabelleneigenschaften&)> tableProperties;
@@ -118,7 +120,8 @@ struct UsedDialogs : Dialogs {
   void showModal(FrmAssistent& form) override { use(assistant, form, "FrmAssistent"); }
   void showModal(frmAbout& form) override { use(about, form, "frmAbout"); }
   void showModal(pagetree::frmMove1& form) override { use(move, form, "frmMove1"); }
-  void showModal(generator::frmHTMLExport& form) override { use(exporting, form, "frmHTMLExport"); }
+  void showModal(publish::frmHTMLExport& form) override { use(exporting, form, "frmHTMLExport"); }
+  void showModal(imode::frmimode& form) override { use(exportingImode, form, "frmimode"); }
   void showModal(editor::FrmBild& form) override { use(picture, form, "FrmBild"); }
   void showModal(editor::FrmSchriftart& form) override { use(font, form, "FrmSchriftart"); }
   void showModal(editor::FrmTabelleneigenschaften& form) override { use(tableProperties, form, "FrmTabelleneigenschaften"); }
@@ -129,6 +132,7 @@ struct UsedDialogs : Dialogs {
   void show(pictures::FrmFileScan&) override { beside.emplace_back("FrmFileScan"); }
   void show(pictures::formobjektanzeigen&) override { beside.emplace_back("formobjektanzeigen"); }
   void prepare(pictures::frmBildkonvertierer&) override {}
+  void show(shop::frmmrdshop& form) override { use(shop, form, "frmmrdshop"); }
 
 private:
   template <class Form>
@@ -182,7 +186,7 @@ struct UsedSurface : editor::DocumentSurface {
   bool pasteHtml(std::string_view html) override
   {
     pasted.emplace_back(html);
-    return !selected;
+    return !selected && DocumentSurface::pasteHtml(html);
   }
   /// The element with this id is the one around the cursor, or the one that is selected.
   std::optional<ui::PageElement> byId(const std::string& id) const
@@ -274,6 +278,13 @@ struct RecordedShell : ui::Shell {
   bool hasSystemInformation = false;
 };
 
+struct RecordedClipboard : ui::Clipboard {
+  void clear() override { steps.emplace_back("clear"); }
+  void setText(std::string_view text) override { steps.emplace_back(text); }
+
+  std::vector<std::string> steps;
+};
+
 struct MainWindow : Surroundings {
   MainWindow() { userSettings.setValue("Settings", "Assistent", "nein"); }
 
@@ -312,7 +323,8 @@ struct MainWindow : Surroundings {
   support::PlainSource source;
   UsedTree tree;
   RecordedShell shell;
-  mutable Mainform window{program, {screen, dialogs, surface, source, tree, shell, userSettings}};
+  RecordedClipboard clipboard;
+  mutable Mainform window{program, {screen, dialogs, surface, source, tree, shell, userSettings, clipboard}};
 };
 
 /// The same with a project of some pages, open.

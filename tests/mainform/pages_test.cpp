@@ -359,6 +359,37 @@ TEST_F(PreviewTest, of_the_homepage_shows_the_homepage)
   EXPECT_THAT(shell.opened, ElementsAre(directory.file("site\\index.htm")));
 }
 
+struct ImodeDialogTest : PagesTest {};
+
+TEST_F(ImodeDialogTest, is_shown_behind_a_saved_page_and_writes_all_pages)
+{
+  openPage("@01");
+  surface.type("<h3 id=\"ueberschrift\">Villa</h3>");
+  dialogs.exportingImode = [&](imode::frmimode& form) {
+    RecordedScreen controls;
+    ASSERT_TRUE(form.Form_Load(controls));
+    EXPECT_TRUE(form.cbHTML_Click().finished);
+    EXPECT_EQ(form.labelSeite, "Fertig!");
+    EXPECT_FALSE(form.ProgressBar1.Visible);
+    ASSERT_TRUE(form.publishing);
+    EXPECT_FALSE(form.publishing->kind().hasSecondsDisplay);
+  };
+
+  window.cbimode_Click();
+
+  EXPECT_EQ(text("01", "Überschrift"), "Villa");
+  EXPECT_TRUE(files::fileExists(directory.file("site\\imode\\index.htm")));
+}
+
+TEST_F(ImodeDialogTest, without_a_project_is_message_24)
+{
+  ui.expect(24);
+
+  window.cbimode_Click();
+
+  EXPECT_EQ(dialogs.shown, 0);
+}
+
 struct ExportDialogTest : PagesTest {};
 
 TEST_F(ExportDialogTest, is_shown_for_all_pages_behind_a_saved_page)

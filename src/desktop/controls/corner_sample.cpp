@@ -1,6 +1,7 @@
 #include "desktop/controls/corner_sample.h"
 
-#include <QImage>
+#include "desktop/controls/shown_image.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -26,12 +27,9 @@ void CornerSample::setCorner(const image::Image& corner, const QColor& outside)
 
 void CornerSample::paintEvent(QPaintEvent*)
 {
-  constexpr int kBytesPerPixel = 3;
-  const QImage picture(corner_.bytes().data(), corner_.width(), corner_.height(), kBytesPerPixel * corner_.width(),
-                       QImage::Format_RGB888);
   QPainter painter(this);
   painter.fillRect(rect(), outside_);
-  painter.drawImage(0, 0, picture);
+  painter.drawImage(0, 0, shownImage(corner_));
 }
 
 } // namespace mrd::desktop

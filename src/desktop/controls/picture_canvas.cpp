@@ -1,6 +1,7 @@
 #include "desktop/controls/picture_canvas.h"
 
-#include <QImage>
+#include "desktop/controls/shown_image.h"
+
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -17,10 +18,8 @@ void PictureCanvas::paintEvent(QPaintEvent* event)
 {
   if (!picture_)
     return;
-  constexpr int kBytesPerPixel = 3;
   // The picture's own memory: a second copy of a large one in another form would cost more than drawing from this.
-  const QImage pixels(picture_->bytes().data(), picture_->width(), picture_->height(), kBytesPerPixel * picture_->width(),
-                      QImage::Format_RGB888);
+  const QImage pixels = shownImage(*picture_);
   QPainter painter(this);
   const bool isAsLarge = pixels.size() == size();
   if (isAsLarge)

@@ -1,5 +1,7 @@
 #include "desktop/controls/picture_panel.h"
 
+#include "desktop/controls/shown_image.h"
+
 #include <QImageReader>
 #include <QPainter>
 
@@ -24,6 +26,14 @@ void PicturePanel::setPicture(const QString& nativePath)
       reader.setScaledSize(size.scaled(kLargest, Qt::KeepAspectRatio));
     picture_ = QPixmap::fromImageReader(&reader);
   }
+  updateGeometry();
+  update();
+}
+
+void PicturePanel::setImage(const image::Image& picture)
+{
+  path_.clear();
+  picture_ = QPixmap::fromImage(shownImage(picture));
   updateGeometry();
   update();
 }

@@ -6,9 +6,16 @@ namespace mrd::desktop {
 
 SourceText::SourceText(QWidget* parent) : QPlainTextEdit(parent)
 {
-  setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   setTabChangesFocus(true);
   setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
+/// Only now, because the system takes a tenth of a window's start to find a font, and the page is what comes up first.
+void SourceText::showEvent(QShowEvent* event)
+{
+  if (!testAttribute(Qt::WA_SetFont))
+    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  QPlainTextEdit::showEvent(event);
 }
 
 std::string SourceText::source() const

@@ -16,6 +16,9 @@ public:
   std::string source() const;
   /// Shows another text; one that is there already stays, cursor and selection too.
   void setSource(std::string_view text);
+
+protected:
+  void showEvent(QShowEvent* event) override;
 };
 
 } // namespace mrd::desktop

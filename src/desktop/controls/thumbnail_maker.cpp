@@ -1,6 +1,7 @@
 #include "desktop/controls/thumbnail_maker.h"
 
 #include "base/errors.h"
+#include "desktop/controls/shown_image.h"
 #include "platform/image/image.h"
 
 #include <algorithm>
@@ -23,10 +24,7 @@ QImage read(const std::string& path, QSize largest)
     const QSize wanted = QSize(size.width, size.height).scaled(largest, Qt::KeepAspectRatio).expandedTo({1, 1});
     const bool isSmall = size.width <= largest.width() && size.height <= largest.height();
     const auto picture = isSmall ? Image::load(path) : Image::loadResized(path, {wanted.width(), wanted.height()});
-    constexpr int kBytesPerPixel = 3;
-    return QImage(picture.bytes().data(), picture.width(), picture.height(), kBytesPerPixel * picture.width(),
-                  QImage::Format_RGB888)
-        .copy();
+    return shownImage(picture).copy();
   } catch (const base::Error&) {
     return {};
   }

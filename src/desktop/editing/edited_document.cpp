@@ -68,7 +68,7 @@ void EditedDocument::openPage()
   view.setPage(page.get());
   page_ = std::move(page);
   ready_ = false;
-  page_->start(directory_);
+  page_->start();
 }
 
 void EditedDocument::connectNotes()
@@ -105,9 +105,7 @@ void EditedDocument::startIn(std::string_view directory)
     body();
   directory_ = directory;
   requests_.setDirectory(directory);
-  ready_ = false;
-  startLoading();
-  page_->start(directory_);
+  show();
 }
 
 void EditedDocument::startLoading()
@@ -119,6 +117,11 @@ void EditedDocument::startLoading()
 void EditedDocument::load(std::string_view html)
 {
   body_ = base::toCrLf(withBoundedDepth(html));
+  show();
+}
+
+void EditedDocument::show()
+{
   startLoading();
   if (breakdowns_ > kMaxBreakdowns || page_->isStuck()) {
     breakdowns_ = 0;
@@ -157,10 +160,11 @@ void EditedDocument::showStyles()
 
 void EditedDocument::sendBody()
 {
-  page_->tell("load", {qtText(body_)}, [this, load = ++loads_](const QVariant& answer) {
-    if (load == loads_)
-      takeLoaded(answer);
-  });
+  page_->tell("load", {qtText(body_), siteUrl(directory_).toString(QUrl::FullyEncoded)},
+              [this, load = ++loads_](const QVariant& answer) {
+                if (load == loads_)
+                  takeLoaded(answer);
+              });
 }
 
 void EditedDocument::takeLoaded(const QVariant& answer)

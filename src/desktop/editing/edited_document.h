@@ -66,6 +66,7 @@ private:
   void connectNotes();
   void later(std::function<void()> work);
   void openPage();
+  void show();
   void startLoading();
   void stopWaiting();
   void onReady();

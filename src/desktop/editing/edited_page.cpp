@@ -93,11 +93,11 @@ void EditedPage::breakDown()
   QTimer::singleShot(0, this, [tellOwner = onBreakdown] { tellOwner(); });
 }
 
-void EditedPage::start(std::string_view directory)
+void EditedPage::start()
 {
   brokenDown_ = false;
   stuck_ = false;
-  load(documentUrl(directory));
+  load(documentUrl());
 }
 
 void EditedPage::tell(const QString& function, const QJsonArray& arguments, Answer answer)

@@ -12,7 +12,6 @@
 
 #include <functional>
 #include <optional>
-#include <string_view>
 
 class QEventLoop;
 
@@ -34,7 +33,7 @@ public:
   Q_INVOKABLE void contextMenu(int x, int y, const QVariantMap& display) { onContextMenu(x, y, display); }
 };
 
-/// Loads the empty document of a site, goes nowhere else, and calls functions of the script.
+/// Loads the empty document, goes nowhere else, and calls functions of the script.
 class EditedPage : public QWebEnginePage {
 public:
   using Answer = std::function<void(const QVariant&)>;
@@ -46,7 +45,7 @@ public:
   /// Runs when the process that shows the page has ended by itself, or is of no use. The page may be destroyed then.
   std::function<void()> onBreakdown;
 
-  void start(std::string_view directory);
+  void start();
 
   /// Calls a function of the script; the answer comes later. It is invalid when the page is destroyed, and never comes when its
   /// process ends.

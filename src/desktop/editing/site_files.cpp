@@ -72,11 +72,17 @@ void registerSiteScheme()
   QWebEngineUrlScheme::registerScheme(scheme);
 }
 
-QUrl documentUrl(std::string_view directory)
+QUrl siteUrl(std::string_view directory)
 {
   QUrl url = urlOf(directory);
   if (!url.path().endsWith('/'))
     url.setPath(url.path() + '/');
+  return url;
+}
+
+QUrl documentUrl()
+{
+  QUrl url = siteUrl("");
   url.setQuery(kDocumentQuery);
   return url;
 }

@@ -13,10 +13,11 @@ namespace mrd::desktop {
 /// To be called before the application object is made.
 void registerSiteScheme();
 
-/// Address of the empty document in which pages of the site are shown, so that their relative references start in its directory.
-/// `directory` is a path in the system's form.
-QUrl documentUrl(std::string_view directory);
+/// Address of the empty document in which pages are shown.
+QUrl documentUrl();
 bool isDocumentUrl(const QUrl& url);
+/// Where the relative references of a site's pages start. `directory` is a path in the system's form.
+QUrl siteUrl(std::string_view directory);
 
 /// Lets pictures through and stops everything else. References to local files are led to the scheme.
 class SiteRequests : public QWebEngineUrlRequestInterceptor {

@@ -71,6 +71,10 @@ QTreeView { background: palette(base); padding: 6px 2px; outline: none; show-dec
 QTreeView::item { padding: 3px 4px; }
 QTreeView::item:hover { background: palette(midlight); }
 QTreeView::item:selected { background: palette(highlight); color: palette(highlighted-text); }
+QListWidget { background: palette(base); padding: 4px 2px; outline: none; }
+QListWidget::item { padding: 2px 4px; border: none; background: transparent; }
+QListWidget::item:hover { background: palette(midlight); }
+QListWidget::item:selected { background: palette(highlight); color: palette(highlighted-text); }
 QSplitter::handle { background: palette(window); border-left: 1px solid palette(mid); }
 QSplitter::handle:hover { background: palette(midlight); }
 QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }

@@ -6,12 +6,14 @@
 #include "desktop/windows/bildkonvertierer_window.h"
 #include "desktop/windows/file_scan_window.h"
 #include "desktop/windows/html_export_window.h"
+#include "desktop/windows/imode_window.h"
 #include "desktop/windows/insert_html_window.h"
 #include "desktop/windows/insert_table_window.h"
 #include "desktop/windows/mainform_window.h"
 #include "desktop/windows/move_window.h"
 #include "desktop/windows/objekt_anzeigen_window.h"
 #include "desktop/windows/schriftart_window.h"
+#include "desktop/windows/shop_window.h"
 #include "desktop/windows/suchen_ersetzen_window.h"
 #include "desktop/windows/tabelleneigenschaften_window.h"
 #include "desktop/windows/verweis_window.h"
@@ -24,17 +26,17 @@ namespace mrd::desktop {
 namespace {
 
 /// The help key asks for the help of the window.
-void addHelpKey(QDialog& dialog, MainformWindow& owner)
+void connectHelp(QDialog& dialog, MainformWindow& owner)
 {
-  auto* const help = new QShortcut(QKeySequence::HelpContents, &dialog);
+  const auto* const help = new QShortcut(QKeySequence::HelpContents, &dialog);
   QObject::connect(help, &QShortcut::activated, &dialog,
-                   [&] { owner.form().help().HilfeAnzeigen(dialog.objectName().toStdString()); });
+                   [&dialog, &owner] { owner.form().help().HilfeAnzeigen(dialog.objectName().toStdString()); });
 }
 
 /// Shows a dialog until it is closed.
 void run(QDialog& dialog, MainformWindow& owner)
 {
-  addHelpKey(dialog, owner);
+  connectHelp(dialog, owner);
   owner.hideSplash();
   dialog.exec();
 }
@@ -71,9 +73,16 @@ void FormDialogs::showModal(pagetree::frmMove1& form)
   run(dialog, owner_);
 }
 
-void FormDialogs::showModal(generator::frmHTMLExport& form)
+void FormDialogs::showModal(publish::frmHTMLExport& form)
 {
   FrmHtmlExportWindow dialog(form, &owner_);
+  if (dialog.isLoaded())
+    run(dialog, owner_);
+}
+
+void FormDialogs::showModal(imode::frmimode& form)
+{
+  FrmImodeWindow dialog(form, &owner_);
   if (dialog.isLoaded())
     run(dialog, owner_);
 }
@@ -120,7 +129,7 @@ void FormDialogs::show(editor::FormSuchenErsetzen& form)
   if (!search_ || !search_->isVisible()) {
     search_.reset();
     search_ = std::make_unique<SuchenErsetzenWindow>(form, &owner_);
-    addHelpKey(*search_, owner_);
+    connectHelp(*search_, owner_);
     search_->show();
   }
   search_->raise();
@@ -133,7 +142,7 @@ void FormDialogs::show(pictures::FrmFileScan& form)
   if (!fileScan_ || !fileScan_->isVisible()) {
     fileScan_.reset();
     fileScan_ = std::make_unique<FrmFileScanWindow>(form, owner_.form().program().language, &owner_);
-    addHelpKey(*fileScan_, owner_);
+    connectHelp(*fileScan_, owner_);
     fileScan_->show();
   }
   form.window.refresh();
@@ -146,7 +155,7 @@ void FormDialogs::show(pictures::formobjektanzeigen& form)
   if (!viewer_ || !viewer_->isVisible()) {
     viewer_.reset();
     viewer_ = std::make_unique<ObjektAnzeigenWindow>(form, owner_.form().program().language, &owner_);
-    addHelpKey(*viewer_, owner_);
+    connectHelp(*viewer_, owner_);
   }
   viewer_->show();
 }
@@ -166,6 +175,19 @@ void FormDialogs::showWorking(pictures::frmBildkonvertierer& form)
   const QRect around = (before ? *before : static_cast<QWidget&>(owner_)).geometry();
   converter_->move(around.center() - converter_->rect().center());
   converter_->show();
+}
+
+void FormDialogs::show(shop::frmmrdshop& form)
+{
+  // The window of a dialog that is over goes by itself.
+  if (!shop_ || !form.isOpen()) {
+    shop_ = new FrmShopWindow(form, &owner_);
+    connectHelp(*shop_, owner_);
+  }
+  owner_.hideSplash();
+  shop_->show();
+  shop_->raise();
+  shop_->activateWindow();
 }
 
 } // namespace mrd::desktop

@@ -2,12 +2,15 @@
 
 #include "mainform/main_screen.h"
 
+#include <QPointer>
+
 #include <memory>
 
 namespace mrd::desktop {
 
 class BildkonvertiererWindow;
 class FrmFileScanWindow;
+class FrmShopWindow;
 class MainformWindow;
 class ObjektAnzeigenWindow;
 class SuchenErsetzenWindow;
@@ -24,7 +27,8 @@ public:
   void showModal(mainform::FrmAssistent& form) override;
   void showModal(mainform::frmAbout& form) override;
   void showModal(pagetree::frmMove1& form) override;
-  void showModal(generator::frmHTMLExport& form) override;
+  void showModal(publish::frmHTMLExport& form) override;
+  void showModal(imode::frmimode& form) override;
   void showModal(editor::FrmBild& form) override;
   void showModal(editor::FrmSchriftart& form) override;
   void showModal(editor::FrmTabelleneigenschaften& form) override;
@@ -35,6 +39,7 @@ public:
   void show(pictures::FrmFileScan& form) override;
   void show(pictures::formobjektanzeigen& form) override;
   void prepare(pictures::frmBildkonvertierer& form) override;
+  void show(shop::frmmrdshop& form) override;
 
 private:
   void showWorking(pictures::frmBildkonvertierer& form);
@@ -44,6 +49,8 @@ private:
   std::unique_ptr<FrmFileScanWindow> fileScan_;
   std::unique_ptr<ObjektAnzeigenWindow> viewer_;
   std::unique_ptr<BildkonvertiererWindow> converter_;
+  /// The shop's window as long as it is there; it belongs to the main window.
+  QPointer<FrmShopWindow> shop_;
 };
 
 } // namespace mrd::desktop

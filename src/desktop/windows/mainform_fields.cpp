@@ -150,6 +150,7 @@ MainformFields::MainformFields(Ui::Mainform& ui, mainform::Mainform& form, const
   families->setCaseSensitivity(Qt::CaseInsensitive);
   ui_.tbschriftart->setCompleter(families);
   ui_.FrmVorschau->installEventFilter(this);
+  ui_.LEADimode->installEventFilter(this);
   connectSettings();
   connectLists();
   connectColours();
@@ -197,6 +198,12 @@ void MainformFields::connectSettings()
     ui_.tbradius->setText(QString::number(std::max(0, radius)));
   });
   connect(ui_.tbpfadexport, &QLineEdit::editingFinished, this, [this] { form_.settings().tbpfadexport_LostFocus(); });
+  connect(ui_.tbimodekopftext, &QLineEdit::textChanged, this, [this] { showBand(); });
+  connect(ui_.cbimodegifladen, &QPushButton::clicked, this, [this] {
+    form_.imodeHead().cbimodegifladen_Click();
+    showHeadPicture();
+  });
+  connect(ui_.cbimode, &QPushButton::clicked, this, [this] { form_.cbimode_Click(); });
   connect(ui_.cbpfad, &QToolButton::clicked, this, [this] { form_.settings().cbpfad_Click(); });
   connect(ui_.cbeinstellungen, &QPushButton::clicked, this, [this] { form_.settings().cbeinstellungen_Click(); });
 }
@@ -263,6 +270,9 @@ void MainformFields::connectPage()
     if (!showing_)
       page.fields.TBEbayArtikelnummer = text.toStdString();
   });
+  connect(ui_.cbEbayHTMLkopieren, &QPushButton::clicked, this, [this] { form_.cbEbayHTMLkopieren_Click(); });
+  connect(ui_.CbEbayMetatag, &QPushButton::clicked, this, [this] { form_.CbEbayMetatag_Click(); });
+  connect(ui_.cbebaykategorien, &QPushButton::clicked, this, [this] { form_.cbebaykategorien_Click(); });
   for (std::size_t i = 0; i < kPageTypes.size(); ++i)
     connect(ui_.*kPageTypes[i], &QRadioButton::clicked, this, [this, &page, i] {
       page.fields.opseitentyp = static_cast<int>(i) + 1;
@@ -322,8 +332,7 @@ void MainformFields::showSettings()
   ui_.CheckRundeEcke->setChecked(fields.CheckRundeEcke);
   (fields.OptionVorschauMitTitel ? ui_.OptionVorschauMitTitel : ui_.OptionVorschauOhneTitel)->setChecked(true);
   (ui_.*kHeadTypes[static_cast<std::size_t>(fields.Opimmodekopf)])->setChecked(true);
-  ui_.Lblimodegif->setText(shownPath(fields.Lblimodegif));
-  ui_.picImodeKopf->setPicture(shownPath(fields.picImodeKopf));
+  showHeadPicture();
   showLabels();
 }
 
@@ -356,8 +365,12 @@ void MainformFields::fitPreviews()
 
 bool MainformFields::eventFilter(QObject* watched, QEvent* event)
 {
-  if (event->type() == QEvent::Resize)
+  if (watched == ui_.LEADimode) {
+    if (event->type() == QEvent::Show)
+      showBand();
+  } else if (event->type() == QEvent::Resize) {
     fitPreviews();
+  }
   return QObject::eventFilter(watched, event);
 }
 
@@ -366,6 +379,25 @@ void MainformFields::showRadius()
   const Fields& fields = form_.settings().fields();
   const auto sample = std::ranges::find(pictures::kCorners, "ecke-ur.jpg", &pictures::Corner::fileName);
   ui_.LEADEcke->setCorner(pictures::drawCorner(*sample, fields), screenColour(fields.tbhintergrundaussen));
+  showBand();
+}
+
+/// Drawn when it is seen: its letters bring the picture library and a font, which would take half of a start.
+void MainformFields::showBand()
+{
+  if (!ui_.LEADimode->isVisible())
+    return;
+  auto& head = form_.imodeHead();
+  head.imodelogo();
+  if (head.LEADimode)
+    ui_.LEADimode->setImage(*head.LEADimode);
+}
+
+void MainformFields::showHeadPicture()
+{
+  const Fields& fields = form_.settings().fields();
+  ui_.Lblimodegif->setText(shownPath(fields.Lblimodegif));
+  ui_.picImodeKopf->setPicture(shownPath(fields.picImodeKopf));
 }
 
 void MainformFields::showTabs()

@@ -45,6 +45,9 @@ private:
   void showCaption();
   void showLabels();
   void showRadius();
+  /// The head picture of the edition for telephones as it will be drawn.
+  void showBand();
+  void showHeadPicture();
   void fitPreviews();
   void nameControls();
 

@@ -10,6 +10,7 @@
 #include "platform/ui/twips.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QProgressBar>
@@ -37,7 +38,7 @@ MainformWindow::MainformWindow(mainform::Program& program, QtUi& userInterface, 
   addStatusPanels();
   userInterface_.setDisplay(this);
   form_ = std::make_unique<mainform::Mainform>(
-      program, mainform::Mainform::Seams{screen_, dialogs_, surface_, *ui_->tbhtml, tree_, shell_, userSettings_});
+      program, mainform::Mainform::Seams{screen_, dialogs_, surface_, *ui_->tbhtml, tree_, shell_, userSettings_, clipboard_});
   fields_ = std::make_unique<MainformFields>(*ui_, *form_, screen_.controls(), *this);
   connectMenus();
   connectToolbars();
@@ -63,6 +64,8 @@ WebEditingSurface& MainformWindow::place(std::unique_ptr<WebEditingSurface> surf
 
 bool MainformWindow::start()
 {
+  // The page's process has come up while this window was made, and waits for answers.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   form_->Form_Load();
   if (!closed_)
     timer_.start(mainform::DraftKeeper::kIntervalSeconds * kMillisecondsPerSecond);

@@ -2,6 +2,7 @@
 
 #include "desktop/controls/page_tree_control.h"
 #include "desktop/editing/web_editing_surface.h"
+#include "desktop/seams/qt_clipboard.h"
 #include "desktop/seams/qt_shell.h"
 #include "desktop/seams/qt_ui.h"
 #include "desktop/windows/form_dialogs.h"
@@ -68,6 +69,7 @@ private:
   WebEditingSurface& surface_;
   PageTreeControl tree_;
   QtShell shell_;
+  QtClipboard clipboard_;
   MainformScreen screen_;
   FormDialogs dialogs_;
   std::unique_ptr<mainform::Mainform> form_;

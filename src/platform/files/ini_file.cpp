@@ -201,9 +201,12 @@ void IniFile::setValue(std::string_view section, std::string_view key, std::stri
 {
   checkNames(section, key);
   const WriterLock lock(nativePath(path_));
-  Lines lines = readLines(path_);
+  const Lines before = readLines(path_);
+  Lines lines = before;
   setEntry(lines, section, key, value);
-  writeFileAtomically(path_, textOf(lines));
+  // A start writes much that stands there already, and a write that outlives a power cut can take longer than all else.
+  if (lines != before || !fileExists(path_))
+    writeFileAtomically(path_, textOf(lines));
 }
 
 } // namespace mrd::files

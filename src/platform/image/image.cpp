@@ -4,10 +4,9 @@
 #include "base/format.h"
 #include "platform/files/files.h"
 #include "platform/files/path.h"
-#include "platform/image/library.h"
+#include "platform/image/memory_share.h"
+#include "platform/image/palette.h"
 #include "platform/image/state.h"
-
-#include <vips/vips8>
 
 #include <algorithm>
 #include <cmath>
@@ -20,12 +19,12 @@ namespace {
 
 using base::Error;
 using base::ErrorNumber;
-using vips::VImage;
 
-/// A larger one is not encoded in two passes, which would hold all its coefficients in memory to save a few bytes in a hundred.
-constexpr long long kMostPixelsInTwoPasses = 20'000'000;
-/// From this quality on every pixel keeps its own colour: somebody asked for the best, or draws thin lines.
-constexpr int kFullColourQuality = 90;
+/// A picture that is made small while it is read may have more pixels than one that is read as a whole, but there must be an end:
+/// a few bytes can pretend to any size.
+constexpr long long kMostPixelsOfFile = 300'000'000;
+/// What a single picture may need while it is read, with what it becomes.
+constexpr long long kMostBytes = 430'000'000;
 
 void setPixel(std::uint8_t* pixel, Colour colour)
 {
@@ -34,42 +33,72 @@ void setPixel(std::uint8_t* pixel, Colour colour)
   pixel[2] = colour.blue;
 }
 
-VImage asLibraryImage(const Image& picture)
+/// A picture's file as the machine names it.
+std::string nativeFile(std::string_view path)
 {
-  const auto bytes = picture.bytes();
-  // The library takes memory that it could write to, and only reads it.
-  return VImage::new_from_memory(const_cast<std::uint8_t*>(bytes.data()), bytes.size(), picture.width(), picture.height(), kBands,
-                                 VIPS_FORMAT_UCHAR)
-      .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+  auto file = files::nativePath(path).native();
+  if (files::fileSize(path) == 0)
+    throw Error(ErrorNumber::InvalidPicture, base::format("{}: Die Datei ist leer.", file));
+  return file;
 }
 
-Pixels pixelsOf(const VImage& picture)
+/// Throws InvalidPicture for a picture that even the reader that makes it small could not take.
+Head headOf(const std::string& file)
 {
-  std::size_t size = 0;
-  return Pixels(static_cast<std::uint8_t*>(picture.write_to_memory(&size)));
+  const auto head = codec().headOf(file);
+  checkSize(head.size, head.bytesToReduce > kMostBytes ? 0 : kMostPixelsOfFile);
+  return head;
 }
+
+long long bytesOf(Size size) { return static_cast<long long>(byteCount(size.width, size.height)); }
+
+RasterView viewOf(const Image& picture) { return {picture.size(), picture.bytes().data()}; }
 
 } // namespace
-
-void Free::operator()(void* memory) const { g_free(memory); }
-
-void checkSize(Size size, long long most)
-{
-  if (size.width < 1 || size.height < 1 || static_cast<long long>(size.width) * size.height > most)
-    throw Error(ErrorNumber::InvalidPicture,
-                base::format("Ein Bild mit {} x {} Pixeln ist nicht möglich.", size.width, size.height));
-}
 
 Pixels newPixels(int width, int height)
 {
   checkSize({width, height}, kMostPixels);
-  Pixels pixels(static_cast<std::uint8_t*>(g_try_malloc0(byteCount(width, height))));
+  Pixels pixels(static_cast<std::uint8_t*>(std::calloc(byteCount(width, height), 1)));
   if (!pixels)
     throw Error(ErrorNumber::InvalidPicture, base::format("Der Speicher reicht nicht für {} x {} Pixel.", width, height));
   return pixels;
 }
 
 Image::Image(std::shared_ptr<State> state) : state_(std::move(state)) {}
+
+Size Image::sizeOf(std::string_view path) { return headOf(nativeFile(path)).size; }
+
+Image Image::load(std::string_view path, Colour background)
+{
+  const auto file = nativeFile(path);
+  const auto head = headOf(file);
+  const auto bytes = head.bytesToRead + bytesOf(head.size);
+  checkSize(head.size, bytes > kMostBytes ? 0 : kMostPixels);
+  const MemoryShare share(bytes);
+  return Image(std::make_shared<State>(codec().read(file, background)));
+}
+
+Image Image::loadWithPalette(std::string_view path, Colour background)
+{
+  auto picture = load(path, background);
+  picture.state_->palette = readPalette(files::readFile(path));
+  return picture;
+}
+
+Image Image::loadResized(std::string_view path, Size size, Colour background)
+{
+  checkSize(size, kMostPixels);
+  const auto file = nativeFile(path);
+  const auto head = headOf(file);
+  try {
+    const MemoryShare share(head.bytesToReduce + bytesOf(size));
+    return Image(std::make_shared<State>(codec().readReduced(file, size, background)));
+  } catch (const Error&) {
+    // The short way knows no loader by name and gives up on a broken colour profile; the long one tells what else is wrong.
+    return load(path, background).resized(size);
+  }
+}
 
 Image Image::create(int width, int height) { return Image(std::make_shared<State>(width, height)); }
 
@@ -104,26 +133,10 @@ Image::State& Image::changeable()
 Image Image::resized(Size size) const
 {
   checkSize(size, kMostPixels);
-  std::shared_ptr<State> state;
-  withLibrary("resize", [&] {
-    const auto scaled = asLibraryImage(*this).resize(
-        static_cast<double>(size.width) / width(), VImage::option()->set("vscale", static_cast<double>(size.height) / height()));
-    // A factor in floating point may miss the size by a pixel.
-    const auto whole = scaled.embed(0, 0, size.width, size.height, VImage::option()->set("extend", VIPS_EXTEND_COPY));
-    state = std::make_shared<State>(size.width, size.height, pixelsOf(whole));
-  });
-  return Image(std::move(state));
+  return Image(std::make_shared<State>(codec().resized(viewOf(*this), size)));
 }
 
-Image Image::rotated() const
-{
-  std::shared_ptr<State> state;
-  withLibrary("rotate", [&] {
-    const auto turned = asLibraryImage(*this).rot90();
-    state = std::make_shared<State>(turned.width(), turned.height(), pixelsOf(turned));
-  });
-  return Image(std::move(state));
-}
+Image Image::rotated() const { return Image(std::make_shared<State>(codec().rotated(viewOf(*this)))); }
 
 void Image::fill(Colour colour) { fillRectangle({0, 0, width(), height()}, colour); }
 
@@ -161,21 +174,7 @@ void Image::fillEllipse(const Rectangle& bounds, Colour colour)
 
 void Image::saveJpeg(std::string_view path, int qualityFactor) const
 {
-  const int quality = jpegQuality(qualityFactor);
-  withLibrary(files::nativePath(path).native(), [&] {
-    const bool keepsColours = quality >= kFullColourQuality;
-    const bool isLarge = static_cast<long long>(width()) * height() > kMostPixelsInTwoPasses;
-    VipsBlob* encoded = asLibraryImage(*this).jpegsave_buffer(
-        VImage::option()
-            ->set("Q", quality)
-            ->set("strip", true)
-            ->set("optimize_coding", !isLarge)
-            ->set("subsample_mode", keepsColours ? VIPS_FOREIGN_SUBSAMPLE_OFF : VIPS_FOREIGN_SUBSAMPLE_ON));
-    const std::unique_ptr<VipsBlob, void (*)(VipsBlob*)> blob(encoded, [](VipsBlob* b) { vips_area_unref(VIPS_AREA(b)); });
-    std::size_t size = 0;
-    const auto* bytes = static_cast<const char*>(vips_blob_get(blob.get(), &size));
-    files::writeFileAtomically(path, {bytes, size});
-  });
+  files::writeFileAtomically(path, codec().encodeJpeg(viewOf(*this), jpegQuality(qualityFactor)));
 }
 
 int jpegQuality(int qualityFactor)

@@ -62,6 +62,10 @@ public:
   void fillEllipse(const Rectangle& bounds, Colour colour);
   /// A filled rectangle as far as it lies inside the picture; one without an extent draws nothing.
   void fillRectangle(const Rectangle& bounds, Colour colour);
+  /// A line of text from the upper left corner of the rectangle on, cut off at its edges. Letters of a height of `heightPx` with
+  /// what hangs below the line; the line stands in the middle of the rectangle's height. Throws InvalidPicture where the library
+  /// cannot draw text.
+  void drawText(std::string_view text, const Rectangle& bounds, int heightPx, Colour colour);
   /// Puts another picture over this one, its upper left corner at `left` and `top`; what lies outside is cut off.
   void put(const Image& picture, int left, int top);
 

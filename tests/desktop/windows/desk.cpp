@@ -36,13 +36,10 @@ Answers::Answers()
 void Answers::look()
 {
   QWidget* const shown = QApplication::activeModalWidget();
-  if (!shown || !shown->isVisible()) {
-    answered_ = nullptr;
+  std::erase_if(answered_, [](const QPointer<QWidget>& window) { return window.isNull() || !window->isVisible(); });
+  if (!shown || !shown->isVisible() || std::find(answered_.begin(), answered_.end(), shown) != answered_.end())
     return;
-  }
-  if (shown == answered_)
-    return;
-  answered_ = shown;
+  answered_.emplace_back(shown);
   if (auto* const box = qobject_cast<QMessageBox*>(shown))
     return answer(*box);
   auto* const dialog = qobject_cast<QDialog*>(shown);
@@ -66,7 +63,6 @@ void Answers::answer(QMessageBox& box)
     if (auto* const named = box.findChild<QAbstractButton*>(name))
       chosen = named;
   }
-  answered_ = nullptr;
   chosen->click();
 }
 

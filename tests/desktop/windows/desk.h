@@ -8,6 +8,7 @@
 #include "support/temporary.h"
 
 #include <QMessageBox>
+#include <QPointer>
 #include <QTimer>
 
 #include <deque>
@@ -41,7 +42,8 @@ private:
   void answer(QMessageBox& box);
 
   QTimer timer_;
-  QWidget* answered_ = nullptr;
+  /// Windows that had their answer; a dialog comes to the front again behind each of its boxes.
+  std::vector<QPointer<QWidget>> answered_;
 };
 
 /// The program directory as it was built, for one test.

@@ -27,6 +27,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace mrd::desktop {
 namespace {
 
@@ -330,7 +332,8 @@ TEST_F(PictureWindows, count_the_pictures_and_stop_when_they_are_told_to)
     auto* const working = desk->window().findChild<QWidget*>("frmBildkonvertierer");
     if (!working || !working->isVisible() || !counted.empty())
       return;
-    if (const auto now = text("LabelAnzahl"); now.starts_with("2 ") || now.starts_with("3 ")) {
+    // Several may be done within one look.
+    if (const auto now = text("LabelAnzahl"); std::atoi(now.c_str()) >= 2) {
       counted = now;
       blocked = QApplication::activeModalWidget() == working;
       press("cbanhalten");
@@ -346,7 +349,7 @@ TEST_F(PictureWindows, count_the_pictures_and_stop_when_they_are_told_to)
   const auto html = QString::fromStdString(desk->surface().bodyInnerHtml());
   const auto pictures = html.count("<img");
   EXPECT_GE(pictures, 2);
-  EXPECT_LT(pictures, 20);
+  EXPECT_LT(pictures, 40);
   // Each that was made is in the page, in the order of the list.
   EXPECT_THAT(html.toStdString(), HasSubstr("01_p10_580.jpg"));
 }

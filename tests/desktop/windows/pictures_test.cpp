@@ -7,11 +7,13 @@
 #include "desktop/windows/startbild_window.h"
 #include "platform/files/path.h"
 #include "platform/ui/editing_commands.h"
+#include "support/ftp_server.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -83,6 +85,19 @@ public:
   }
 
   std::string file() const { return project_.file(); }
+  void addArticle(const char* german, const char* english, double euro)
+  {
+    project_.db().execute("INSERT INTO Artikel (Artikel_deutsch, Artikel_englisch, Preis_Euro, Preis_Dollar) VALUES (?, ?, ?, ?)",
+                          {german, english, euro, euro * 1.5});
+  }
+
+  void publishTo(const support::FtpServer& server)
+  {
+    project_.setSetting("ftpserver", server.server());
+    project_.setSetting("ftpuser", server.user());
+    project_.setSetting("ftppasswort", server.password());
+    project_.setSetting("ftpverzeichnisimode", "handy");
+  }
 
 private:
   static std::string html(const std::string& heading, const std::string& word)
@@ -155,8 +170,20 @@ TEST_P(Pictures, of_the_main_window_and_its_tabs)
   EXPECT_TRUE(desk.answers.boxes.empty()) << desk.answers.boxes.front();
 }
 
+/// Sends the site; one file is refused and one on the server belongs to no page.
+void publish(QDialog& dialog)
+{
+  for (const auto* const button : {"cbftpverbindung", "cbftp", "cbftpverbindung"})
+    dialog.findChild<QAbstractButton*>(button)->click();
+  dialog.findChild<QTabWidget*>("tabFTP")->setCurrentIndex(1);
+  dialog.findChild<QLabel*>("Labelftpverzeichnis")->setText("ftp.example.org/www/pix/");
+}
+
 TEST_P(Pictures, of_the_dialogs)
 {
+  const support::FtpServer server("scripted", {"refuse-name=0102.htm"});
+  site.publishTo(server);
+  server.root().write("alt.htm", "x");
   Desk desk(home);
   ASSERT_TRUE(desk.start());
   const Look look = GetParam();
@@ -181,12 +208,27 @@ TEST_P(Pictures, of_the_dialogs)
   desk.dragNode("@02", "@01");
   desk.answers.dialogs.push_back([&](QDialog& dialog) {
     save(dialog, look, "html-export");
-    dialog.findChild<QAbstractButton*>("cbHTML")->click();
-    save(dialog, look, "html-export-done");
-    dialog.reject();
+    // The boxes that come meanwhile are answered by who has called this, who has to be left for it.
+    QTimer::singleShot(0, &dialog, [&dialog, look] {
+      dialog.findChild<QAbstractButton*>("cbHTML")->click();
+      save(dialog, look, "html-export-done");
+      publish(dialog);
+      save(dialog, look, "html-export-published");
+      dialog.reject();
+    });
   });
   desk.action("html").trigger();
-  EXPECT_EQ(desk.answers.dialogTitles.size(), 4U);
+  desk.answers.dialogs.push_back([&](QDialog& dialog) {
+    save(dialog, look, "imode");
+    QTimer::singleShot(0, &dialog, [&dialog, look] {
+      dialog.findChild<QAbstractButton*>("cbHTML")->click();
+      publish(dialog);
+      save(dialog, look, "imode-published");
+      dialog.reject();
+    });
+  });
+  desk.find<QAbstractButton>("cbimode").click();
+  EXPECT_EQ(desk.answers.dialogTitles.size(), 5U);
 }
 
 TEST_P(Pictures, of_the_windows_for_pictures)
@@ -217,6 +259,44 @@ TEST_P(Pictures, of_the_windows_for_pictures)
   converter.progress(23);
   save(desk.find<QWidget>("frmBildkonvertierer"), GetParam(), "bildkonvertierer");
   converter.unload();
+}
+
+TEST_P(Pictures, of_the_shop)
+{
+  site.addArticle("Poster „Möwe“, groß", "Poster \"Gull\", large", 12.5);
+  site.addArticle("Tasse", "Mug", 8.1);
+  Desk desk(home);
+  ASSERT_TRUE(desk.start());
+  desk.action("mnuShop").trigger();
+  desk.settle();
+  save(desk.find<QDialog>("frmmrdshop"), GetParam(), "shop");
+  desk.find<QAbstractButton>("cmdAdd").click();
+  save(desk.find<QDialog>("frmmrdshop"), GetParam(), "shop-new");
+}
+
+TEST_P(Pictures, of_a_run_whose_server_takes_its_time)
+{
+  const support::FtpServer server("scripted", {"hang=STOR"});
+  site.publishTo(server);
+  Desk desk(home);
+  ASSERT_TRUE(desk.start());
+  const Look look = GetParam();
+  desk.answers.dialogs.push_back([&](QDialog& dialog) {
+    QTimer::singleShot(0, &dialog, [&dialog, look] {
+      constexpr int kSeenMilliseconds = 300;
+      for (const auto* const button : {"cbHTML", "cbftpverbindung"})
+        dialog.findChild<QAbstractButton*>(button)->click();
+      QTimer::singleShot(kSeenMilliseconds, &dialog, [&dialog, look] {
+        save(dialog, look, "html-export-running");
+        dialog.reject();
+      });
+      dialog.findChild<QAbstractButton*>("cbftp")->click();
+      save(dialog, look, "html-export-stopped");
+      dialog.reject();
+    });
+  });
+  desk.action("html").trigger();
+  EXPECT_EQ(desk.answers.dialogTitles.size(), 1U);
 }
 
 TEST_P(Pictures, of_the_editors_dialogs)

@@ -1,4 +1,4 @@
-#include "platform/image/library.h"
+#include "platform/image/vips_library.h"
 
 #include "base/errors.h"
 #include "base/format.h"

@@ -1,0 +1,181 @@
+#include "base/format.h"
+#include "cli/commands.h"
+#include "cli/json.h"
+#include "cli/session.h"
+#include "frame/settings/export_path.h"
+#include "mainform/project_frame.h"
+#include "platform/files/files.h"
+#include "platform/files/user_settings.h"
+#include "platform/ftp/curl_client.h"
+#include "publish/publishing.h"
+#include "publish/remembered_servers.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <iostream>
+#include <memory>
+
+namespace mrd::cli {
+namespace {
+
+struct PublishArguments {
+  std::string file;
+  bool imode = false, connectOnly = false, deleteOrphans = false;
+};
+
+/// What a run came to.
+struct Summary {
+  std::size_t sent = 0, kept = 0;
+  std::vector<publish::RunFile> failed;
+  std::vector<std::string> orphans, deleted, notDeleted;
+  bool isConnected = false;
+
+  ExitStatus status() const
+  {
+    return isConnected && failed.empty() && notDeleted.empty() ? ExitStatus::Done : ExitStatus::Failed;
+  }
+};
+
+constexpr int kMessageNothingGenerated = 120;
+constexpr int kTabPictures = 0, kTabPages = 1;
+
+/// A run over a part of the pages enters that part only. What lies in the export directory belongs to the site all the same.
+void deselectLocalFiles(publish::ListBox& list, const std::string& directory)
+{
+  for (auto& entry : list.entries)
+    entry.isSelected = entry.isSelected && !files::fileExists(directory + entry.text);
+}
+
+void addSelected(std::vector<std::string>& names, const publish::ListBox& list, const std::string& prefix)
+{
+  for (const auto& entry : list.entries)
+    if (entry.isSelected)
+      names.push_back(prefix + entry.text);
+}
+
+void deleteOrphans(publish::Publishing& dialog, Summary& summary)
+{
+  for (const int tab : {kTabPages, kTabPictures}) {
+    auto& list = tab == kTabPages ? dialog.ListFTPHTML : dialog.ListFTPpix;
+    const std::string prefix = tab == kTabPages ? "" : "pix/";
+    std::vector<std::string> selected;
+    addSelected(selected, list, prefix);
+    if (selected.empty())
+      continue;
+    dialog.tabFTP = tab;
+    dialog.files.assign({});
+    dialog.cbftplöschen_Click();
+    std::vector<std::string> deleted;
+    for (const auto& file : dialog.files.all())
+      if (file.isConfirmed())
+        deleted.push_back(file.shownName());
+    // The rest was not: the question was refused, the server was out of reach, or it would not.
+    for (const auto& name : selected)
+      (std::find(deleted.begin(), deleted.end(), name) != deleted.end() ? summary.deleted : summary.notDeleted).push_back(name);
+  }
+}
+
+std::size_t count(dao::Database& db, std::string_view condition)
+{
+  return db.openSnapshot("SELECT dateiname FROM Dateien WHERE " + std::string(condition)).recordCount();
+}
+
+void print(const Summary& summary)
+{
+  printLine(base::format("Übertragen: {}. Schon auf dem Server: {}. Ohne Seite: {}. Gelöscht: {}. Fehlgeschlagen: {}.",
+                         summary.sent, summary.kept, summary.orphans.size(), summary.deleted.size(),
+                         summary.failed.size() + summary.notDeleted.size()));
+  for (const auto& name : summary.orphans)
+    printLine("ohne Seite: " + name);
+  for (const auto& file : summary.failed)
+    std::cerr << base::format("nicht übertragen: {}: {}\n", file.name, file.problem);
+  for (const auto& name : summary.notDeleted)
+    std::cerr << base::format("nicht gelöscht: {}\n", name);
+}
+
+std::string jsonList(const std::vector<std::string>& names)
+{
+  std::string text;
+  for (const auto& name : names)
+    text += (text.empty() ? "" : ", ") + jsonText(name);
+  return "[" + text + "]";
+}
+
+void printJson(const Summary& summary)
+{
+  std::string failed;
+  for (const auto& file : summary.failed)
+    failed += base::format("{}{{\"name\": {}, \"problem\": {}}}", failed.empty() ? "" : ", ", jsonText(file.name),
+                           jsonText(file.problem));
+  printLine(base::format("{{\"sent\": {}, \"kept\": {}, \"failed\": [{}], \"orphans\": {}, \"deleted\": {}, \"notDeleted\": {}}}",
+                         summary.sent, summary.kept, failed, jsonList(summary.orphans), jsonList(summary.deleted),
+                         jsonList(summary.notDeleted)));
+}
+
+Summary publishSite(publish::Publishing& dialog, dao::Database& db, const std::string& directory,
+                    const PublishArguments& arguments)
+{
+  Summary summary;
+  dialog.cbftpverbindung_Click();
+  summary.isConnected = dialog.isConnected;
+  if (!summary.isConnected)
+    return summary;
+  if (!arguments.connectOnly)
+    dialog.cbftp_Click();
+  for (const auto& file : dialog.files.all())
+    if (file.isConfirmed())
+      ++summary.sent;
+    else
+      summary.failed.push_back(file);
+  summary.kept = count(db, "([dateityp-id]=2) and (übertragen=FALSE)");
+  deselectLocalFiles(dialog.ListFTPHTML, directory);
+  deselectLocalFiles(dialog.ListFTPpix, directory + "pix\\");
+  addSelected(summary.orphans, dialog.ListFTPHTML, "");
+  addSelected(summary.orphans, dialog.ListFTPpix, "pix/");
+  if (arguments.deleteOrphans)
+    deleteOrphans(dialog, summary);
+  return summary;
+}
+
+ExitStatus publish(Session& session, const PublishArguments& arguments)
+{
+  mainform::ProjectFrame mainform(session.program());
+  mainform.ladebenutzerlayouts();
+  if (!mainform.openProject(Session::path(arguments.file)) || !mainform.loadSettings())
+    return ExitStatus::Failed;
+  if (count(mainform.db(), "[dateityp-id]=1") == 0) {
+    session.program().language.GetMsg(kMessageNothingGenerated);
+    return ExitStatus::Failed;
+  }
+  files::UserSettings settings;
+  publish::RememberedServers servers(settings, session.program().language);
+  ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); });
+  const publish::SystemTimer timer;
+  publish::Publishing dialog(arguments.imode ? publish::kImode : publish::kHtmlExport,
+                             {mainform.program().language, mainform.fields(), client, timer}, mainform.db());
+  const auto directory = settings::withClosingSeparator(mainform.fields().tbpfadexport) + (arguments.imode ? "imode\\" : "");
+  const auto summary = publishSite(dialog, mainform.db(), directory, arguments);
+  if (summary.isConnected)
+    session.json ? printJson(summary) : print(summary);
+  else if (!dialog.channel.labelSeite.caption.empty())
+    std::cerr << dialog.channel.labelSeite.caption << '\n';
+  return summary.status();
+}
+
+} // namespace
+
+void addPublish(CLI::App& app, Session& session)
+{
+  auto* const command = app.add_subcommand("publish", "Puts the site on its server");
+  const auto arguments = std::make_shared<PublishArguments>();
+  command->add_option("FILE", arguments->file)->required();
+  command->add_flag("--imode", arguments->imode, "The edition for telephones");
+  auto* const connectOnly =
+      command->add_flag("--connect-only", arguments->connectOnly, "Only compare what the server has with the project");
+  command->add_flag("--delete-orphans", arguments->deleteOrphans, "Delete what belongs to no page; needs --yes")
+      ->excludes(connectOnly);
+  command->callback([&session, arguments] { session.run([&] { return publish(session, *arguments); }); });
+}
+
+} // namespace mrd::cli

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/ui/clipboard.h"
+
+namespace mrd::desktop {
+
+class QtClipboard : public ui::Clipboard {
+public:
+  void clear() override;
+  void setText(std::string_view text) override;
+};
+
+} // namespace mrd::desktop

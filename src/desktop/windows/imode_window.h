@@ -1,0 +1,13 @@
+#pragma once
+
+#include "desktop/windows/export_window.h"
+#include "imode/imode.h"
+
+namespace mrd::desktop {
+
+class FrmImodeWindow : public ExportWindow {
+public:
+  explicit FrmImodeWindow(imode::frmimode& form, QWidget* parent = nullptr);
+};
+
+} // namespace mrd::desktop

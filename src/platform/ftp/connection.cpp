@@ -1,0 +1,507 @@
+#include "platform/ftp/connection.h"
+
+#include "base/errors.h"
+#include "base/format.h"
+#include "base/text.h"
+#include "platform/files/path.h"
+#include "platform/ftp/explanations.h"
+#include "platform/ftp/fingerprint.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstdlib>
+#include <curl/curl.h>
+#include <filesystem>
+#include <fstream>
+#include <mutex>
+#include <poll.h>
+#include <set>
+#include <sys/socket.h>
+#include <unistd.h>
+#include <utility>
+
+namespace mrd::ftp {
+namespace {
+
+constexpr long kConnectSeconds = 120, kAnswerSeconds = 300;
+/// What a server says that closes the connection by itself.
+constexpr int kGoodbye = 421;
+constexpr int kLastWordsMs = 300;
+constexpr int kShortestSleepMs = 4, kLongestSleepMs = 64;
+
+struct CodeOfEnding {
+  CURLcode ending;
+  int code;
+};
+
+/// Endings that are no refusal by the server. Whatever is not listed leaves the connection in doubt.
+constexpr std::array kCodes{
+    CodeOfEnding{CURLE_COULDNT_RESOLVE_HOST, code::kHostNotFound},
+    CodeOfEnding{CURLE_COULDNT_CONNECT, code::kCannotConnect},
+    CodeOfEnding{CURLE_OPERATION_TIMEDOUT, code::kTimedOut},
+    CodeOfEnding{CURLE_LOGIN_DENIED, code::kLoginDenied},
+    CodeOfEnding{CURLE_PEER_FAILED_VERIFICATION, code::kNotTrusted},
+    CodeOfEnding{CURLE_USE_SSL_FAILED, code::kNoEncryption},
+    CodeOfEnding{CURLE_SSL_CONNECT_ERROR, code::kNoEncryption},
+    CodeOfEnding{CURLE_ABORTED_BY_CALLBACK, code::kCancelled},
+    CodeOfEnding{CURLE_QUOTE_ERROR, code::kRefused},
+    CodeOfEnding{CURLE_UPLOAD_FAILED, code::kRefused},
+    CodeOfEnding{CURLE_REMOTE_DISK_FULL, code::kRefused},
+    CodeOfEnding{CURLE_REMOTE_ACCESS_DENIED, code::kRefused},
+    CodeOfEnding{CURLE_REMOTE_FILE_NOT_FOUND, code::kRefused},
+    CodeOfEnding{CURLE_REMOTE_FILE_EXISTS, code::kRefused},
+    CodeOfEnding{CURLE_FTP_COULDNT_RETR_FILE, code::kRefused},
+    CodeOfEnding{CURLE_BAD_DOWNLOAD_RESUME, code::kNotConfirmed},
+};
+
+void initialiseLibrary()
+{
+  static const CURLcode done = curl_global_init(CURL_GLOBAL_DEFAULT);
+  static_cast<void>(done);
+}
+
+bool isSftp(const Address& address) { return address.protocol == Protocol::Sftp; }
+
+/// The user's own key for host logins, where there is one of the kinds that servers of today take.
+std::string usersKey()
+{
+  const char* const home = std::getenv("HOME");
+  for (const std::string_view name : {"id_ed25519", "id_ecdsa", "id_rsa"}) {
+    const auto file = std::filesystem::path(home == nullptr ? "" : home) / ".ssh" / name;
+    std::error_code error;
+    if (std::filesystem::is_regular_file(file, error))
+      return file.string();
+  }
+  return "";
+}
+
+class CommandList {
+public:
+  explicit CommandList(const std::vector<std::string>& commands)
+  {
+    for (const auto& command : commands)
+      list_ = curl_slist_append(list_, command.c_str());
+  }
+  ~CommandList() { curl_slist_free_all(list_); }
+  CommandList(const CommandList&) = delete;
+  CommandList& operator=(const CommandList&) = delete;
+  curl_slist* get() const { return list_; }
+
+private:
+  curl_slist* list_ = nullptr;
+};
+
+} // namespace
+
+Reply TransferOutcome::reply(std::string_view command) const
+{
+  const auto found =
+      std::find_if(replies.rbegin(), replies.rend(), [&](const Reply& r) { return r.command.starts_with(command); });
+  return found == replies.rend() ? Reply{} : *found;
+}
+
+struct Connection::State {
+  State(Address whom, ConnectionEvents told) : address(std::move(whom)), events(std::move(told))
+  {
+    initialiseLibrary();
+    multi = curl_multi_init();
+    easy = curl_easy_init();
+  }
+  ~State()
+  {
+    curl_easy_cleanup(easy);
+    curl_multi_cleanup(multi);
+  }
+  State(const State&) = delete;
+  State& operator=(const State&) = delete;
+
+  Address address;
+  ConnectionEvents events;
+  CURLM* multi = nullptr;
+  CURL* easy = nullptr;
+  std::array<char, CURL_ERROR_SIZE> errorText{};
+  std::string loginDirectory = "/";
+
+  /// Fingerprint that the user trusts, and what the server showed in this transfer.
+  std::string trusted, shown;
+
+  std::atomic<bool> cancelled = false;
+  std::mutex socketsLock;
+  std::set<curl_socket_t> sockets;
+  curl_socket_t control = CURL_SOCKET_BAD;
+
+  // The transfer at hand.
+  bool mayConnect = false;
+  bool commandSent = false;
+  bool moved = false;
+  std::ifstream upload;
+  TransferOutcome outcome;
+
+  // What the library calls.
+  static int onDebug(CURL*, curl_infotype type, char* data, size_t size, void* self);
+  static size_t onData(char* data, size_t size, size_t count, void* self);
+  static size_t onRead(char* buffer, size_t size, size_t count, void* self);
+  static int onResolve(void*, void*, void* self);
+  static curl_socket_t onOpenSocket(void* self, curlsocktype, curl_sockaddr* where);
+  static int onCloseSocket(void* self, curl_socket_t socket);
+  static int onProgress(void* self, curl_off_t, curl_off_t, curl_off_t, curl_off_t);
+  static int onHostKey(void* self, int type, const char* key, size_t size);
+  static CURLcode onTls(CURL*, void* context, void* self);
+
+  void command(std::string_view line);
+  void answer(std::string_view line);
+  void readLastWords();
+  void setAddress(const Transfer& transfer);
+  void setSecurity();
+  void setCallbacks();
+  void setKind(const Transfer& transfer);
+  CURLcode drive();
+  CURLcode perform(const Transfer& transfer);
+  TransferOutcome runOnce(const Transfer& transfer);
+  std::string explanation(int code) const;
+  std::string server() const { return base::format("{}:{}", address.host, address.port); }
+};
+
+void Connection::State::command(std::string_view line)
+{
+  commandSent = true;
+  noteCommand(outcome.replies, line);
+  events.stateChanged(ftp::State::Requesting);
+  events.stateChanged(ftp::State::RequestSent);
+}
+
+void Connection::State::answer(std::string_view line)
+{
+  if (outcome.replies.empty())
+    events.stateChanged(ftp::State::Connected);
+  if (!noteAnswer(outcome.replies, line))
+    return;
+  events.stateChanged(ftp::State::ReceivingResponse);
+  events.stateChanged(ftp::State::ResponseReceived);
+}
+
+/// A server that takes no more of a file closes the data connection and says why on the other one, which the library gives up
+/// without listening. What is encrypted is not understood here, and left.
+void Connection::State::readLastWords()
+{
+  if (cancelled || outcome.replies.empty() || !outcome.replies.back().command.starts_with("STOR ") ||
+      outcome.replies.back().last >= 200)
+    return;
+  pollfd waiting{control, POLLIN, 0};
+  std::array<char, 512> buffer{};
+  if (::poll(&waiting, 1, kLastWordsMs) <= 0)
+    return;
+  const auto count = ::recv(control, buffer.data(), buffer.size(), MSG_DONTWAIT);
+  const std::string_view words(buffer.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
+  const auto line = words.substr(0, words.find('\n'));
+  if (!line.empty() && (line.front() == '4' || line.front() == '5'))
+    answer(line);
+}
+
+int Connection::State::onDebug(CURL*, curl_infotype type, char* data, size_t size, void* self)
+{
+  auto& state = *static_cast<State*>(self);
+  state.moved = state.moved || type != CURLINFO_TEXT;
+  if (type == CURLINFO_HEADER_OUT)
+    state.command({data, size});
+  if (type == CURLINFO_HEADER_IN)
+    state.answer({data, size});
+  return 0;
+}
+
+size_t Connection::State::onData(char* data, size_t size, size_t count, void* self)
+{
+  static_cast<State*>(self)->outcome.data.append(data, size * count);
+  return size * count;
+}
+
+size_t Connection::State::onRead(char* buffer, size_t size, size_t count, void* self)
+{
+  auto& upload = static_cast<State*>(self)->upload;
+  upload.read(buffer, static_cast<std::streamsize>(size * count));
+  return upload.bad() ? CURL_READFUNC_ABORT : static_cast<size_t>(upload.gcount());
+}
+
+int Connection::State::onResolve(void*, void*, void* self)
+{
+  auto& state = *static_cast<State*>(self);
+  if (!state.commandSent && state.mayConnect)
+    state.events.stateChanged(ftp::State::ResolvingHost);
+  return 0;
+}
+
+/// A socket before any command of the transfer is a control connection: data connections are opened by a command's answer.
+curl_socket_t Connection::State::onOpenSocket(void* self, curlsocktype, curl_sockaddr* where)
+{
+  auto& state = *static_cast<State*>(self);
+  const bool isControl = !state.commandSent;
+  if (state.cancelled || (isControl && !state.mayConnect)) {
+    state.outcome.lacksConnection = !state.cancelled;
+    return CURL_SOCKET_BAD;
+  }
+  const curl_socket_t socket = ::socket(where->family, where->socktype | SOCK_CLOEXEC, where->protocol);
+  if (socket < 0)
+    return CURL_SOCKET_BAD;
+  const std::lock_guard lock(state.socketsLock);
+  state.sockets.insert(socket);
+  if (isControl) {
+    state.control = socket;
+    state.events.stateChanged(ftp::State::HostResolved);
+    state.events.stateChanged(ftp::State::Connecting);
+  }
+  return socket;
+}
+
+int Connection::State::onCloseSocket(void* self, curl_socket_t socket)
+{
+  auto& state = *static_cast<State*>(self);
+  const std::lock_guard lock(state.socketsLock);
+  state.sockets.erase(socket);
+  const bool isControl = socket == state.control;
+  if (isControl) {
+    state.readLastWords();
+    state.events.stateChanged(ftp::State::Disconnecting);
+  }
+  ::close(socket);
+  if (isControl) {
+    state.control = CURL_SOCKET_BAD;
+    state.events.stateChanged(ftp::State::Disconnected);
+  }
+  return 0;
+}
+
+int Connection::State::onProgress(void* self, curl_off_t, curl_off_t, curl_off_t, curl_off_t)
+{
+  return static_cast<State*>(self)->cancelled ? 1 : 0;
+}
+
+int Connection::State::onHostKey(void* self, int, const char* key, size_t size)
+{
+  auto& state = *static_cast<State*>(self);
+  state.shown = fingerprintOfKey({key, size});
+  return state.shown == state.trusted ? CURLKHMATCH_OK : CURLKHMATCH_MISMATCH;
+}
+
+CURLcode Connection::State::onTls(CURL*, void* context, void* self)
+{
+  auto& state = *static_cast<State*>(self);
+  watchCertificates(context, {&state.trusted, &state.shown});
+  return CURLE_OK;
+}
+
+void Connection::State::setAddress(const Transfer& transfer)
+{
+  const auto host = base::contains(address.host, ":") ? "[" + address.host + "]" : address.host;
+  const std::string_view scheme = isSftp(address) ? "sftp" : address.protocol == Protocol::FtpImplicitTls ? "ftps" : "ftp";
+  const auto path = escapedPath(transfer.path);
+  // Behind the host stands the divider; a path from the root brings its own slash.
+  const auto url = base::format("{}://{}:{}{}{}", scheme, host, address.port, path.starts_with('/') ? "" : "/", path);
+  curl_easy_setopt(easy, CURLOPT_URL, url.c_str());
+  curl_easy_setopt(easy, CURLOPT_USERNAME, address.user.c_str());
+  curl_easy_setopt(easy, CURLOPT_PASSWORD, address.password.c_str());
+  curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "ftp,ftps,sftp");
+  // The address alone decides where the data goes.
+  curl_easy_setopt(easy, CURLOPT_PROXY, "");
+  curl_easy_setopt(easy, CURLOPT_NETRC, long{CURL_NETRC_IGNORED});
+  curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT, kConnectSeconds);
+  curl_easy_setopt(easy, CURLOPT_SERVER_RESPONSE_TIMEOUT, kAnswerSeconds);
+  curl_easy_setopt(easy, CURLOPT_TCP_KEEPALIVE, 1L);
+  curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+  curl_easy_setopt(easy, CURLOPT_FTP_FILEMETHOD, long{CURLFTPMETHOD_NOCWD});
+  const auto key = isSftp(address) ? usersKey() : std::string();
+  const long keys = CURLSSH_AUTH_AGENT | (key.empty() ? 0 : CURLSSH_AUTH_PUBLICKEY);
+  curl_easy_setopt(easy, CURLOPT_SSH_AUTH_TYPES, CURLSSH_AUTH_PASSWORD | CURLSSH_AUTH_KEYBOARD | keys);
+  if (!key.empty())
+    curl_easy_setopt(easy, CURLOPT_SSH_PRIVATE_KEYFILE, key.c_str());
+}
+
+void Connection::State::setSecurity()
+{
+  switch (address.protocol) {
+  case Protocol::FtpTryTls:
+    curl_easy_setopt(easy, CURLOPT_USE_SSL, long{CURLUSESSL_TRY});
+    break;
+  case Protocol::FtpExplicitTls:
+  case Protocol::FtpImplicitTls:
+    curl_easy_setopt(easy, CURLOPT_USE_SSL, long{CURLUSESSL_ALL});
+    break;
+  default:
+    break;
+  }
+  // Servers want data connections to resume the session of the control connection. The tickets of version 1.3 are for one use,
+  // and the library then offers those of an earlier data connection, which such servers refuse.
+  curl_easy_setopt(easy, CURLOPT_SSLVERSION, long{CURL_SSLVERSION_TLSv1_2} | long{CURL_SSLVERSION_MAX_TLSv1_2});
+  // A certificate that the user trusts is known by its fingerprint, whatever name it bears.
+  curl_easy_setopt(easy, CURLOPT_SSL_VERIFYHOST, trusted.empty() ? 2L : 0L);
+  curl_easy_setopt(easy, CURLOPT_SSL_CTX_FUNCTION, onTls);
+  curl_easy_setopt(easy, CURLOPT_SSL_CTX_DATA, this);
+  curl_easy_setopt(easy, CURLOPT_SSH_HOSTKEYFUNCTION, onHostKey);
+  curl_easy_setopt(easy, CURLOPT_SSH_HOSTKEYDATA, this);
+}
+
+void Connection::State::setCallbacks()
+{
+  curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, errorText.data());
+  curl_easy_setopt(easy, CURLOPT_VERBOSE, 1L);
+  curl_easy_setopt(easy, CURLOPT_DEBUGFUNCTION, onDebug);
+  curl_easy_setopt(easy, CURLOPT_DEBUGDATA, this);
+  curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, onData);
+  curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
+  curl_easy_setopt(easy, CURLOPT_READFUNCTION, onRead);
+  curl_easy_setopt(easy, CURLOPT_READDATA, this);
+  curl_easy_setopt(easy, CURLOPT_RESOLVER_START_FUNCTION, onResolve);
+  curl_easy_setopt(easy, CURLOPT_RESOLVER_START_DATA, this);
+  curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, onOpenSocket);
+  curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, this);
+  curl_easy_setopt(easy, CURLOPT_CLOSESOCKETFUNCTION, onCloseSocket);
+  curl_easy_setopt(easy, CURLOPT_CLOSESOCKETDATA, this);
+  curl_easy_setopt(easy, CURLOPT_NOPROGRESS, 0L);
+  curl_easy_setopt(easy, CURLOPT_XFERINFOFUNCTION, onProgress);
+  curl_easy_setopt(easy, CURLOPT_XFERINFODATA, this);
+}
+
+void Connection::State::setKind(const Transfer& transfer)
+{
+  switch (transfer.kind) {
+  case TransferKind::Nothing:
+    curl_easy_setopt(easy, CURLOPT_NOBODY, 1L);
+    break;
+  case TransferKind::List:
+    if (!transfer.listCommand.empty())
+      curl_easy_setopt(easy, CURLOPT_CUSTOMREQUEST, transfer.listCommand.c_str());
+    break;
+  case TransferKind::Upload:
+    curl_easy_setopt(easy, CURLOPT_UPLOAD, 1L);
+    curl_easy_setopt(easy, CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(transfer.size));
+    break;
+  case TransferKind::Size:
+    // Reading on from the end gives nothing where the file has just this size.
+    curl_easy_setopt(easy, CURLOPT_RESUME_FROM_LARGE, static_cast<curl_off_t>(transfer.size));
+    break;
+  }
+}
+
+/// The library can hold an answer back that it has read already, and then no socket wakes it: the first sleeps are short.
+CURLcode Connection::State::drive()
+{
+  int running = 1;
+  int sleepMs = 0;
+  while (true) {
+    moved = false;
+    if (curl_multi_perform(multi, &running) != CURLM_OK)
+      return CURLE_FAILED_INIT;
+    if (running == 0)
+      break;
+    if (cancelled)
+      return CURLE_ABORTED_BY_CALLBACK;
+    sleepMs = moved ? 0 : std::clamp(sleepMs * 2, kShortestSleepMs, kLongestSleepMs);
+    curl_multi_poll(multi, nullptr, 0, sleepMs, nullptr);
+  }
+  int left = 0;
+  const CURLMsg* const message = curl_multi_info_read(multi, &left);
+  return message == nullptr ? CURLE_FAILED_INIT : message->data.result;
+}
+
+CURLcode Connection::State::perform(const Transfer& transfer)
+{
+  const CommandList before(transfer.before), after(transfer.after);
+  curl_easy_reset(easy);
+  errorText[0] = '\0';
+  setAddress(transfer);
+  setSecurity();
+  setCallbacks();
+  setKind(transfer);
+  curl_easy_setopt(easy, CURLOPT_QUOTE, before.get());
+  curl_easy_setopt(easy, CURLOPT_POSTQUOTE, after.get());
+  curl_multi_add_handle(multi, easy);
+  const CURLcode ending = cancelled ? CURLE_ABORTED_BY_CALLBACK : drive();
+  curl_multi_remove_handle(multi, easy);
+  return ending;
+}
+
+std::string Connection::State::explanation(int code) const
+{
+  std::string text;
+  const bool isServersWord = code == code::kRefused || code == code::kLoginDenied;
+  if (isServersWord && !outcome.replies.empty() && outcome.replies.back().last >= 400)
+    text = outcome.replies.back().lastText;
+  if (const auto words = wordsFor(code, address.host); text.empty() && !words.empty())
+    return words;
+  if (text.empty())
+    text = errorText.data();
+  // Some servers repeat what they were told.
+  if (!address.password.empty() && base::contains(text, address.password))
+    text = base::replaceAll(text, address.password, "***");
+  return base::repairUtf8(text);
+}
+
+TransferOutcome Connection::State::runOnce(const Transfer& transfer)
+{
+  outcome = {};
+  shown.clear();
+  commandSent = false;
+  mayConnect = transfer.mayConnect;
+  if (transfer.kind == TransferKind::Upload) {
+    upload = std::ifstream(files::nativePath(transfer.file), std::ios::binary);
+    if (!upload)
+      throw base::Error(base::ErrorNumber::PathFileAccess,
+                        base::format("Die Datei „{}“ kann nicht gelesen werden.", transfer.file));
+  }
+  const CURLcode ending = perform(transfer);
+  upload.close();
+  if (ending == CURLE_OK) {
+    char* path = nullptr;
+    if (curl_easy_getinfo(easy, CURLINFO_FTP_ENTRY_PATH, &path) == CURLE_OK && path != nullptr && *path != '\0')
+      loginDirectory = path;
+  } else {
+    const auto* const known =
+        std::find_if(kCodes.begin(), kCodes.end(), [&](const CodeOfEnding& c) { return c.ending == ending; });
+    outcome.code = cancelled ? code::kCancelled : known != kCodes.end() ? known->code : code::kConnectionLost;
+    const Reply last = outcome.replies.empty() ? Reply{} : outcome.replies.back();
+    if (last.last == kGoodbye)
+      outcome.code = last.command.empty() ? code::kCannotConnect : code::kConnectionLost;
+    // What the server refuses behind a complete transfer, for example because its disk is full, is no loss of the connection.
+    else if (outcome.code == code::kConnectionLost && last.isRefused())
+      outcome.code = code::kRefused;
+    outcome.info = explanation(outcome.code);
+  }
+  return std::move(outcome);
+}
+
+Connection::Connection(Address address, ConnectionEvents events)
+    : state_(std::make_unique<State>(std::move(address), std::move(events)))
+{
+}
+
+Connection::~Connection() = default;
+
+TransferOutcome Connection::run(const Transfer& transfer)
+{
+  auto outcome = state_->runOnce(transfer);
+  if (outcome.code != code::kNotTrusted || state_->shown.empty() || state_->shown == state_->trusted)
+    return outcome;
+  const bool isHostKey = isSftp(state_->address);
+  const std::string problem = isHostKey ? "" : state_->errorText.data();
+  const auto fingerprint = state_->shown;
+  if (!state_->events.trusts({state_->server(), fingerprint, problem, isHostKey}))
+    return outcome;
+  state_->trusted = fingerprint;
+  return state_->runOnce(transfer);
+}
+
+const std::string& Connection::loginDirectory() const { return state_->loginDirectory; }
+
+void Connection::cancel()
+{
+  state_->cancelled = true;
+  // Wakes the library also where it waits for an answer by itself.
+  const std::lock_guard lock(state_->socketsLock);
+  for (const auto socket : state_->sockets)
+    ::shutdown(socket, SHUT_RDWR);
+  curl_multi_wakeup(state_->multi);
+}
+
+void Connection::resume() { state_->cancelled = false; }
+
+} // namespace mrd::ftp

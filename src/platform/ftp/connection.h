@@ -1,0 +1,81 @@
+#pragma once
+// One connection to one server, and single transfers over it. Used by one thread, apart from cancel().
+
+#include "platform/ftp/address.h"
+#include "platform/ftp/client.h"
+#include "platform/ftp/replies.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mrd::ftp {
+
+enum class TransferKind {
+  /// Only the commands before.
+  Nothing,
+  List,
+  Upload,
+  /// SFTP only: asks whether the file at `path` has `size` bytes.
+  Size,
+};
+
+struct Transfer {
+  TransferKind kind = TransferKind::Nothing;
+  /// Path on the server; for FTP relative to the current directory, for SFTP from the root. Empty for the directory itself.
+  std::string path = {};
+  /// Commands before and after, sent as they are. Behind a "*" stands one that may be refused.
+  std::vector<std::string> before = {}, after = {};
+  /// What asks for a listing, where it is not LIST.
+  std::string listCommand = {};
+  /// Local file of an upload, in the system's form of a path, and its size.
+  std::string file = {};
+  std::uintmax_t size = 0;
+  /// Whether a connection is made where there is none.
+  bool mayConnect = false;
+};
+
+struct TransferOutcome {
+  int code = code::kNone;
+  std::string info = {};
+  /// Bytes that the server sent.
+  std::string data = {};
+  std::vector<Reply> replies = {};
+  /// Nothing was done, because there is no connection any more.
+  bool lacksConnection = false;
+
+  /// The last reply to a command that begins so; an empty one where it was not sent.
+  Reply reply(std::string_view command) const;
+};
+
+struct ConnectionEvents {
+  std::function<void(State)> stateChanged = [](State) {};
+  /// Called on the connection's thread.
+  TrustDecision trusts = [](const ServerIdentity&) { return false; };
+};
+
+class Connection {
+public:
+  Connection(Address address, ConnectionEvents events);
+  ~Connection();
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+
+  /// Runs one transfer to its end; asleep while the server is silent. A server whose identity nothing proves is asked about and,
+  /// once trusted, known by its fingerprint.
+  TransferOutcome run(const Transfer& transfer);
+  /// The directory of the login, known once there was a connection; "/" where the server does not tell.
+  const std::string& loginDirectory() const;
+  /// Ends what runs, now or as soon as it begins; from any thread.
+  void cancel();
+  /// Allows transfers again after cancel().
+  void resume();
+
+private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+} // namespace mrd::ftp

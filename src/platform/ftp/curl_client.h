@@ -1,0 +1,29 @@
+#pragma once
+// The client control over a library for file transfers, in a thread of its own: no silence of a server holds up the caller.
+
+#include "platform/ftp/client.h"
+
+#include <memory>
+
+namespace mrd::ftp {
+
+class CurlClient : public Client {
+public:
+  explicit CurlClient(TrustDecision trusts);
+  /// Ends what runs.
+  ~CurlClient() override;
+
+  void Execute(std::string_view url, std::string_view operation) override;
+  bool StillExecuting() override;
+  void Cancel() override;
+  std::string GetChunk(std::size_t size, int dataType) override;
+  int ResponseCode() const override;
+  std::string ResponseInfo() const override;
+  void backToLogin() override;
+
+private:
+  struct Worker;
+  std::unique_ptr<Worker> worker_;
+};
+
+} // namespace mrd::ftp

@@ -1,0 +1,211 @@
+#include "publish/publishing.h"
+
+#include "base/format.h"
+#include "platform/ftp/address.h"
+
+namespace mrd::publish {
+namespace {
+
+constexpr int kMessageStillFails = 34, kMessageRefused = 35, kMessageNoConnection = 36;
+constexpr int kOwnError = 99;
+constexpr std::size_t kStepsOfConnecting = 6;
+
+} // namespace
+
+Publishing::Publishing(const DialogKind& kind, const PublishingEnvironment& environment, dao::Database& db)
+    : channel(kind, environment.client, environment.language.ui(), environment.timer), kind_(kind), environment_(environment),
+      db_(db), ui_(environment.language.ui())
+{
+}
+
+void Publishing::click(const std::function<void()>& work)
+{
+  if (isRunning_)
+    return;
+  struct Run {
+    explicit Run(bool& flag) : isRunning(flag) { isRunning = true; }
+    ~Run() { isRunning = false; }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+    bool& isRunning;
+  };
+  {
+    const Run run(isRunning_);
+    channel.begin();
+    explanation.clear();
+    try {
+      work();
+    } catch (const Stopped&) {
+      channel.hideProgress();
+      channel.showState("FTP: abgebrochen");
+      ui_.pointer(ui::Pointer::Default);
+    }
+  }
+  channel.changed();
+}
+
+void Publishing::stop()
+{
+  if (isRunning_)
+    channel.stop();
+}
+
+void Publishing::command(const std::string& Befehl, std::string& Fehler)
+{
+  channel.ExecuteSynchron(channel.ftpURL, Befehl, Fehler);
+}
+
+bool Publishing::isAnswered() { return channel.Inet1.ResponseCode() == ftp::code::kNone; }
+
+void Publishing::explain()
+{
+  if (isAnswered())
+    return;
+  explanation = channel.Inet1.ResponseInfo();
+  ui_.warning(explanation);
+}
+
+void Publishing::actionFailed(const std::string& value)
+{
+  explain();
+  environment_.language.GetMsg(kMessageStillFails, value, value.empty() ? "" : "R");
+}
+
+void Publishing::reportProblem()
+{
+  const auto& client = channel.Inet1;
+  environment_.language.GetMsg(kMessageRefused, base::format("{}: {}", client.ResponseCode(), client.ResponseInfo()), "R");
+}
+
+void Publishing::readFields()
+{
+  const auto& fields = environment_.fields;
+  user_ = fields.tbftpuser;
+  password_ = fields.tbftppasswort;
+  server_ = fields.tbFTPServer;
+  directory_ = fields.*kind_.directory;
+  if (user_.empty())
+    user_ = ui_.inputBox("Bitte geben Sie den Benutzer für die FTP-Verbindung an:", "Mirandel: FTP-User", "").value_or("");
+  if (password_.empty())
+    password_ =
+        ui_.inputBox("Bitte geben Sie das Passwort für die FTP-Verbindung an:\r\n\r\n(Hinweis: Das PW wird hier in Klartext "
+                     "angezeigt.)",
+                     "Mirandel: FTP-Passwort", "")
+            .value_or("");
+}
+
+void Publishing::cbftpverbindung_Click()
+{
+  click([this] { connectAndCompare(); });
+}
+
+void Publishing::connectAndCompare()
+{
+  readFields();
+  isConnected = false;
+  ui_.pointer(ui::Pointer::Wait);
+  channel.ProgressBar1.maximum = kStepsOfConnecting;
+  channel.showProgress(1);
+  channel.Abbruch = false;
+  channel.withRetries(
+      [this] {
+        connectFailure_.clear();
+        connect(connectFailure_);
+      },
+      [this](const base::Error& error) { connectFailed(error); });
+  channel.hideProgress();
+  ui_.pointer(ui::Pointer::Default);
+}
+
+void Publishing::connect(std::string& Fehler)
+{
+  // What follows counts from the directory of the login, wherever an earlier click has led.
+  channel.Inet1.backToLogin();
+  channel.ftpURL = ftp::addressOf(server_, user_, password_);
+  channel.showState("FTP: Verbindung wird hergestellt");
+  Labelftpverzeichnis = server_ + directory_;
+  command("cd " + directory_, Fehler);
+  if (kind_.looksAtFailures && !Fehler.empty())
+    throw ftp::clientError(kOwnError, Fehler);
+  if (!isAnswered() && !enterDirectory(Fehler))
+    return;
+  if (!kind_.looksAtFailures || Fehler.empty()) {
+    readHtmlDirectory(Fehler);
+    readPictureDirectory(Fehler);
+  }
+  showConnected(Fehler);
+}
+
+/// After the directory was not entered: makes it where the server says that it is not there. False when the click has ended.
+bool Publishing::enterDirectory(std::string& Fehler)
+{
+  if (channel.Inet1.ResponseCode() != ftp::code::kRefused) {
+    reportProblem();
+    return true;
+  }
+  command("mkdir " + directory_, Fehler);
+  if (kind_.looksAtFailures && !Fehler.empty())
+    return true;
+  if (!isAnswered()) {
+    reportProblem();
+    const auto& client = channel.Inet1;
+    channel.showState(base::format("Probleme bei FTP-Verbindung:\r\n{}: {}", client.ResponseCode(), client.ResponseInfo()));
+    return false;
+  }
+  command("cd " + directory_, Fehler);
+  if ((!kind_.looksAtFailures || Fehler.empty()) && !isAnswered())
+    reportProblem();
+  return true;
+}
+
+void Publishing::readHtmlDirectory(std::string& Fehler)
+{
+  channel.showState("FTP: HTML-Verzeichnis wird eingelesen");
+  command("dir", Fehler);
+  channel.readChunks();
+  channel.showProgress(2);
+  createlist(channel.ftpListe, kPageTypes, ListFTPHTML, db_, environment_.language);
+  listsChanged();
+}
+
+void Publishing::readPictureDirectory(std::string& Fehler)
+{
+  channel.showState("FTP: Bildverzeichnis wird eingelesen");
+  channel.showProgress(3);
+  Labelftpverzeichnis = server_ + "/" + directory_ + "/pix/";
+  command("cd pix", Fehler);
+  if (!isAnswered()) {
+    command("mkdir pix", Fehler);
+    if (!isAnswered())
+      reportProblem();
+    command("cd pix", Fehler);
+    if (!isAnswered())
+      reportProblem();
+  }
+  channel.pump();
+  // The reply to the change of directory is read and forgotten.
+  channel.readChunks();
+  channel.showProgress(4);
+  command("dir", Fehler);
+  channel.readChunks();
+  channel.showProgress(5);
+  isConnected = Fehler.empty() && isAnswered();
+  createlist(channel.ftpListe, kPictureTypes, ListFTPpix, db_, environment_.language);
+  listsChanged();
+}
+
+void Publishing::showConnected(const std::string& Fehler)
+{
+  const bool isFine = !kind_.looksAtFailures || Fehler.empty();
+  channel.showState(isFine ? "FTP: Verbindung hergestellt!" : "Problem : " + Fehler);
+}
+
+void Publishing::connectFailed(const base::Error& error)
+{
+  explain();
+  const auto number = numberText(error.number());
+  channel.showState(number);
+  environment_.language.GetMsg(kMessageNoConnection, number, "Z");
+}
+
+} // namespace mrd::publish
