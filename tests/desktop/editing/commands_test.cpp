@@ -407,6 +407,24 @@ TEST(Positioning, makes_an_element_absolute_where_it_stands_and_back)
   EXPECT_EQ(surface.bodyInnerHtml(), "<p>Text<img src=\"x.jpg\" width=\"10\" height=\"10\"></p>");
 }
 
+TEST(Positioning, leaves_an_element_with_margins_inside_of_a_positioned_one_where_it_stands)
+{
+  ShownSurface surface;
+  surface.load(
+      "<div style=\"position: absolute; left: 100px; top: 50px;\"><img id=\"i\" width=\"20\" height=\"20\" src=\"x.jpg\" "
+      "style=\"margin: 7px;\"></div>");
+  const auto place = [&] {
+    return surface.textInDocument("(() => { const r = document.getElementById('i').getBoundingClientRect(); "
+                                  "return Math.round(r.left) + ' ' + Math.round(r.top); })()");
+  };
+  const std::string before = place();
+  surface.selectElement("#i");
+
+  surface.execCommand(kAbsolutePosition);
+
+  EXPECT_EQ(place(), before);
+}
+
 TEST(Layers, are_ordered_by_the_commands_for_them)
 {
   ShownSurface surface;
