@@ -734,12 +734,10 @@
 
   const textFragment = text => fragmentOf(escapeHtml(text).replace(/\r\n?|\n/g, "<br>"));
 
-  function paste(html, text) {
-    return edit(() => {
-      insertFragment(fragmentToPaste(html, text));
-      return true;
-    });
-  }
+  /// Of what holds nothing the selection must not be the price.
+  const pasteFragment = fragment => fragment.hasChildNodes() && edit(() => (insertFragment(fragment), true));
+
+  const paste = (html, text) => pasteFragment(fragmentToPaste(html, text));
 
   const kManyTags = 1000;
 
@@ -751,12 +749,7 @@
       paste(html, text);
   }
 
-  function pasteText(text) {
-    return edit(() => {
-      insertFragment(textFragment(text));
-      return true;
-    });
-  }
+  const pasteText = text => pasteFragment(textFragment(text));
 
   function copySelection() {
     if (selection.isCollapsed)

@@ -190,6 +190,23 @@ INSTANTIATE_TEST_SUITE_P(
             "</table>"}),
     [](const auto& one) { return std::string(one.param.name); });
 
+TEST(PastedHtml, of_which_nothing_is_left_leaves_the_selected_text)
+{
+  ShownSurface surface;
+  surface.load("<p>Text</p>");
+  surface.select("p");
+  putIntoClipboard("<script>f()</script><!-- x -->", "");
+  EXPECT_FALSE(surface.execCommand(kPaste));
+  auto* const data = new QMimeData;
+  data->setData("application/x-unbekannt", "x");
+  QGuiApplication::clipboard()->setMimeData(data);
+  EXPECT_FALSE(surface.execCommand(kPaste));
+  surface.press(Qt::Key_V, Qt::ControlModifier);
+
+  EXPECT_EQ(surface.bodyInnerHtml(), "<p>Text</p>");
+  EXPECT_FALSE(surface.execCommand(kUndo));
+}
+
 TEST(PastedHtml, of_two_megabytes_comes_in_time)
 {
   ShownSurface surface;

@@ -229,6 +229,7 @@ const std::vector<State> kStates{
 TEST_F(EditorMenus, offer_every_entry_where_it_can_be_run_and_nowhere_else)
 {
   std::set<std::string> walked;
+  QApplication::clipboard()->setText("aus der Ablage");
   page(kPage);
   for (const auto& [menu, entries, enabled, disabled] : kStates)
     for (const auto* const entry : entries) {
