@@ -4,6 +4,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "pagetree/page_id.h"
+#include "pictures/page_pictures.h"
 #include "pictures/shadow.h"
 
 #include <algorithm>
@@ -45,12 +46,6 @@ constexpr std::string_view kMarkOfPicture = "   --   Bild auf Seite eingefügt!"
 constexpr auto kNap = std::chrono::milliseconds(30);
 
 using base::format;
-
-/// Text of a file name or a field in a page. No quote or angle bracket in it becomes markup; "&" stays as it is in all pages.
-std::string inPage(std::string_view text)
-{
-  return base::replaceAll(base::replaceAll(base::replaceAll(text, "\"", "&quot;"), "<", "&lt;"), ">", "&gt;");
-}
 
 int columnsOf(const std::string& tbtabspalten)
 {

@@ -57,7 +57,7 @@ std::vector<html::Element> outermostThumbs(html::Document& page)
 }
 
 /// As it stands in a value within single quotes.
-std::string inSingleQuotes(std::string_view text) { return base::replaceAll(html::escapeAttribute(text), "'", "&#39;"); }
+std::string inSingleQuotes(std::string_view text) { return base::replaceAll(inPage(text), "'", "&#39;"); }
 
 } // namespace
 
@@ -147,15 +147,15 @@ std::optional<std::string> Thumbnails::tableOf(const std::string& id)
   return table + "</table>";
 }
 
+/// A heading that contains HTML stays HTML, as in the rows of generated pages.
 std::string Thumbnails::cellOf(const dao::Recordset& page)
 {
   const auto target = linkPrefix() + linkTarget(page), title = heading(page);
   const auto thumbnail = thumbnailOf(page);
   if (!thumbnail)
-    return base::format("<td align='center'><a href='{}'>{}</a></td>", inSingleQuotes(target), html::escapeText(title));
-  return base::format(R"(<td align="center"><a href="{}" title="{}"><img src="{}" border="0"><br>{}</a></td>)",
-                      html::escapeAttribute(target), html::escapeAttribute(title), html::escapeAttribute(*thumbnail),
-                      parts_.fields.OptionVorschauMitTitel ? html::escapeText(title) : "");
+    return base::format("<td align='center'><a href='{}'>{}</a></td>", inSingleQuotes(target), title);
+  return base::format(R"(<td align="center"><a href="{}" title="{}"><img src="{}" border="0"><br>{}</a></td>)", inPage(target),
+                      title, inPage(*thumbnail), parts_.fields.OptionVorschauMitTitel ? title : "");
 }
 
 /// Path of the small picture for the first picture of the page; nothing where there is no such file.

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "pagetree/page_desk.h"
 #include "pictures/picture_desk.h"
+#include "pictures/plain_surface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,13 +19,6 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::SizeIs;
 using testing::StartsWith;
-
-/// A surface that keeps what is written into it as it was written.
-struct PlainSurface : editor::DocumentSurface {
-  std::string bodyInnerHtml() const override { return body; }
-  void setBodyInnerHtml(std::string_view html) override { body = html; }
-  std::string body = "<p>da</p>";
-};
 
 struct Insertion : testing::Test, PictureDesk {
   InsertionOutcome run()
