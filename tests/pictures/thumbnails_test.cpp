@@ -152,6 +152,7 @@ TEST_F(ThumbnailTable, goes_on_behind_a_picture_that_cannot_be_read)
 
   EXPECT_TRUE(thumbnails.MakeThumbs("01"));
 
+  EXPECT_EQ(thumbnails.damaged(), 1u);
   EXPECT_THAT(body(), HasSubstr("kaputt_xs.jpg"));
   EXPECT_THAT(body(), HasSubstr("gut_xs.jpg"));
 }
@@ -166,6 +167,15 @@ TEST_F(ThumbnailTable, has_full_rows_and_no_empty_one)
     expected += std::string(n % 4 == 1 ? "<tr>" : "") + "<td align='center'><a href='010" + std::to_string(n) +
                 ".htm'>Seite</a></td>" + (n % 4 == 0 ? "</tr>" : "");
   EXPECT_EQ(written("01"), expected + "</table></div>");
+}
+
+TEST_F(ThumbnailTable, ends_no_row_at_a_number_of_cells_that_no_row_has)
+{
+  addChild("0101", "Seite", "<p></p>");
+  for (const char* number : {"1e30", "-1e30", "1.5", "0"}) {
+    fields.tbVorschauAnzahl = number;
+    EXPECT_THAT(written("01"), HasSubstr("Seite</a></td></tr></table>")) << number;
+  }
 }
 
 TEST_F(ThumbnailTable, is_refilled_by_a_second_run)
