@@ -10,13 +10,15 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 namespace mrd::pictures {
 namespace {
 
 constexpr std::string_view kPictureExtensions = "jpg bmp tif gif pcx ico pcd img dib wmf png";
-constexpr std::string_view kMark = " -- ", kLockedByOffice = "~$";
-constexpr std::string_view kAllFiles = "*.*";
+/// Enough of what stands behind an entry to know it by.
+constexpr std::string_view kMark = " -- ";
+constexpr std::string_view kLockedByOffice = "~$";
 constexpr std::size_t kEntriesBetweenEvents = 500;
 /// A window that is asked this often feels alive; asking at each of many small directories would cost more than reading them.
 constexpr auto kBetweenEvents = std::chrono::milliseconds(15);
@@ -37,6 +39,12 @@ bool isNumber(std::string_view text)
   const auto trimmed = base::trim(text);
   return !trimmed.empty() && trimmed.find_first_not_of("+-.,0123456789") == std::string::npos &&
          std::ranges::any_of(trimmed, [](unsigned char c) { return std::isdigit(c) != 0; });
+}
+
+std::string withoutBlanksBehind(std::string text)
+{
+  text.erase(text.find_last_not_of(' ') + 1);
+  return text;
 }
 
 } // namespace
@@ -72,6 +80,18 @@ void FrmFileScan::Command1_Click()
     return;
   stopped_ = false;
   scanning_ = true;
+  // The button starts again whatever ends the scan.
+  try {
+    scan();
+  } catch (...) {
+    endScan();
+    throw;
+  }
+  endScan();
+}
+
+void FrmFileScan::scan()
+{
   Command1 = kStop;
   window.refresh();
   parts_.insertion.language.ui().pumpEvents();
@@ -80,23 +100,21 @@ void FrmFileScan::Command1_Click()
   labelanz = LabelNeu = Labelalt = "0";
   visited_.clear();
   known_.reset();
-  // The button starts again whatever ends the scan.
-  const auto end = [this] {
-    Command1 = kStart;
-    scanning_ = false;
-    window.refresh();
-  };
-  try {
-    GetAllFiles(tbshare, kAllFiles);
-  } catch (const base::Error&) {
-    end();
-    throw;
-  }
-  end();
+  register_.reset();
+  GetAllFiles(tbshare);
 }
 
-void FrmFileScan::GetAllFiles(std::string path, std::string_view pattern)
+void FrmFileScan::endScan()
 {
+  Command1 = kStart;
+  scanning_ = false;
+  window.refresh();
+}
+
+void FrmFileScan::GetAllFiles(std::string path)
+{
+  if (Checknurneue && !register_)
+    register_ = parts_.insertion.db.openSnapshot("SELECT * FROM dateien");
   letEventsRun();
   if (!path.ends_with('\\'))
     path += '\\';
@@ -105,7 +123,7 @@ void FrmFileScan::GetAllFiles(std::string path, std::string_view pattern)
   for (const auto& entry : files::directoryEntries(path)) {
     if (entry.isDirectory) {
       if (CheckSubDir)
-        GetAllFiles(path + entry.name + "\\", pattern);
+        GetAllFiles(path + entry.name + "\\");
     } else {
       addFile(path, entry.name);
     }
@@ -158,10 +176,11 @@ bool FrmFileScan::isWanted(const std::string& name) const
 bool FrmFileScan::isKnown(const std::string& path)
 {
   if (!known_) {
+    // A register without its columns is a failure, also an empty one.
+    const auto directory = register_->column("pfadLokal"), name = register_->column("Dateiname");
     known_.emplace();
-    auto rows = parts_.insertion.db.openSnapshot("SELECT * FROM dateien");
-    for (; !rows.eof(); rows.moveNext())
-      known_->insert(registerKey(rows.value("pfadLokal").text(), rows.value("Dateiname").text()));
+    for (; !register_->eof(); register_->moveNext())
+      known_->insert(registerKey(register_->text(directory), register_->text(name)));
   }
   const auto parts = paths::teile_dateipfad(path);
   return known_->contains(registerKey(parts.verzeichnis, parts.name + "." + parts.erweiterung));
@@ -211,8 +230,8 @@ void FrmFileScan::dropFiles(const std::vector<std::string>& paths)
 {
   // An entry is a path behind the directory. Before anything was chosen there, files from elsewhere stand for themselves.
   const auto isElsewhere = [this](const std::string& path) { return !base::contains(path, tbshare); };
-  if (List1.empty() && Listpix.empty() && std::ranges::all_of(paths, isElsewhere))
-    tbshare.clear();
+  if (!tbshare.empty() && List1.empty() && Listpix.empty() && std::ranges::all_of(paths, isElsewhere))
+    shareBefore_ = std::exchange(tbshare, {});
   for (const auto& path : paths)
     Listpix.push_back({withoutShare(path)});
   lblpixanz = base::format("{}", Listpix.size());
@@ -229,9 +248,6 @@ void FrmFileScan::dropText(std::string_view text)
       break;
     text.remove_prefix(end + base::kCrLf.size());
   }
-  // A line end behind the last name begins no further one.
-  if (lines.back().empty())
-    lines.pop_back();
   dropFiles(lines);
 }
 
@@ -245,6 +261,7 @@ void FrmFileScan::click(std::string_view list, const ListBox& box, std::size_t e
     return;
   rotateList = list;
   rotateEntry = box[entry].text;
+  rotateIndex_ = entry;
   if (!CheckBitmap)
     return;
   if (const auto path = pathOf(box[entry]); isShownAsPicture(path))
@@ -254,7 +271,7 @@ void FrmFileScan::click(std::string_view list, const ListBox& box, std::size_t e
 std::string FrmFileScan::pathOf(const ListEntry& entry) const
 {
   const auto mark = entry.text.find(kMark);
-  return tbshare + (mark == std::string::npos ? entry.text : base::trim(entry.text.substr(0, mark)));
+  return tbshare + (mark == std::string::npos ? entry.text : withoutBlanksBehind(entry.text.substr(0, mark)));
 }
 
 void FrmFileScan::CheckBitmap_Click()
@@ -274,13 +291,21 @@ void FrmFileScan::cbrotieren_Click()
     turned = rotatePicture(tbshare + rotateEntry, Slider1);
   }
   const auto text = withoutShare(turned);
-  auto& box = rotateList == "List1" ? List1 : Listpix;
-  const auto entry = std::ranges::find(box, rotateEntry, &ListEntry::text);
-  if (entry != box.end())
+  if (auto* const entry = clickedEntry())
     entry->text = text;
   rotateEntry = text;
   window.refresh();
   hooks_.anzeigen(turned, "Bitmap");
+}
+
+/// The entry that was clicked, or the first with its text where the list has changed since; null where there is none.
+ListEntry* FrmFileScan::clickedEntry()
+{
+  auto& box = rotateList == "List1" ? List1 : Listpix;
+  if (rotateIndex_ < box.size() && box[rotateIndex_].text == rotateEntry)
+    return &box[rotateIndex_];
+  const auto first = std::ranges::find(box, rotateEntry, &ListEntry::text);
+  return first == box.end() ? nullptr : &*first;
 }
 
 // --- the options
@@ -354,14 +379,17 @@ void FrmFileScan::insert(InsertionOutcome& outcome)
   ChosenPictures chosen{tbshare, {}, lblnode};
   for (const auto& entry : Listpix)
     chosen.Listpix.push_back(entry.text);
-  outcome = PictureInsertion(parts_.insertion, *this).run(chosen);
-  if (!outcome.begun)
-    return;
-  for (std::size_t i = 0; i < Listpix.size(); ++i)
-    Listpix[i].text = chosen.Listpix[i];
-  lblnode = chosen.lblnode;
-  hooks_.inserted();
-  window.refresh();
+  const auto show = [&] {
+    for (std::size_t i = 0; i < Listpix.size(); ++i)
+      Listpix[i].text = chosen.Listpix[i];
+    lblnode = chosen.lblnode;
+    LabelNeu = chosen.LabelNeu;
+    Labelalt = chosen.Labelalt;
+    window.refresh();
+  };
+  outcome = PictureInsertion(parts_.insertion, *this).run(chosen, show);
+  if (outcome.begun)
+    hooks_.inserted();
 }
 
 /// The entries say it too, but the window is about to close.
@@ -385,7 +413,7 @@ void FrmFileScan::cbschließen_Click()
   if (inserting_)
     return;
   stopped_ = true;
-  parts_.settings.setValue("Settings", "search", tbshare);
+  storeDirectory();
   unload();
 }
 

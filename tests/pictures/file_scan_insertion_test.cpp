@@ -132,5 +132,48 @@ TEST_F(FileScan, without_a_choice_stays_open)
   EXPECT_EQ(unloaded, 0);
 }
 
+TEST_F(FileScan, shows_how_far_an_insertion_is)
+{
+  photo("a.jpg", 20, 20);
+  photo("b.jpg", 20, 20);
+  form.Listpix = {{"a.jpg"}, {"b.jpg"}};
+  form.LabelNeu = form.Labelalt = "5";
+  std::vector<std::string> seen;
+  whileScanning = [&] { seen.push_back(form.LabelNeu + form.Labelalt + " " + form.Listpix[0].text); };
+
+  form.cbeinfügen_Click();
+
+  const std::string done = "a.jpg   --   Bild auf Seite eingefügt!";
+  EXPECT_THAT(seen, ElementsAre("00 a.jpg", "10 " + done, "20 " + done));
+}
+
+TEST_F(FileScan, keeps_the_marks_of_what_an_insertion_did_before_it_failed)
+{
+  photo("a.jpg", 20, 20);
+  photo("b.jpg", 20, 20);
+  form.Listpix = {{"a.jpg"}, {"b.jpg"}};
+  form.lblnode = "@01";
+  form.OpjedesBildeineSeite_Click();
+  whileScanning = [&] {
+    if (form.Labelalt == "01")
+      desk.project.db().execute("DROP TABLE Seite");
+  };
+
+  EXPECT_THROW(form.cbeinfügen_Click(), base::Error);
+
+  EXPECT_THAT(texts(form.Listpix), ElementsAre("a.jpg   --   untergeordnete Seite", "b.jpg"));
+  EXPECT_FALSE(form.isBusy());
+}
+
+TEST_F(FileScan, takes_a_stored_quality_of_any_size)
+{
+  settings.setValue("Settings", "pix_quality", "1e30");
+  form.Form_Load();
+  EXPECT_GT(form.Slider1, 100);
+
+  settings.setValue("Settings", "pix_quality", "-1e30");
+  EXPECT_LT(storedConversion(settings).Slider1, 0);
+}
+
 } // namespace
 } // namespace mrd::pictures

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <stdexcept>
+#include <utility>
 
 namespace mrd::pictures {
 namespace {
@@ -107,11 +108,42 @@ TEST_F(FileScan, fails_where_the_register_lacks_its_column_and_can_be_started_ag
 {
   files({"a.jpg"});
   desk.project.db().execute("DROP TABLE Dateien");
+  desk.project.db().execute("CREATE TABLE Dateien (dateiname TEXT)");
   form.CheckAlle = form.Checknurneue = true;
 
   EXPECT_THROW(form.Command1_Click(), base::Error);
 
   EXPECT_EQ(form.Command1, FrmFileScan::kStart);
+  EXPECT_FALSE(form.isBusy());
+}
+
+TEST_F(FileScan, for_new_pictures_opens_the_register_though_it_looks_for_none)
+{
+  files({"a.jpg"});
+  desk.project.db().execute("DROP TABLE Dateien");
+  form.Command1_Click();
+  EXPECT_THAT(texts(form.List1), ElementsAre("a.jpg"));
+
+  form.Checknurneue = true;
+
+  EXPECT_THROW(form.Command1_Click(), base::Error);
+}
+
+TEST_F(FileScan, can_be_started_again_whatever_ended_it)
+{
+  files({"a.jpg"});
+  bool isBroken = true;
+  whileScanning = [&] {
+    if (std::exchange(isBroken, false))
+      throw std::runtime_error("Fenster");
+  };
+
+  EXPECT_THROW(form.Command1_Click(), std::runtime_error);
+
+  EXPECT_EQ(form.Command1, FrmFileScan::kStart);
+  EXPECT_FALSE(form.isBusy());
+  form.Command1_Click();
+  EXPECT_THAT(texts(form.List1), ElementsAre("a.jpg"));
 }
 
 TEST_F(FileScan, that_is_stopped_keeps_what_it_found)

@@ -1,5 +1,6 @@
 #include "pictures/insertion.h"
 
+#include "base/errors.h"
 #include "base/format.h"
 #include "base/text.h"
 #include "pagetree/page_desk.h"
@@ -8,6 +9,11 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
 
 namespace mrd::pictures {
 namespace {
@@ -26,12 +32,16 @@ struct Insertion : testing::Test, PictureDesk {
     PictureInsertion insertion({desk.project.db(), desk.program.language, desk.clock, fields, desk.program.files, surface, window,
                                 [this] { ++treesShown; }},
                                options);
-    return insertion.run(chosen);
+    return insertion.run(chosen, [this] { advanced(); });
   }
   void choose(const std::string& name, int width = 40, int height = 30)
   {
     photo(name, width, height);
     chosen.Listpix.push_back(name);
+  }
+  void rename(const std::string& from, const std::string& to) const
+  {
+    std::filesystem::rename(files::nativePath(fotos() + from), files::nativePath(fotos() + to));
   }
   void chooseMany(int count)
   {
@@ -50,6 +60,7 @@ struct Insertion : testing::Test, PictureDesk {
   InsertionOptions options;
   ChosenPictures chosen{fotos(), {}, "@01"};
   int treesShown = 0;
+  std::function<void()> advanced = [] {};
 };
 
 TEST_F(Insertion, of_nothing_does_nothing)
@@ -67,6 +78,28 @@ TEST_F(Insertion, of_more_than_99_pictures_is_refused)
   EXPECT_FALSE(run().begun);
 
   EXPECT_EQ(surface.body, "<p>da</p>");
+}
+
+TEST_F(Insertion, of_99_pictures_is_done)
+{
+  photo("a.jpg", 2, 2);
+  chosen.Listpix.assign(99, "a.jpg");
+
+  EXPECT_EQ(run().inserted, 99u);
+}
+
+TEST_F(Insertion, marks_and_counts_each_picture_when_it_arrives)
+{
+  chosen.LabelNeu = "7";
+  choose("a.jpg");
+  choose("b.jpg");
+  std::vector<std::string> seen;
+  advanced = [&] { seen.push_back(chosen.LabelNeu + chosen.Labelalt + " " + chosen.Listpix[0] + "," + chosen.Listpix[1]); };
+
+  run();
+
+  const std::string mark = "   --   Bild auf Seite eingefügt!";
+  EXPECT_THAT(seen, ElementsAre("00 a.jpg,b.jpg", "10 a.jpg" + mark + ",b.jpg", "20 a.jpg" + mark + ",b.jpg" + mark));
 }
 
 TEST_F(Insertion, without_columns_puts_each_picture_into_a_box_of_its_own)
@@ -108,6 +141,62 @@ TEST_F(Insertion, closes_a_complete_last_row_twice)
   EXPECT_THAT(surface.body, HasSubstr("<table border=1 cellpadding=1 cellspacing=1 align=center><tr>"));
   EXPECT_TRUE(surface.body.ends_with("</td></tr></tr></table>"));
   EXPECT_THAT(surface.body, Not(HasSubstr("&nbsp;")));
+}
+
+TEST_F(Insertion, with_half_a_column_opens_rows_and_no_cell)
+{
+  options.tbtabspalten = "0.5";
+  choose("a.jpg");
+
+  run();
+
+  EXPECT_EQ(surface.body, "<p>da</p><table border=0 cellpadding=0 cellspacing=0 align=center><tr>" + image("a", "a.jpg"));
+}
+
+TEST_F(Insertion, with_two_and_a_half_columns_ends_a_row_at_every_fifth_cell)
+{
+  options.tbtabspalten = "2.5";
+  chooseMany(6);
+
+  run();
+
+  EXPECT_THAT(surface.body, HasSubstr(image("p5", "p5.jpg") + "</td></tr><tr><td>" + image("p6", "p6.jpg")));
+  const std::string empty = "<td>&nbsp;</td>";
+  EXPECT_TRUE(surface.body.ends_with(image("p6", "p6.jpg") + "</td>" + empty + empty + empty + empty + "</tr></table>"));
+}
+
+TEST_F(Insertion, with_columns_that_no_row_fills_ends_with_an_error_and_leaves_the_page)
+{
+  options.tbtabspalten = "1.1";
+  chooseMany(2);
+
+  EXPECT_THROW(run(), base::Error);
+
+  EXPECT_EQ(surface.body, "<p>da</p>");
+}
+
+TEST_F(Insertion, looks_for_a_file_without_an_extension_that_is_none_for_the_path_rules)
+{
+  photo("bild.jpg", 40, 30);
+  rename("bild.jpg", "bild.backup");
+  chosen.Listpix.push_back("bild.backup");
+
+  const auto outcome = run();
+
+  EXPECT_THAT(outcome.failed, SizeIs(1));
+  EXPECT_THAT(surface.body, HasSubstr(image("bild", "01_bild_580.jpg")));
+  EXPECT_THAT(pixNames(), testing::IsEmpty());
+}
+
+TEST_F(Insertion, takes_a_picture_that_has_no_extension)
+{
+  photo("bild.jpg", 40, 30);
+  rename("bild.jpg", "bild");
+  chosen.Listpix.push_back("bild");
+
+  EXPECT_THAT(run().failed, testing::IsEmpty());
+
+  EXPECT_THAT(pixNames(), ElementsAre("bild.jpg"));
 }
 
 TEST_F(Insertion, with_a_popup_makes_the_picture_the_link)
@@ -228,6 +317,36 @@ TEST_F(InsertionOfPages, makes_a_page_below_for_each_picture)
   EXPECT_EQ(treesShown, 1);
 }
 
+TEST_F(InsertionOfPages, shows_the_number_of_each_new_page)
+{
+  desk.project.addPage({"0101", "da"});
+  choose("a.jpg");
+  choose("b.jpg");
+  std::vector<std::string> seen;
+  advanced = [&] { seen.push_back(chosen.LabelNeu + " " + chosen.Labelalt); };
+
+  run();
+
+  EXPECT_THAT(seen, ElementsAre("0 0", "0 02", "0 03"));
+}
+
+TEST_F(InsertionOfPages, that_fails_shows_the_pages_before_it_and_hides_its_progress)
+{
+  chooseMany(2);
+  advanced = [&] {
+    if (chosen.Labelalt == "01")
+      desk.project.db().execute("DROP TABLE Seite");
+  };
+
+  EXPECT_THROW(run(), base::Error);
+
+  EXPECT_EQ(treesShown, 1);
+  EXPECT_EQ(desk.program.ui.progressHidden, 1);
+  EXPECT_EQ(desk.program.ui.pointerShape, ui::Pointer::Default);
+  EXPECT_FALSE(window.isShown());
+  EXPECT_THAT(chosen.Listpix[0], HasSubstr("untergeordnete Seite"));
+}
+
 TEST_F(InsertionOfPages, with_popup_and_order_puts_both_signs_behind_the_picture)
 {
   options.CheckPopupfenster = options.CheckBildpartner = true;
@@ -276,6 +395,7 @@ TEST_F(InsertionOfPages, ends_with_a_message_behind_number_98)
 
   EXPECT_EQ(outcome.inserted, 1u);
   EXPECT_TRUE(outcome.outOfNumbers);
+  EXPECT_EQ(chosen.Labelalt, "99");
   EXPECT_EQ(desk.project.ids().back(), "0198");
 }
 
