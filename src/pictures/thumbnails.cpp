@@ -212,11 +212,15 @@ void Thumbnails::putIntoPage(const std::string& table)
                                  : present + std::string(base::kCrLf) + "<div align=center id=thumbs>" + table + "</div>");
 }
 
-bool Thumbnails::allevorschaubilderneu(pagetree::PageStore& store)
+bool Thumbnails::isRenewalWanted()
+{
+  const ui::MessageBox question{std::string(kQuestion), "Vorschaubilder", ui::box::kYesNo + ui::box::kQuestion};
+  return parts_.language.ui().messageBox(question) == ui::Button::Yes;
+}
+
+bool Thumbnails::renewAll(pagetree::PageStore& store)
 {
   auto& ui = parts_.language.ui();
-  if (ui.messageBox({std::string(kQuestion), "Vorschaubilder", ui::box::kYesNo + ui::box::kQuestion}) != ui::Button::Yes)
-    return false;
   if (parts_.active.PageDirty && !store.SavePage(parts_.active.LastActivePage))
     return false;
   std::vector<std::string> ids;

@@ -54,7 +54,10 @@ public:
   /// or was stopped: the page is then as it was.
   bool MakeThumbs(std::string_view seite);
   /// After a question: renews the tables of all pages that have one. False when one could not be made or stored.
-  bool allevorschaubilderneu(pagetree::PageStore& store);
+  bool allevorschaubilderneu(pagetree::PageStore& store) { return isRenewalWanted() && renewAll(store); }
+  /// The question, and what follows a Yes, for those who have something to do in between.
+  bool isRenewalWanted();
+  bool renewAll(pagetree::PageStore& store);
 
   /// Pictures that could not be made small so far; each was told, and its place in the table is empty.
   std::size_t damaged() const { return damaged_; }
