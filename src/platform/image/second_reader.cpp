@@ -1,10 +1,10 @@
 #include "platform/image/second_reader.h"
 
-#include <algorithm>
+#include "base/text.h"
+
 #include <array>
 #include <cstdint>
 #include <fstream>
-#include <iterator>
 #include <string_view>
 
 namespace mrd::image {
@@ -31,10 +31,14 @@ bool isBitmapWithoutFileHead(std::string_view head)
 
 bool isIcon(std::string_view head) { return number(head, 0, 4) == 0x10000 && number(head, 4, 2) > 0; }
 
-bool isPcx(std::string_view head)
+/// The reader knows two versions by their content. For others it asks the name, and must not be led elsewhere by that.
+bool isPcx(std::string_view head, std::string_view name)
 {
-  constexpr std::uint32_t kLastVersion = 5, kRunLengths = 1;
-  return head.starts_with('\x0A') && number(head, 1, 1) <= kLastVersion && number(head, 2, 1) == kRunLengths;
+  constexpr std::uint32_t kVersionWithTable = 2, kLastVersion = 5, kRunLengths = 1;
+  const auto version = number(head, 1, 1);
+  const bool isKnown = version == kVersionWithTable || version == kLastVersion;
+  const bool isNamed = version > kVersionWithTable && version < kLastVersion && base::lower(name).ends_with(".pcx");
+  return head.starts_with('\x0A') && (isKnown || isNamed) && number(head, 2, 1) == kRunLengths;
 }
 
 constexpr std::uint32_t kPlaceable = 0x9AC6CDD7;
@@ -80,7 +84,7 @@ bool isForSecondReader(const std::string& name)
     file.clear();
     return hasWholeRecords(file, head);
   }
-  return isBitmap(head) || isBitmapWithoutFileHead(head) || isIcon(head) || isPcx(head);
+  return isBitmap(head) || isBitmapWithoutFileHead(head) || isIcon(head) || isPcx(head, name);
 }
 
 } // namespace mrd::image

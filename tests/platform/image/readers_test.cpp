@@ -128,6 +128,28 @@ TEST_F(Readers, get_no_drawing_or_document_whatever_its_name)
     }
 }
 
+TEST_F(Readers, know_versions_of_pcx_by_content_or_by_name_and_by_no_other_name)
+{
+  auto pcx = files::readFile(sample("pil184.pcx"));
+  const auto width = [&](char version, const std::string& name) {
+    pcx[1] = version;
+    write(name, pcx);
+    try {
+      return Image::load(file(name)).width();
+    } catch (const base::Error&) {
+      return 0;
+    }
+  };
+
+  for (const char version : {2, 5})
+    EXPECT_EQ(width(version, "a.html"), 447) << int{version};
+  for (const char version : {3, 4}) {
+    EXPECT_EQ(width(version, "a.PCX"), 447) << int{version};
+    EXPECT_EQ(width(version, "a.html"), 0) << int{version};
+    EXPECT_THAT(failureOf("a.html"), HasSubstr("Die Datei ist kein Bild von bekannter Art."));
+  }
+}
+
 TEST_F(Readers, refuse_photo_cds)
 {
   write("a.pcd", std::string(2048, '\0') + "PCD_IPI" + std::string(5000, '\0'));
