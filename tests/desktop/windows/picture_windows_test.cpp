@@ -60,6 +60,18 @@ TEST_F(PictureWindows, take_files_that_are_dragged_from_the_file_manager)
   EXPECT_EQ(text("lblpixanz"), "2");
 }
 
+TEST_F(PictureWindows, take_dropped_text_to_its_last_line)
+{
+  const auto path = (project.directory().native() / "fotos/a.jpg").string();
+  open("pix_mehrere");
+  QMimeData lines;
+  lines.setText(QString::fromStdString(path + "\r\n"));
+
+  drop(lines);
+
+  EXPECT_THAT(names("Listpix"), ElementsAre("a.jpg", ""));
+}
+
 TEST_F(PictureWindows, are_used_with_the_keyboard)
 {
   photo("a.jpg");
