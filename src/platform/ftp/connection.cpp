@@ -6,19 +6,14 @@
 #include "platform/files/path.h"
 #include "platform/ftp/explanations.h"
 #include "platform/ftp/fingerprint.h"
+#include "platform/ftp/sockets.h"
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cstdlib>
 #include <curl/curl.h>
 #include <filesystem>
 #include <fstream>
-#include <mutex>
-#include <poll.h>
-#include <set>
-#include <sys/socket.h>
-#include <unistd.h>
 #include <utility>
 
 namespace mrd::ftp {
@@ -27,7 +22,6 @@ namespace {
 constexpr long kConnectSeconds = 120, kAnswerSeconds = 300;
 /// What a server says that closes the connection by itself.
 constexpr int kGoodbye = 421;
-constexpr int kLastWordsMs = 300;
 constexpr int kShortestSleepMs = 4, kLongestSleepMs = 64;
 
 struct CodeOfEnding {
@@ -102,7 +96,7 @@ Reply TransferOutcome::reply(std::string_view command) const
 }
 
 struct Connection::State {
-  State(Address whom, ConnectionEvents told) : address(std::move(whom)), events(std::move(told))
+  State(Address whom, ConnectionEvents told) : address(std::move(whom)), events(std::move(told)), sockets(events.stateChanged)
   {
     initialiseLibrary();
     multi = curl_multi_init();
@@ -126,10 +120,7 @@ struct Connection::State {
   /// Fingerprint that the user trusts, and what the server showed in this transfer.
   std::string trusted, shown;
 
-  std::atomic<bool> cancelled = false;
-  std::mutex socketsLock;
-  std::set<curl_socket_t> sockets;
-  curl_socket_t control = CURL_SOCKET_BAD;
+  Sockets sockets;
 
   // The transfer at hand.
   bool mayConnect = false;
@@ -151,7 +142,7 @@ struct Connection::State {
 
   void command(std::string_view line);
   void answer(std::string_view line);
-  void readLastWords();
+  void readLastWords(int control);
   void setAddress(const Transfer& transfer);
   void setSecurity();
   void setCallbacks();
@@ -183,18 +174,12 @@ void Connection::State::answer(std::string_view line)
 
 /// A server that takes no more of a file closes the data connection and says why on the other one, which the library gives up
 /// without listening. What is encrypted is not understood here, and left.
-void Connection::State::readLastWords()
+void Connection::State::readLastWords(int control)
 {
-  if (cancelled || outcome.replies.empty() || !outcome.replies.back().command.starts_with("STOR ") ||
+  if (sockets.isCancelled() || outcome.replies.empty() || !outcome.replies.back().command.starts_with("STOR ") ||
       outcome.replies.back().last >= 200)
     return;
-  pollfd waiting{control, POLLIN, 0};
-  std::array<char, 512> buffer{};
-  if (::poll(&waiting, 1, kLastWordsMs) <= 0)
-    return;
-  const auto count = ::recv(control, buffer.data(), buffer.size(), MSG_DONTWAIT);
-  const std::string_view words(buffer.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
-  const auto line = words.substr(0, words.find('\n'));
+  const auto line = Sockets::lastWords(control);
   if (!line.empty() && (line.front() == '4' || line.front() == '5'))
     answer(line);
 }
@@ -235,45 +220,26 @@ int Connection::State::onResolve(void*, void*, void* self)
 curl_socket_t Connection::State::onOpenSocket(void* self, curlsocktype, curl_sockaddr* where)
 {
   auto& state = *static_cast<State*>(self);
-  const bool isControl = !state.commandSent;
-  if (state.cancelled || (isControl && !state.mayConnect)) {
-    state.outcome.lacksConnection = !state.cancelled;
+  const bool mayControl = !state.commandSent;
+  if (mayControl && !state.mayConnect) {
+    state.outcome.lacksConnection = !state.sockets.isCancelled();
     return CURL_SOCKET_BAD;
   }
-  const curl_socket_t socket = ::socket(where->family, where->socktype | SOCK_CLOEXEC, where->protocol);
-  if (socket < 0)
-    return CURL_SOCKET_BAD;
-  const std::lock_guard lock(state.socketsLock);
-  state.sockets.insert(socket);
-  if (isControl) {
-    state.control = socket;
-    state.events.stateChanged(ftp::State::HostResolved);
-    state.events.stateChanged(ftp::State::Connecting);
-  }
-  return socket;
+  return state.sockets.open(where->family, where->socktype, where->protocol, mayControl);
 }
 
 int Connection::State::onCloseSocket(void* self, curl_socket_t socket)
 {
   auto& state = *static_cast<State*>(self);
-  const std::lock_guard lock(state.socketsLock);
-  state.sockets.erase(socket);
-  const bool isControl = socket == state.control;
-  if (isControl) {
-    state.readLastWords();
-    state.events.stateChanged(ftp::State::Disconnecting);
-  }
-  ::close(socket);
-  if (isControl) {
-    state.control = CURL_SOCKET_BAD;
-    state.events.stateChanged(ftp::State::Disconnected);
-  }
+  if (state.sockets.isControl(socket))
+    state.readLastWords(socket);
+  state.sockets.close(socket);
   return 0;
 }
 
 int Connection::State::onProgress(void* self, curl_off_t, curl_off_t, curl_off_t, curl_off_t)
 {
-  return static_cast<State*>(self)->cancelled ? 1 : 0;
+  return static_cast<State*>(self)->sockets.isCancelled() ? 1 : 0;
 }
 
 int Connection::State::onHostKey(void* self, int, const char* key, size_t size)
@@ -393,7 +359,7 @@ CURLcode Connection::State::drive()
       return CURLE_FAILED_INIT;
     if (running == 0)
       break;
-    if (cancelled)
+    if (sockets.isCancelled())
       return CURLE_ABORTED_BY_CALLBACK;
     sleepMs = moved ? 0 : std::clamp(sleepMs * 2, kShortestSleepMs, kLongestSleepMs);
     curl_multi_poll(multi, nullptr, 0, sleepMs, nullptr);
@@ -415,7 +381,7 @@ CURLcode Connection::State::perform(const Transfer& transfer)
   curl_easy_setopt(easy, CURLOPT_QUOTE, before.get());
   curl_easy_setopt(easy, CURLOPT_POSTQUOTE, after.get());
   curl_multi_add_handle(multi, easy);
-  const CURLcode ending = cancelled ? CURLE_ABORTED_BY_CALLBACK : drive();
+  const CURLcode ending = sockets.isCancelled() ? CURLE_ABORTED_BY_CALLBACK : drive();
   curl_multi_remove_handle(multi, easy);
   return ending;
 }
@@ -457,7 +423,7 @@ TransferOutcome Connection::State::runOnce(const Transfer& transfer)
   } else {
     const auto* const known =
         std::find_if(kCodes.begin(), kCodes.end(), [&](const CodeOfEnding& c) { return c.ending == ending; });
-    outcome.code = cancelled ? code::kCancelled : known != kCodes.end() ? known->code : code::kConnectionLost;
+    outcome.code = sockets.isCancelled() ? code::kCancelled : known != kCodes.end() ? known->code : code::kConnectionLost;
     const Reply last = outcome.replies.empty() ? Reply{} : outcome.replies.back();
     if (last.last == kGoodbye)
       outcome.code = last.command.empty() ? code::kCannotConnect : code::kConnectionLost;
@@ -494,14 +460,11 @@ const std::string& Connection::loginDirectory() const { return state_->loginDire
 
 void Connection::cancel()
 {
-  state_->cancelled = true;
+  state_->sockets.cancel();
   // Wakes the library also where it waits for an answer by itself.
-  const std::lock_guard lock(state_->socketsLock);
-  for (const auto socket : state_->sockets)
-    ::shutdown(socket, SHUT_RDWR);
   curl_multi_wakeup(state_->multi);
 }
 
-void Connection::resume() { state_->cancelled = false; }
+void Connection::resume() { state_->sockets.resume(); }
 
 } // namespace mrd::ftp

@@ -39,7 +39,11 @@ struct CurlClient::Worker {
   Worker& operator=(const Worker&) = delete;
 
   void work();
+  /// Throws base::Error while a command runs.
+  void prepareForCommand();
+  void begin(Operation operation);
   SessionResult carryOut(Session& current, const Operation& operation);
+  void replaceSession(const Address& address);
   void post(State state);
   bool ask(const ServerIdentity& identity);
   ConnectionEvents events();
@@ -50,13 +54,14 @@ struct CurlClient::Worker {
   std::mutex lock;
   std::condition_variable changed;
   std::optional<Operation> job;
-  bool isBusy = false, isLeaving = false;
+  bool isBusy = false, isCancelling = false, isLeaving = false;
   std::deque<State> states;
   std::optional<ServerIdentity> question;
   std::optional<bool> answer;
   SessionResult result;
   std::optional<base::Error> failure;
-  /// Made and replaced by the caller's thread while nothing runs.
+
+  /// Made and replaced by the caller's thread while nothing runs, never under the lock: a session tells of its end, and may wait.
   std::unique_ptr<Session> session;
 
   // The caller's alone.
@@ -74,11 +79,37 @@ CurlClient::Worker::~Worker()
   {
     const std::lock_guard guard(lock);
     isLeaving = true;
-    if (session)
-      session->cancel();
   }
   changed.notify_all();
+  if (session)
+    session->cancel();
   thread.join();
+}
+
+void CurlClient::Worker::replaceSession(const Address& address)
+{
+  // No farewell is waited for: the old server may be silent.
+  if (session)
+    session->cancel();
+  session = makeSession(address, events());
+}
+
+void CurlClient::Worker::prepareForCommand()
+{
+  const std::lock_guard guard(lock);
+  if (isBusy)
+    throw clientError(code::kStillExecuting, "Der letzte FTP-Befehl läuft noch.");
+  result = {};
+  failure.reset();
+}
+
+void CurlClient::Worker::begin(Operation operation)
+{
+  const std::lock_guard guard(lock);
+  job = std::move(operation);
+  isBusy = true;
+  isCancelling = false;
+  changed.notify_all();
 }
 
 void CurlClient::Worker::post(State state)
@@ -94,7 +125,7 @@ bool CurlClient::Worker::ask(const ServerIdentity& identity)
   answer.reset();
   question = identity;
   changed.notify_all();
-  changed.wait(guard, [&] { return answer.has_value() || isLeaving; });
+  changed.wait(guard, [&] { return answer.has_value() || isCancelling || isLeaving; });
   question.reset();
   return answer.value_or(false);
 }
@@ -149,26 +180,20 @@ CurlClient::~CurlClient() = default;
 void CurlClient::Execute(std::string_view url, std::string_view operation)
 {
   auto& w = *worker_;
-  std::unique_lock guard(w.lock);
-  if (w.isBusy)
-    throw clientError(code::kStillExecuting, "Der letzte FTP-Befehl läuft noch.");
+  w.prepareForCommand();
   const bool isSameAddress = w.session && w.url == url;
-  w.result = {};
   w.text.clear();
   w.read = 0;
   if (isSameAddress && w.refusal)
     throw *w.refusal;
   auto parsed = parseOperation(operation);
   if (!isSameAddress) {
-    w.session = makeSession(parseAddress(url), w.events());
+    w.replaceSession(parseAddress(url));
     w.url = url;
     w.refusal.reset();
   }
   w.session->resume();
-  w.failure.reset();
-  w.job = std::move(parsed);
-  w.isBusy = true;
-  w.changed.notify_all();
+  w.begin(std::move(parsed));
 }
 
 bool CurlClient::StillExecuting()
@@ -208,9 +233,11 @@ void CurlClient::Cancel()
   std::unique_lock guard(w.lock);
   if (!w.isBusy)
     return;
-  w.session->cancel();
-  w.answer = false;
+  w.isCancelling = true;
   w.changed.notify_all();
+  guard.unlock();
+  w.session->cancel();
+  guard.lock();
   w.changed.wait_for(guard, kPatienceOfCancel, [&] { return !w.isBusy; });
 }
 
@@ -241,8 +268,8 @@ std::string CurlClient::ResponseInfo() const
 void CurlClient::backToLogin()
 {
   auto& w = *worker_;
-  const std::lock_guard guard(w.lock);
   w.refusal.reset();
+  const std::lock_guard guard(w.lock);
   if (w.session && !w.isBusy)
     w.session->backToLogin();
 }

@@ -187,6 +187,24 @@ TEST_F(FaultTest, cancelling_ends_a_silent_server_at_once_and_the_next_command_r
   }
 }
 
+TEST_F(FaultTest, another_address_is_taken_while_the_connection_to_the_first_is_open)
+{
+  for (const auto* const fault : {"none", "hang=QUIT"}) {
+    const support::FtpServer first("scripted", {fault}), second("scripted");
+    second.root().write("zweite.htm", "x");
+    ClientDesk desk(first);
+    EXPECT_EQ(desk.listing(), "");
+    const auto start = std::chrono::steady_clock::now();
+
+    desk.url = addressOf("ftp://" + second.server(), second.user(), second.password());
+
+    EXPECT_EQ(desk.listing(), "zweite.htm\r\n") << fault;
+    desk.url = addressOf("ftp://" + second.server(), second.user(), "falsch");
+    EXPECT_EQ(desk.run("dir"), code::kLoginDenied) << fault;
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 30s) << fault;
+  }
+}
+
 TEST_F(FaultTest, waiting_for_a_silent_server_takes_no_processor_time)
 {
   const support::FtpServer server("scripted", {"hang=MKD"});
