@@ -16,6 +16,7 @@ misbehaves as its faults say:
     drop-data=N       closes both connections after N bytes of a file, the first time
     drop-idle=COMMAND says 421 and closes after having answered it, the first time
     refuse=COMMAND    answers it with 550      short           keeps only half of what it gets, and says so by SIZE
+    answer=COMMAND:TEXT   answers it with this text              no-size         knows MLST, but not SIZE
     refuse-name=NAME  refuses to store a file of this name
     forgives          refuses by name twice, with and without the part's ending, and then no more
     listing=FILE      answers a listing with this file's bytes
@@ -258,8 +259,11 @@ class Talk:
             raise Gone
         if has("refuse", word):
             return self.say("550 refused")
+        if has("answer") and self.server.faults["answer"].startswith(word + ":"):
+            return self.say(self.server.faults["answer"].partition(":")[2])
         handler = getattr(self, "do_" + word, None)
-        if handler is None or (has("no-features") and word in ("FEAT", "MLSD", "SIZE", "MLST", "EPSV")):
+        if handler is None or (has("no-features") and word in ("FEAT", "MLSD", "SIZE", "MLST", "EPSV")) or \
+                (has("no-size") and word == "SIZE"):
             return self.say("500 what?")
         handler(rest)
         if has("drop-idle", word, once=True):
@@ -380,7 +384,9 @@ class Talk:
         self.say(f"213 {local.stat().st_size}" if local.is_file() else "550 no such file")
 
     def do_MLST(self, rest):
-        self.say("550 no such file")
+        local = self.local(rest)[1]
+        self.say(f"250-Facts\r\n type=file;size={local.stat().st_size}; {rest}\r\n250 End" if local.is_file() else
+                 "550 no such file")
 
     def do_DELE(self, rest):
         local = self.local(rest)[1]

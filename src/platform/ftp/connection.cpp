@@ -55,6 +55,13 @@ void initialiseLibrary()
   static_cast<void>(done);
 }
 
+/// "452" and "552" of FTP, or their like.
+bool tellsOfNoRoom(CURLcode ending, const Reply& last)
+{
+  constexpr int kNoRoom = 452, kNoQuota = 552;
+  return ending == CURLE_REMOTE_DISK_FULL || last.last == kNoRoom || last.last == kNoQuota;
+}
+
 bool isSftp(const Address& address) { return address.protocol == Protocol::Sftp; }
 
 /// The user's own key for host logins, where there is one of the kinds that servers of today take.
@@ -416,6 +423,8 @@ TransferOutcome Connection::State::runOnce(const Transfer& transfer)
   }
   const CURLcode ending = perform(transfer);
   upload.close();
+  const Reply last = outcome.replies.empty() ? Reply{} : outcome.replies.back();
+  outcome.lacksRoom = tellsOfNoRoom(ending, last);
   if (ending == CURLE_OK) {
     char* path = nullptr;
     if (curl_easy_getinfo(easy, CURLINFO_FTP_ENTRY_PATH, &path) == CURLE_OK && path != nullptr && *path != '\0')
@@ -424,7 +433,6 @@ TransferOutcome Connection::State::runOnce(const Transfer& transfer)
     const auto* const known =
         std::find_if(kCodes.begin(), kCodes.end(), [&](const CodeOfEnding& c) { return c.ending == ending; });
     outcome.code = sockets.isCancelled() ? code::kCancelled : known != kCodes.end() ? known->code : code::kConnectionLost;
-    const Reply last = outcome.replies.empty() ? Reply{} : outcome.replies.back();
     if (last.last == kGoodbye)
       outcome.code = last.command.empty() ? code::kCannotConnect : code::kConnectionLost;
     // What the server refuses behind a complete transfer, for example because its disk is full, is no loss of the connection.

@@ -45,6 +45,8 @@ struct TransferOutcome {
   std::vector<Reply> replies = {};
   /// Nothing was done, because there is no connection any more.
   bool lacksConnection = false;
+  /// The server has no room, or allows no more: what it has already is to be left alone.
+  bool lacksRoom = false;
 
   /// The last reply to a command that begins so; an empty one where it was not sent.
   Reply reply(std::string_view command) const;

@@ -23,7 +23,7 @@ private:
   TransferOutcome run(Transfer transfer);
   SessionResult command(const std::string& line);
   SessionResult readDirectory(const std::string& directory);
-  SessionResult send(const std::string& file, const std::string& path);
+  TransferOutcome send(const std::string& file, const std::string& path);
   SessionResult replaced(const std::string& part, const std::string& path);
   bool makeLogin(SessionResult& failure);
   std::string pathOf(const std::string& name) const;

@@ -119,6 +119,61 @@ TEST_F(FaultTest, a_file_that_arrived_cut_off_is_not_confirmed_and_replaces_noth
   EXPECT_EQ(desk.listing(), "index.htm\r\n");
 }
 
+TEST_F(FaultTest, a_file_that_arrived_cut_off_replaces_nothing_where_the_size_is_told_among_other_facts)
+{
+  const support::FtpServer server("scripted", {"short", "no-size"});
+  server.root().write("index.htm", "alt");
+  ClientDesk desk(server);
+
+  EXPECT_EQ(put(desk), code::kNotConfirmed);
+  EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("150000"));
+  EXPECT_EQ(server.root().read("index.htm"), "alt");
+  EXPECT_EQ(desk.listing(), "index.htm\r\n");
+}
+
+TEST_F(FaultTest, a_server_that_tells_the_size_among_other_facts_is_believed)
+{
+  const support::FtpServer server("scripted", {"no-size"});
+  ClientDesk desk(server);
+
+  EXPECT_EQ(put(desk), code::kNone) << desk.client.ResponseInfo();
+  EXPECT_EQ(server.root().read("index.htm").size(), 300000u);
+}
+
+TEST_F(FaultTest, a_server_without_room_for_a_file_keeps_the_old_one)
+{
+  for (const auto* const answer : {"answer=STOR:552 quota exceeded", "answer=STOR:452 no room", "answer=RNTO:552 no"}) {
+    const support::FtpServer server("scripted", {answer});
+    server.root().write("index.htm", "alt");
+    ClientDesk desk(server);
+
+    EXPECT_EQ(put(desk), code::kRefused) << answer;
+    EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("52 ")) << answer;
+    EXPECT_EQ(server.root().read("index.htm"), "alt");
+    EXPECT_EQ(server.count("STOR index.htm.mrd-part"), 1);
+    EXPECT_EQ(server.count("STOR"), 1) << answer;
+  }
+}
+
+TEST_F(FaultTest, cancelling_while_the_size_is_asked_for_is_told_as_such_and_replaces_nothing)
+{
+  for (const auto& faults : {std::vector<std::string>{"hang=SIZE"}, {"hang=MLST", "no-size"}}) {
+    const support::FtpServer server("scripted", faults);
+    server.root().write("index.htm", "alt");
+    ClientDesk desk(server);
+    desk.client.Execute(desk.url, "PUT \"" + local.file("seite.htm") + "\" index.htm");
+    const auto question = faults.front().substr(5);
+    while (server.count(question) == 0)
+      ASSERT_TRUE(desk.client.StillExecuting());
+
+    desk.client.Cancel();
+
+    EXPECT_FALSE(desk.client.StillExecuting());
+    EXPECT_EQ(desk.client.ResponseCode(), code::kCancelled) << question;
+    EXPECT_EQ(server.root().read("index.htm"), "alt");
+  }
+}
+
 TEST_F(FaultTest, a_server_that_refuses_renaming_or_other_names_gets_its_files_directly)
 {
   for (const auto* const fault : {"no-rename", "no-part"}) {
