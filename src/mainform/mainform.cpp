@@ -347,7 +347,7 @@ void Mainform::showExport()
   }
   if (!pages_.leave())
     return;
-  publish::RememberedServers servers(seams_.userSettings, program_.language);
+  publish::RememberedServers servers(seams_.userSettings, program_.language, publish::OnChange::Ask);
   ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); });
   const publish::SystemTimer timer;
   Dialog dialog(exportEnvironment(), {program_.language, project_.fields(), client, timer});

@@ -172,7 +172,7 @@ TEST(RememberedServersTest, are_asked_about_once_and_again_when_they_change)
   support::TestProgram program;
   const support::TemporaryDirectory folder;
   files::UserSettings settings((folder.native() / "settings.ini").string());
-  RememberedServers servers(settings, program.language);
+  RememberedServers servers(settings, program.language, OnChange::Ask);
   ftp::ServerIdentity identity{"ftp.example.org:21", "SHA256:a", "self-signed", false};
 
   program.ui.expect(116, "SHA256:a", Button::No);
@@ -191,6 +191,23 @@ TEST(RememberedServersTest, are_asked_about_once_and_again_when_they_change)
   identity.fingerprint = "SHA256:d";
   program.ui.expect(119, "SHA256:d", Button::Yes);
   EXPECT_TRUE(servers.trusts(identity));
+}
+
+TEST(RememberedServersTest, that_have_changed_are_refused_where_nobody_is_asked_and_stay_as_they_were_known)
+{
+  support::TestProgram program;
+  const support::TemporaryDirectory folder;
+  files::UserSettings settings((folder.native() / "settings.ini").string());
+  RememberedServers servers(settings, program.language, OnChange::Refuse);
+  program.ui.expect(116, "SHA256:a", Button::Yes).expect(118, "SHA256:c", Button::Yes);
+  EXPECT_TRUE(servers.trusts({"ftp.example.org:21", "SHA256:a", "", false}));
+  EXPECT_TRUE(servers.trusts({"ftp.example.org:22", "SHA256:c", "", true}));
+
+  program.ui.expect(180, "SHA256:b").expect(180, settings.file());
+  EXPECT_FALSE(servers.trusts({"ftp.example.org:21", "SHA256:b", "", false}));
+  EXPECT_FALSE(servers.trusts({"ftp.example.org:22", "SHA256:d", "", true}));
+
+  EXPECT_TRUE(servers.trusts({"ftp.example.org:21", "SHA256:a", "", false}));
 }
 
 } // namespace
