@@ -29,15 +29,16 @@ struct Summary {
   std::size_t sent = 0, kept = 0;
   std::vector<publish::RunFile> failed;
   std::vector<std::string> orphans, deleted, notDeleted;
-  bool isConnected = false;
+  /// Whether the server was read at all, and again behind the run where it was; whether the run came to its end.
+  bool wasRead = false, isConnected = false, isRunComplete = false;
 
   ExitStatus status() const
   {
-    return isConnected && failed.empty() && notDeleted.empty() ? ExitStatus::Done : ExitStatus::Failed;
+    return isConnected && isRunComplete && failed.empty() && notDeleted.empty() ? ExitStatus::Done : ExitStatus::Failed;
   }
 };
 
-constexpr int kMessageNothingGenerated = 120;
+constexpr int kMessageNothingGenerated = 120, kMessageNotRead = 181;
 constexpr int kTabPictures = 0, kTabPages = 1;
 
 /// A run over a part of the pages enters that part only. What lies in the export directory belongs to the site all the same.
@@ -113,22 +114,35 @@ void printJson(const Summary& summary)
                          jsonList(summary.notDeleted)));
 }
 
-Summary publishSite(publish::Publishing& dialog, dao::Database& db, const std::string& directory,
-                    const PublishArguments& arguments)
+/// What is due goes to the server.
+void send(publish::Publishing& dialog, Summary& summary)
 {
-  Summary summary;
-  dialog.cbftpverbindung_Click();
-  summary.isConnected = dialog.isConnected;
-  if (!summary.isConnected)
-    return summary;
-  if (!arguments.connectOnly)
-    dialog.cbftp_Click();
+  dialog.cbftp_Click();
+  summary.isRunComplete = dialog.isRunComplete;
   for (const auto& file : dialog.files.all())
     if (file.isConfirmed())
       ++summary.sent;
     else
       summary.failed.push_back(file);
+}
+
+Summary publishSite(publish::Publishing& dialog, dao::Database& db, const std::string& directory,
+                    const PublishArguments& arguments)
+{
+  Summary summary;
+  dialog.cbftpverbindung_Click();
+  summary.wasRead = summary.isConnected = dialog.isConnected;
+  if (!summary.wasRead)
+    return summary;
+  // Counted now: where the server is read again behind the run it has the pictures of the run too.
   summary.kept = count(db, "([dateityp-id]=2) and (übertragen=FALSE)");
+  summary.isRunComplete = arguments.connectOnly;
+  if (!arguments.connectOnly)
+    send(dialog, summary);
+  summary.isConnected = dialog.isConnected;
+  // A list that lacks an answer may be that of another directory: nothing is judged by it.
+  if (!summary.isConnected)
+    return summary;
   deselectLocalFiles(dialog.ListFTPHTML, directory);
   deselectLocalFiles(dialog.ListFTPpix, directory + "pix\\");
   addSelected(summary.orphans, dialog.ListFTPHTML, "");
@@ -149,17 +163,17 @@ ExitStatus publish(Session& session, const PublishArguments& arguments)
     return ExitStatus::Failed;
   }
   files::UserSettings settings;
-  publish::RememberedServers servers(settings, session.program().language);
+  publish::RememberedServers servers(settings, session.program().language, publish::OnChange::Refuse);
   ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); });
   const publish::SystemTimer timer;
   publish::Publishing dialog(arguments.imode ? publish::kImode : publish::kHtmlExport,
                              {mainform.program().language, mainform.fields(), client, timer}, mainform.db());
   const auto directory = settings::withClosingSeparator(mainform.fields().tbpfadexport) + (arguments.imode ? "imode\\" : "");
   const auto summary = publishSite(dialog, mainform.db(), directory, arguments);
-  if (summary.isConnected)
+  if (!summary.isConnected)
+    session.program().language.GetMsg(kMessageNotRead);
+  if (summary.wasRead)
     session.json ? printJson(summary) : print(summary);
-  else if (!dialog.channel.labelSeite.caption.empty())
-    std::cerr << dialog.channel.labelSeite.caption << '\n';
   return summary.status();
 }
 

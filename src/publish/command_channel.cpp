@@ -106,6 +106,7 @@ void CommandChannel::showDisplay(bool isVisible)
 void CommandChannel::ExecuteSynchron(const std::string& URL, const std::string& Befehl, std::string& Fehler)
 {
   Fehler.clear();
+  failure.clear();
   try {
     ui_.pointer(ui::Pointer::Wait);
     showDisplay(true);
@@ -115,6 +116,7 @@ void CommandChannel::ExecuteSynchron(const std::string& URL, const std::string& 
     waitForEnd();
   } catch (const base::Error& error) {
     Fehler = numberText(error.number());
+    failure = error.description();
   }
   showDisplay(false);
   ui_.pointer(ui::Pointer::Default);

@@ -57,6 +57,8 @@ public:
   std::function<void()> changed = [] {};
   bool Abbruch = false;
   std::string ftpURL, ftpListe, ftpSammelfehler;
+  /// In words why the last command did not start, which `Fehler` tells by a number; empty where it did.
+  std::string failure;
   std::int16_t Versuch = 0;
 
 private:

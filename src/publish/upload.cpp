@@ -19,6 +19,9 @@ void Publishing::cbftp_Click()
 {
   click([this] {
     channel.Abbruch = false;
+    isRunComplete = false;
+    // What an earlier run came to says nothing of this one, which may fail before its first file.
+    files.assign({});
     channel.withRetries([this] { upload(); }, [this](const base::Error& error) { uploadFailed(error); });
     channel.hideProgress();
     ui_.pointer(ui::Pointer::Default);
@@ -111,7 +114,7 @@ void Publishing::send(std::size_t index)
     throw;
   }
   if (!fileFailure_.empty())
-    files.settle(index, RunFile::Fate::Failed, isAnswered() ? "Fehler" + fileFailure_ : client.ResponseInfo());
+    files.settle(index, RunFile::Fate::Failed, channel.failure.empty() ? "Fehler" + fileFailure_ : channel.failure);
   else if (!isAnswered())
     files.settle(index, RunFile::Fate::Failed, client.ResponseInfo());
   else if (channel.Abbruch)
@@ -122,6 +125,7 @@ void Publishing::send(std::size_t index)
 
 void Publishing::endUpload()
 {
+  isRunComplete = true;
   channel.ftpSammelfehler = connectFailure_ + directoryFailure_ + fileFailure_;
   channel.hideProgress();
   channel.showState("Fertig!");
@@ -134,10 +138,10 @@ void Publishing::endUpload()
 void Publishing::uploadFailed(const base::Error& error)
 {
   if (!kind_.looksAtFailures) {
-    actionFailed(numberText(error.number()));
+    actionFailed(error, numberText(error.number()));
     return;
   }
-  explain();
+  explain(reasonOf(error));
   ui_.messageBox({"Fehler bei der FTPÜbertragung: " + error.description(), ""});
   channel.showState(error.description());
 }

@@ -49,6 +49,7 @@ TEST(Connecting, makes_the_directories_of_a_new_account)
   desk.connect();
 
   EXPECT_THAT(desk.client.commands, ElementsAre("cd web", "mkdir web", "cd web", "dir", "cd pix", "mkdir pix", "cd pix", "dir"));
+  EXPECT_TRUE(desk.dialog.isConnected);
   EXPECT_THAT(desk.dialog.ListFTPHTML.entries, IsEmpty());
 }
 
@@ -77,6 +78,98 @@ TEST(Connecting, ends_where_the_directory_cannot_be_made)
   EXPECT_FALSE(desk.dialog.isConnected);
 }
 
+TEST(Connecting, ends_with_the_failure_where_making_the_directory_does_not_start)
+{
+  Desk desk;
+  desk.client.answers["cd web"] = {{12003, "550 no"}};
+  desk.client.answers["mkdir web"] = {{0, "der Befehl ist ungültig", "", 5}};
+
+  desk.connect();
+
+  EXPECT_THAT(desk.client.commands, ElementsAre("cd web", "mkdir web"));
+  EXPECT_EQ(desk.state(), "Problem :  5");
+  EXPECT_EQ(desk.dialog.explanation, "der Befehl ist ungültig");
+  EXPECT_FALSE(desk.dialog.isConnected);
+}
+
+TEST(Connecting, ends_with_the_failure_where_the_second_change_of_directory_does_not_start)
+{
+  Desk desk;
+  desk.client.answers["cd web"] = {{12003, "550 no"}, {0, "", "", 12029}};
+
+  desk.connect();
+
+  EXPECT_THAT(desk.client.commands, ElementsAre("cd web", "mkdir web", "cd web"));
+  EXPECT_EQ(desk.state(), "Problem :  12029");
+  EXPECT_FALSE(desk.dialog.isConnected);
+}
+
+TEST(Connecting, reports_a_refused_second_change_of_directory_and_goes_on_without_being_connected)
+{
+  Desk desk;
+  desk.client.answers["cd web"] = {{12003, "550 no"}};
+  desk.program.ui.expect(35, "12003: 550 no");
+
+  desk.connect();
+
+  EXPECT_THAT(desk.client.commands, ElementsAre("cd web", "mkdir web", "cd web", "dir", "cd pix", "dir"));
+  EXPECT_EQ(desk.state(), "FTP: Verbindung hergestellt!");
+  EXPECT_FALSE(desk.dialog.isConnected);
+}
+
+TEST(Connecting, of_the_telephone_edition_looks_at_no_failure_of_making_the_directory)
+{
+  Desk desk(kImode);
+  desk.client.answers["cd i"] = {{12003, "550 no"}, {0, "", "", 12029}};
+  desk.client.answers["mkdir i"] = {{0, "", "", 5}};
+
+  desk.connect();
+
+  EXPECT_THAT(desk.client.commands, ElementsAre("cd i", "mkdir i", "cd i", "dir", "cd pix", "dir"));
+  EXPECT_EQ(desk.state(), "FTP: Verbindung hergestellt!");
+  EXPECT_FALSE(desk.dialog.isConnected);
+}
+
+TEST(Connecting, is_done_only_when_each_listing_was_answered)
+{
+  for (const bool isFirst : {true, false}) {
+    Desk desk;
+    const Answer lost{12030, "weg"};
+    desk.client.answers["dir"] = {isFirst ? lost : Answer{}, isFirst ? Answer{} : lost};
+
+    desk.connect();
+
+    EXPECT_FALSE(desk.dialog.isConnected) << isFirst;
+  }
+}
+
+TEST(Connecting, is_not_done_when_a_listing_was_not_waited_for)
+{
+  Desk desk;
+  desk.client.answers["dir"] = {{}, {0, "", "", 0, 1000}};
+  desk.client.onRound = [&] {
+    if (desk.client.turns["dir"] == 2)
+      desk.dialog.labelSekunden_Click();
+  };
+
+  desk.connect();
+
+  EXPECT_FALSE(desk.dialog.isConnected);
+}
+
+TEST(Connecting, is_undone_by_a_later_reading_that_fails)
+{
+  Desk desk;
+  desk.client.answers["cd web"] = {{}, {12030, "weg"}};
+  desk.connect();
+  EXPECT_TRUE(desk.dialog.isConnected);
+  desk.program.ui.expect(35, "12030: weg");
+
+  desk.connect();
+
+  EXPECT_FALSE(desk.dialog.isConnected);
+}
+
 TEST(Connecting, reports_another_code_and_goes_on)
 {
   Desk desk;
@@ -86,6 +179,7 @@ TEST(Connecting, reports_another_code_and_goes_on)
   desk.connect();
 
   EXPECT_THAT(desk.client.commands, ElementsAre("cd web", "dir", "cd pix", "dir"));
+  EXPECT_FALSE(desk.dialog.isConnected);
 }
 
 TEST(Connecting, reports_refused_pictures_twice_and_goes_on)
@@ -98,6 +192,7 @@ TEST(Connecting, reports_refused_pictures_twice_and_goes_on)
   desk.connect();
 
   EXPECT_THAT(desk.client.commands, ElementsAre("cd web", "dir", "cd pix", "mkdir pix", "cd pix", "dir"));
+  EXPECT_FALSE(desk.dialog.isConnected);
 }
 
 TEST(Connecting, shows_a_failure_of_the_last_command)
@@ -180,6 +275,52 @@ TEST(Reconciling, tells_an_apostrophe_and_leaves_the_file_alone)
   EXPECT_EQ(desk.rows(5), 2u);
 }
 
+TEST(Reconciling, tells_each_statement_that_fails_and_goes_on_with_the_next)
+{
+  Desk desk;
+  desk.addFile("haus", "jpg", 2);
+  desk.project.db().execute("CREATE UNIQUE INDEX einmal ON Dateien (dateiname, erweiterung)");
+  desk.list("index.htm\r\n", "haus.jpg\r\nneu.jpg\r\n");
+  desk.program.ui.expect(1, "createlist  ");
+
+  desk.connect();
+
+  EXPECT_FALSE(desk.isDue("haus"));
+  EXPECT_EQ(desk.rows(5), 1u);
+  EXPECT_EQ(desk.rows(4), 1u);
+  EXPECT_EQ(desk.state(), "FTP: Verbindung hergestellt!");
+  EXPECT_EQ(desk.client.commands.size(), 4u);
+}
+
+TEST(Reconciling, selects_nothing_for_deletion_where_the_table_cannot_be_searched)
+{
+  Desk desk;
+  desk.list("alt.htm\r\n", "");
+  desk.breakDatabase();
+  desk.program.ui.acceptAll();
+
+  desk.connect();
+
+  EXPECT_EQ(desk.dialog.ListFTPHTML.entries.size(), 1u);
+  EXPECT_THAT(desk.selected(desk.dialog.ListFTPHTML), IsEmpty());
+  EXPECT_THAT(desk.program.ui.messages, testing::Each(testing::Field(&ui::MessageBox::number, 1)));
+  EXPECT_EQ(desk.client.commands.size(), 4u);
+}
+
+TEST(Reconciling, finds_no_file_without_extension_whose_column_is_unset)
+{
+  Desk desk;
+  desk.addFile("liesmich", "", 1);
+  desk.addFile("bild", "", 2);
+  desk.list("liesmich\r\n", "bild\r\n");
+
+  desk.connect();
+
+  EXPECT_THAT(desk.selected(desk.dialog.ListFTPHTML), ElementsAre("liesmich"));
+  EXPECT_THAT(desk.selected(desk.dialog.ListFTPpix), ElementsAre("bild"));
+  EXPECT_TRUE(desk.isDue("bild"));
+}
+
 TEST(Reconciling, marks_the_first_of_two_equal_entries)
 {
   Desk desk;
@@ -219,6 +360,16 @@ TEST(ListPosition, is_that_of_the_first_equal_entry_or_minus_one)
   EXPECT_EQ(position, 1);
   itempos(list, "c", position);
   EXPECT_EQ(position, -1);
+}
+
+TEST(ListPosition, behind_the_last_one_that_can_be_told_is_an_error)
+{
+  ListBox list;
+  list.entries.resize(32768);
+  list.entries.push_back({"x", false});
+  std::int16_t position = 7;
+
+  EXPECT_THROW(itempos(list, "x", position), base::Error);
 }
 
 } // namespace

@@ -55,11 +55,12 @@ class Site(unittest.TestCase):
         self.addCleanup(end)
         place = json.loads(server.stdout.readline())
         self.password = place["password"]
+        self.server = f"127.0.0.1:{place['port']}"
         directory = place["directory"].lstrip("/")
         self.web = self.root / directory / "web"
         if place["home"]:
             self.environment["HOME"] = place["home"]
-        self.mrd("settings", self.project, f"ftpserver={scheme}127.0.0.1:{place['port']}", f"ftpuser={place['user']}",
+        self.mrd("settings", self.project, f"ftpserver={scheme}{self.server}", f"ftpuser={place['user']}",
                  f"ftppasswort={self.password}", f"ftpverzeichnis={directory + '/' if directory else ''}web")
 
     def publish(self, *words, **how):
@@ -136,6 +137,40 @@ class Site(unittest.TestCase):
         result = self.mrd("publish", self.project, status=1)
         self.assertIn("SHA256:", result.stderr)
         self.assertFalse(self.web.exists())
+
+    def test_a_server_that_has_changed_is_not_trusted_by_a_general_yes(self):
+        self.serve("vsftpd-tls", scheme="ftpes://")
+        settings = self.work / "config" / "mirandel" / "settings.ini"
+        settings.parent.mkdir(parents=True)
+        known = f"[FTPServer]\n{self.server}=SHA256:another\n"
+        settings.write_text(known)
+        result = self.mrd("--yes", "publish", self.project, status=1)
+        self.assertIn("message 180", result.stderr)
+        self.assertIn(str(settings), result.stderr)
+        self.assertEqual(settings.read_text(), known)
+        self.assertFalse(self.web.exists())
+
+    def test_pictures_are_counted_as_sent_or_as_there_already_and_never_as_both(self):
+        self.serve("pyftpdlib")
+        first = self.publish()
+        self.assertEqual((first["sent"], first["kept"]), (len([p for p in self.site.rglob("*") if p.is_file()]), 0))
+
+    def test_a_server_that_is_gone_for_good_before_the_run_is_a_failure(self):
+        self.serve("scripted", "die=MLSD:2")
+        result = self.mrd("publish", self.project, status=1)
+        self.assertIn("Fehler bei der FTPÜbertragung:", result.stderr)
+        self.assertIn("nimmt keine Verbindung an", result.stderr)
+
+    def test_a_listing_that_is_lacking_sends_nothing_and_is_told(self):
+        self.web = self.root / "web"
+        self.web.mkdir()
+        (self.web / "alt.htm").write_text("alt")
+        self.serve("scripted", "refuse=MKD")
+        result = self.mrd("--yes", "publish", self.project, "--delete-orphans", status=1)
+        self.assertIn("message 35", result.stderr)
+        self.assertIn("message 181", result.stderr)
+        self.assertEqual(result.stdout, "")
+        self.assertEqual([path.name for path in self.web.iterdir()], ["alt.htm"])
 
     def test_a_full_disk_names_each_file_and_fails(self):
         self.serve("scripted", "full=10")

@@ -17,6 +17,7 @@ misbehaves as its faults say:
     drop-idle=COMMAND says 421 and closes after having answered it, the first time
     refuse=COMMAND    answers it with 550      short           keeps only half of what it gets, and says so by SIZE
     answer=COMMAND:TEXT   answers it with this text              no-size         knows MLST, but not SIZE
+    die=COMMAND:N     is gone for good behind the Nth of these commands
     refuse-name=NAME  refuses to store a file of this name
     forgives          refuses by name twice, with and without the part's ending, and then no more
     listing=FILE      answers a listing with this file's bytes
@@ -191,6 +192,7 @@ class Scripted:
             name, _, value = fault.partition("=")
             self.faults[name] = value
         self.once = set()
+        self.seen = {}
         self.refused = 0
 
     def has(self, fault, value=None, once=False):
@@ -200,12 +202,19 @@ class Scripted:
             self.once.add(fault)
         return True
 
+    def is_last(self, word):
+        self.seen[word] = self.seen.get(word, 0) + 1
+        return self.has("die", f"{word}:{self.seen[word]}")
+
     def serve(self):
-        listener = socket.create_server(("127.0.0.1", 0))
+        listener = self.listener = socket.create_server(("127.0.0.1", 0))
         announce(listener.getsockname()[1], USER, PASSWORD, "")
         threading.Thread(target=lambda: (sys.stdin.read(), os._exit(0)), daemon=True).start()
         while True:
-            connection, _ = listener.accept()
+            try:
+                connection, _ = listener.accept()
+            except OSError:
+                return threading.Event().wait()
             connection.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
             threading.Thread(target=Talk(self, connection).run, daemon=True).start()
 
@@ -266,6 +275,10 @@ class Talk:
                 (has("no-size") and word == "SIZE"):
             return self.say("500 what?")
         handler(rest)
+        if self.server.is_last(word):
+            self.server.listener.shutdown(socket.SHUT_RDWR)
+            self.server.listener.close()
+            raise Gone
         if has("drop-idle", word, once=True):
             self.say("421 timeout")
             raise Gone
