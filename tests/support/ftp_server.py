@@ -16,10 +16,12 @@ misbehaves as its faults say:
     drop-data=N       closes both connections after N bytes of a file, the first time
     drop-idle=COMMAND says 421 and closes after having answered it, the first time
     refuse=COMMAND    answers it with 550      short           keeps only half of what it gets, and says so by SIZE
-    answer=COMMAND:TEXT   answers it with this text              no-size         knows MLST, but not SIZE
+    answer=COMMAND:TEXT   answers it with this text (%P is the password)
+    no-size           knows MLST, but not SIZE
     die=COMMAND:N     is gone for good behind the Nth of these commands
     refuse-name=NAME  refuses to store a file of this name
     forgives          refuses by name twice, with and without the part's ending, and then no more
+    endless           a listing never ends
     listing=FILE      answers a listing with this file's bytes
     home=DIR          the directory of the login
 """
@@ -269,7 +271,7 @@ class Talk:
         if has("refuse", word):
             return self.say("550 refused")
         if has("answer") and self.server.faults["answer"].startswith(word + ":"):
-            return self.say(self.server.faults["answer"].partition(":")[2])
+            return self.say(self.server.faults["answer"].partition(":")[2].replace("%P", PASSWORD))
         handler = getattr(self, "do_" + word, None)
         if handler is None or (has("no-features") and word in ("FEAT", "MLSD", "SIZE", "MLST", "EPSV")) or \
                 (has("no-size") and word == "SIZE"):
@@ -360,6 +362,8 @@ class Talk:
         self.say("150 here it comes")
         with self.data() as data:
             data.sendall(text)
+            while self.server.has("endless"):
+                data.sendall(b"type=file;size=1; " + b"a" * 60000 + b"\r\n")
         self.say("226 done")
 
     def do_LIST(self, _):

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "platform/ftp/client.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <optional>
@@ -58,6 +59,11 @@ std::string unescaped(std::string_view text)
 {
   // The text is not quoted: it may hold a password.
   throw clientError(static_cast<int>(base::ErrorNumber::InvalidCall), "Die Adresse des FTP-Servers ist ungültig.");
+}
+
+bool holdsControl(std::string_view text)
+{
+  return std::any_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 0x7f; });
 }
 
 /// Splits "host", "host:port" or "[::1]:port".
@@ -142,6 +148,9 @@ Address parseAddress(std::string_view url)
     refuse();
   address.user = unescaped(login.substr(0, colon));
   address.password = unescaped(login.substr(colon + 1));
+  // They go out in a line each: what followed a line end would be a command of its own.
+  if (holdsControl(address.user) || holdsControl(address.password))
+    refuse();
   readHost(url.substr(at + 1), address);
   return address;
 }

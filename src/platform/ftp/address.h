@@ -32,7 +32,8 @@ struct Address {
 /// a meaning are escaped in user and password, so that any text can be one.
 std::string addressOf(std::string_view server, std::string_view user, std::string_view password);
 
-/// The parts of such an address, escapes resolved. Throws base::Error for a text that is none.
+/// The parts of such an address, escapes resolved. Throws base::Error for a text that is none, and for control characters in
+/// user or password.
 Address parseAddress(std::string_view url);
 
 /// The text with every character escaped that is no letter, digit or one of "-._~".

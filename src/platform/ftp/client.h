@@ -26,6 +26,8 @@ inline constexpr int kNotTrusted = 12045;
 inline constexpr int kNoEncryption = 12157;
 /// The server has another number of bytes than the local file, or does not tell.
 inline constexpr int kNotConfirmed = 12170;
+/// A listing of more bytes than any directory's.
+inline constexpr int kTooLong = 12171;
 inline constexpr int kStillExecuting = 35764;
 } // namespace code
 

@@ -20,6 +20,8 @@ namespace mrd::ftp {
 namespace {
 
 constexpr long kConnectSeconds = 120, kAnswerSeconds = 300;
+/// A listing without end must not fill the memory.
+constexpr std::size_t kLongestListing = std::size_t{64} * 1024 * 1024;
 /// What a server says that closes the connection by itself.
 constexpr int kGoodbye = 421;
 constexpr int kShortestSleepMs = 4, kLongestSleepMs = 64;
@@ -47,6 +49,7 @@ constexpr std::array kCodes{
     CodeOfEnding{CURLE_REMOTE_FILE_EXISTS, code::kRefused},
     CodeOfEnding{CURLE_FTP_COULDNT_RETR_FILE, code::kRefused},
     CodeOfEnding{CURLE_BAD_DOWNLOAD_RESUME, code::kNotConfirmed},
+    CodeOfEnding{CURLE_WRITE_ERROR, code::kTooLong},
 };
 
 void initialiseLibrary()
@@ -204,7 +207,10 @@ int Connection::State::onDebug(CURL*, curl_infotype type, char* data, size_t siz
 
 size_t Connection::State::onData(char* data, size_t size, size_t count, void* self)
 {
-  static_cast<State*>(self)->outcome.data.append(data, size * count);
+  auto& received = static_cast<State*>(self)->outcome.data;
+  if (received.size() + size * count > kLongestListing)
+    return 0;
+  received.append(data, size * count);
   return size * count;
 }
 
@@ -403,10 +409,7 @@ std::string Connection::State::explanation(int code) const
     return words;
   if (text.empty())
     text = errorText.data();
-  // Some servers repeat what they were told.
-  if (!address.password.empty() && base::contains(text, address.password))
-    text = base::replaceAll(text, address.password, "***");
-  return base::repairUtf8(text);
+  return text;
 }
 
 TransferOutcome Connection::State::runOnce(const Transfer& transfer)
@@ -463,6 +466,8 @@ TransferOutcome Connection::run(const Transfer& transfer)
   state_->trusted = fingerprint;
   return state_->runOnce(transfer);
 }
+
+const Address& Connection::address() const { return state_->address; }
 
 const std::string& Connection::loginDirectory() const { return state_->loginDirectory; }
 

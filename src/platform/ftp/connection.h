@@ -68,6 +68,7 @@ public:
   /// Runs one transfer to its end; asleep while the server is silent. A server whose identity nothing proves is asked about and,
   /// once trusted, known by its fingerprint.
   TransferOutcome run(const Transfer& transfer);
+  const Address& address() const;
   /// The directory of the login, known once there was a connection; "/" where the server does not tell.
   const std::string& loginDirectory() const;
   /// Ends what runs, now or as soon as it begins; from any thread.

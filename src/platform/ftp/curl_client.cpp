@@ -1,5 +1,6 @@
 #include "platform/ftp/curl_client.h"
 
+#include "platform/ftp/server_text.h"
 #include "platform/ftp/session.h"
 
 #include <algorithm>
@@ -124,6 +125,7 @@ bool CurlClient::Worker::ask(const ServerIdentity& identity)
   std::unique_lock guard(lock);
   answer.reset();
   question = identity;
+  question->problem = shownText(identity.problem, "");
   changed.notify_all();
   changed.wait(guard, [&] { return answer.has_value() || isCancelling || isLeaving; });
   question.reset();
@@ -163,6 +165,7 @@ void CurlClient::Worker::work()
     job.reset();
     guard.unlock();
     auto ended = carryOut(*session, operation);
+    ended.info = shownText(ended.info, session->password());
     guard.lock();
     result = std::move(ended);
     states.push_back(result.code == code::kNone ? State::Completed : State::Failed);

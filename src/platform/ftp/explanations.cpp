@@ -22,6 +22,7 @@ constexpr std::array kWords{
     Words{code::kNotTrusted, "Die Echtheit des Servers „{}“ ist nicht bestätigt."},
     Words{code::kNoEncryption, "Mit dem Server „{}“ kommt keine verschlüsselte Verbindung zustande."},
     Words{code::kCancelled, "Der Vorgang wurde abgebrochen."},
+    Words{code::kTooLong, "Das Verzeichnis auf dem Server „{}“ hört nicht auf: mehr als 64 MB werden nicht gelesen."},
     Words{code::kConnectionLost, "Die Verbindung zum Server „{}“ ist abgerissen."},
 };
 

@@ -24,6 +24,7 @@ public:
   SessionResult carryOut(const Operation& operation);
   /// The next command starts in the directory of the login.
   virtual void backToLogin() = 0;
+  const std::string& password() const { return connection_.address().password; }
   void cancel() { connection_.cancel(); }
   void resume() { connection_.resume(); }
 

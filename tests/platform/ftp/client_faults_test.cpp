@@ -140,6 +140,41 @@ TEST_F(FaultTest, a_server_that_tells_the_size_among_other_facts_is_believed)
   EXPECT_EQ(server.root().read("index.htm").size(), 300000u);
 }
 
+TEST_F(FaultTest, a_password_that_the_server_repeats_is_shown_in_no_answer)
+{
+  for (const auto* const command : {"CWD", "MKD", "STOR", "DELE", "RNTO"}) {
+    const support::FtpServer server("scripted", {std::string("answer=") + command + ":550 no way with %P"});
+    ClientDesk desk(server);
+
+    for (const auto* const operation : {"cd web", "mkdir web", "DELETE x.htm"}) {
+      desk.run(operation);
+      EXPECT_THAT(desk.client.ResponseInfo(), Not(HasSubstr(server.password()))) << command;
+    }
+    desk.client.backToLogin();
+    put(desk);
+    EXPECT_THAT(desk.client.ResponseInfo(), Not(HasSubstr(server.password()))) << command;
+  }
+}
+
+TEST_F(FaultTest, characters_that_a_terminal_obeys_are_shown_in_no_answer)
+{
+  const support::FtpServer server("scripted", {"answer=MKD:550 \x1b[2J\x1b]0;x\x07 not \xC2\x9B allowed"});
+  ClientDesk desk(server);
+
+  EXPECT_EQ(desk.run("mkdir web"), code::kRefused);
+  EXPECT_EQ(desk.client.ResponseInfo(), "550 ?[2J?]0;x? not ? allowed");
+}
+
+TEST_F(FaultTest, a_listing_without_end_is_given_up_and_the_next_command_runs)
+{
+  const support::FtpServer server("scripted", {"endless"});
+  ClientDesk desk(server);
+
+  EXPECT_EQ(desk.run("dir"), code::kTooLong);
+  EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("64 MB"));
+  EXPECT_EQ(desk.run("mkdir web"), code::kNone) << desk.client.ResponseInfo();
+}
+
 TEST_F(FaultTest, a_server_without_room_for_a_file_keeps_the_old_one)
 {
   for (const auto* const answer : {"answer=STOR:552 quota exceeded", "answer=STOR:452 no room", "answer=RNTO:552 no"}) {
