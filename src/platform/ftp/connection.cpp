@@ -3,16 +3,17 @@
 #include "base/errors.h"
 #include "base/format.h"
 #include "base/text.h"
+#include "base/windows1252.h"
 #include "platform/files/path.h"
+#include "platform/ftp/endings.h"
 #include "platform/ftp/explanations.h"
 #include "platform/ftp/fingerprint.h"
 #include "platform/ftp/sockets.h"
+#include "platform/ftp/user_key.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <curl/curl.h>
-#include <filesystem>
 #include <fstream>
 #include <utility>
 
@@ -22,35 +23,7 @@ namespace {
 constexpr long kConnectSeconds = 120, kAnswerSeconds = 300;
 /// A listing without end must not fill the memory.
 constexpr std::size_t kLongestListing = std::size_t{64} * 1024 * 1024;
-/// What a server says that closes the connection by itself.
-constexpr int kGoodbye = 421;
 constexpr int kShortestSleepMs = 4, kLongestSleepMs = 64;
-
-struct CodeOfEnding {
-  CURLcode ending;
-  int code;
-};
-
-/// Endings that are no refusal by the server. Whatever is not listed leaves the connection in doubt.
-constexpr std::array kCodes{
-    CodeOfEnding{CURLE_COULDNT_RESOLVE_HOST, code::kHostNotFound},
-    CodeOfEnding{CURLE_COULDNT_CONNECT, code::kCannotConnect},
-    CodeOfEnding{CURLE_OPERATION_TIMEDOUT, code::kTimedOut},
-    CodeOfEnding{CURLE_LOGIN_DENIED, code::kLoginDenied},
-    CodeOfEnding{CURLE_PEER_FAILED_VERIFICATION, code::kNotTrusted},
-    CodeOfEnding{CURLE_USE_SSL_FAILED, code::kNoEncryption},
-    CodeOfEnding{CURLE_SSL_CONNECT_ERROR, code::kNoEncryption},
-    CodeOfEnding{CURLE_ABORTED_BY_CALLBACK, code::kCancelled},
-    CodeOfEnding{CURLE_QUOTE_ERROR, code::kRefused},
-    CodeOfEnding{CURLE_UPLOAD_FAILED, code::kRefused},
-    CodeOfEnding{CURLE_REMOTE_DISK_FULL, code::kRefused},
-    CodeOfEnding{CURLE_REMOTE_ACCESS_DENIED, code::kRefused},
-    CodeOfEnding{CURLE_REMOTE_FILE_NOT_FOUND, code::kRefused},
-    CodeOfEnding{CURLE_REMOTE_FILE_EXISTS, code::kRefused},
-    CodeOfEnding{CURLE_FTP_COULDNT_RETR_FILE, code::kRefused},
-    CodeOfEnding{CURLE_BAD_DOWNLOAD_RESUME, code::kNotConfirmed},
-    CodeOfEnding{CURLE_WRITE_ERROR, code::kTooLong},
-};
 
 void initialiseLibrary()
 {
@@ -58,27 +31,7 @@ void initialiseLibrary()
   static_cast<void>(done);
 }
 
-/// "452" and "552" of FTP, or their like.
-bool tellsOfNoRoom(CURLcode ending, const Reply& last)
-{
-  constexpr int kNoRoom = 452, kNoQuota = 552;
-  return ending == CURLE_REMOTE_DISK_FULL || last.last == kNoRoom || last.last == kNoQuota;
-}
-
 bool isSftp(const Address& address) { return address.protocol == Protocol::Sftp; }
-
-/// The user's own key for host logins, where there is one of the kinds that servers of today take.
-std::string usersKey()
-{
-  const char* const home = std::getenv("HOME");
-  for (const std::string_view name : {"id_ed25519", "id_ecdsa", "id_rsa"}) {
-    const auto file = std::filesystem::path(home == nullptr ? "" : home) / ".ssh" / name;
-    std::error_code error;
-    if (std::filesystem::is_regular_file(file, error))
-      return file.string();
-  }
-  return "";
-}
 
 class CommandList {
 public:
@@ -106,7 +59,8 @@ Reply TransferOutcome::reply(std::string_view command) const
 }
 
 struct Connection::State {
-  State(Address whom, ConnectionEvents told) : address(std::move(whom)), events(std::move(told)), sockets(events.stateChanged)
+  State(Address whom, ConnectionEvents told)
+      : address(std::move(whom)), events(std::move(told)), sockets(events.stateChanged), talk(events.stateChanged)
   {
     initialiseLibrary();
     multi = curl_multi_init();
@@ -133,8 +87,8 @@ struct Connection::State {
   Sockets sockets;
 
   // The transfer at hand.
+  Talk talk;
   bool mayConnect = false;
-  bool commandSent = false;
   bool moved = false;
   std::ifstream upload;
   TransferOutcome outcome;
@@ -150,8 +104,6 @@ struct Connection::State {
   static int onHostKey(void* self, int type, const char* key, size_t size);
   static CURLcode onTls(CURL*, void* context, void* self);
 
-  void command(std::string_view line);
-  void answer(std::string_view line);
   void readLastWords(int control);
   void setAddress(const Transfer& transfer);
   void setSecurity();
@@ -164,34 +116,15 @@ struct Connection::State {
   std::string server() const { return base::format("{}:{}", address.host, address.port); }
 };
 
-void Connection::State::command(std::string_view line)
-{
-  commandSent = true;
-  noteCommand(outcome.replies, line);
-  events.stateChanged(ftp::State::Requesting);
-  events.stateChanged(ftp::State::RequestSent);
-}
-
-void Connection::State::answer(std::string_view line)
-{
-  if (outcome.replies.empty())
-    events.stateChanged(ftp::State::Connected);
-  if (!noteAnswer(outcome.replies, line))
-    return;
-  events.stateChanged(ftp::State::ReceivingResponse);
-  events.stateChanged(ftp::State::ResponseReceived);
-}
-
 /// A server that takes no more of a file closes the data connection and says why on the other one, which the library gives up
 /// without listening. What is encrypted is not understood here, and left.
 void Connection::State::readLastWords(int control)
 {
-  if (sockets.isCancelled() || outcome.replies.empty() || !outcome.replies.back().command.starts_with("STOR ") ||
-      outcome.replies.back().last >= 200)
+  if (sockets.isCancelled() || !talk.isStoring())
     return;
   const auto line = Sockets::lastWords(control);
   if (!line.empty() && (line.front() == '4' || line.front() == '5'))
-    answer(line);
+    talk.answer(line);
 }
 
 int Connection::State::onDebug(CURL*, curl_infotype type, char* data, size_t size, void* self)
@@ -199,9 +132,9 @@ int Connection::State::onDebug(CURL*, curl_infotype type, char* data, size_t siz
   auto& state = *static_cast<State*>(self);
   state.moved = state.moved || type != CURLINFO_TEXT;
   if (type == CURLINFO_HEADER_OUT)
-    state.command({data, size});
+    state.talk.command({data, size});
   if (type == CURLINFO_HEADER_IN)
-    state.answer({data, size});
+    state.talk.answer({data, size});
   return 0;
 }
 
@@ -224,7 +157,7 @@ size_t Connection::State::onRead(char* buffer, size_t size, size_t count, void* 
 int Connection::State::onResolve(void*, void*, void* self)
 {
   auto& state = *static_cast<State*>(self);
-  if (!state.commandSent && state.mayConnect)
+  if (!state.talk.hasCommand() && state.mayConnect)
     state.events.stateChanged(ftp::State::ResolvingHost);
   return 0;
 }
@@ -233,7 +166,7 @@ int Connection::State::onResolve(void*, void*, void* self)
 curl_socket_t Connection::State::onOpenSocket(void* self, curlsocktype, curl_sockaddr* where)
 {
   auto& state = *static_cast<State*>(self);
-  const bool mayControl = !state.commandSent;
+  const bool mayControl = !state.talk.hasCommand();
   if (mayControl && !state.mayConnect) {
     state.outcome.lacksConnection = !state.sockets.isCancelled();
     return CURL_SOCKET_BAD;
@@ -287,6 +220,8 @@ void Connection::State::setAddress(const Transfer& transfer)
   curl_easy_setopt(easy, CURLOPT_SERVER_RESPONSE_TIMEOUT, kAnswerSeconds);
   curl_easy_setopt(easy, CURLOPT_TCP_KEEPALIVE, 1L);
   curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+  // A name server that does not answer holds up no end: the thread that waits for it is left to itself.
+  curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
   curl_easy_setopt(easy, CURLOPT_FTP_FILEMETHOD, long{CURLFTPMETHOD_NOCWD});
   const auto key = isSftp(address) ? usersKey() : std::string();
   const long keys = CURLSSH_AUTH_AGENT | (key.empty() ? 0 : CURLSSH_AUTH_PUBLICKEY);
@@ -299,7 +234,8 @@ void Connection::State::setSecurity()
 {
   switch (address.protocol) {
   case Protocol::FtpTryTls:
-    curl_easy_setopt(easy, CURLOPT_USE_SSL, long{CURLUSESSL_TRY});
+    // Who has shown a certificate that the user trusts can encrypt, also when the connection is made again.
+    curl_easy_setopt(easy, CURLOPT_USE_SSL, trusted.empty() ? long{CURLUSESSL_TRY} : long{CURLUSESSL_ALL});
     break;
   case Protocol::FtpExplicitTls:
   case Protocol::FtpImplicitTls:
@@ -401,22 +337,17 @@ CURLcode Connection::State::perform(const Transfer& transfer)
 
 std::string Connection::State::explanation(int code) const
 {
-  std::string text;
-  const bool isServersWord = code == code::kRefused || code == code::kLoginDenied;
-  if (isServersWord && !outcome.replies.empty() && outcome.replies.back().last >= 400)
-    text = outcome.replies.back().lastText;
-  if (const auto words = wordsFor(code, address.host); text.empty() && !words.empty())
-    return words;
-  if (text.empty())
-    text = errorText.data();
-  return text;
+  if (const auto word = serversWord(code, talk); !word.empty())
+    return base::decodeText(word);
+  const auto words = wordsFor(code, address.host);
+  return words.empty() ? errorText.data() : words;
 }
 
 TransferOutcome Connection::State::runOnce(const Transfer& transfer)
 {
   outcome = {};
+  talk.begin();
   shown.clear();
-  commandSent = false;
   mayConnect = transfer.mayConnect;
   if (transfer.kind == TransferKind::Upload) {
     upload = std::ifstream(files::nativePath(transfer.file), std::ios::binary);
@@ -426,23 +357,16 @@ TransferOutcome Connection::State::runOnce(const Transfer& transfer)
   }
   const CURLcode ending = perform(transfer);
   upload.close();
-  const Reply last = outcome.replies.empty() ? Reply{} : outcome.replies.back();
-  outcome.lacksRoom = tellsOfNoRoom(ending, last);
+  outcome.lacksRoom = tellsOfNoRoom(ending, talk);
   if (ending == CURLE_OK) {
     char* path = nullptr;
     if (curl_easy_getinfo(easy, CURLINFO_FTP_ENTRY_PATH, &path) == CURLE_OK && path != nullptr && *path != '\0')
       loginDirectory = path;
   } else {
-    const auto* const known =
-        std::find_if(kCodes.begin(), kCodes.end(), [&](const CodeOfEnding& c) { return c.ending == ending; });
-    outcome.code = sockets.isCancelled() ? code::kCancelled : known != kCodes.end() ? known->code : code::kConnectionLost;
-    if (last.last == kGoodbye)
-      outcome.code = last.command.empty() ? code::kCannotConnect : code::kConnectionLost;
-    // What the server refuses behind a complete transfer, for example because its disk is full, is no loss of the connection.
-    else if (outcome.code == code::kConnectionLost && last.isRefused())
-      outcome.code = code::kRefused;
+    outcome.code = sockets.isCancelled() ? code::kCancelled : codeOfEnding(ending, talk);
     outcome.info = explanation(outcome.code);
   }
+  outcome.replies = talk.take();
   return std::move(outcome);
 }
 

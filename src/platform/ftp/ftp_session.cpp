@@ -14,9 +14,6 @@
 namespace mrd::ftp {
 namespace {
 
-/// What a server says that closes the connection by itself.
-constexpr int kGoodbye = 421;
-
 SessionResult resultOf(const TransferOutcome& outcome) { return {outcome.code, outcome.info}; }
 
 std::optional<std::uintmax_t> numberBehind(std::string_view text, std::size_t at)
@@ -105,7 +102,7 @@ TransferOutcome FtpSession::run(Transfer transfer)
     }
     outcome = connection_.run(transfer);
     const bool nothingDone = outcome.lacksConnection || (outcome.code == code::kConnectionLost && outcome.replies.size() <= 1 &&
-                                                         (outcome.reply("").last == 0 || outcome.reply("").last == kGoodbye));
+                                                         (outcome.reply("").last == 0 || outcome.reply("").isGoodbye()));
     if (!nothingDone)
       break;
     isConnected_ = false;
