@@ -9,6 +9,7 @@
 #include "platform/ftp/curl_client.h"
 #include "publish/publishing.h"
 #include "publish/remembered_servers.h"
+#include "publish/words.h"
 
 #include <CLI/CLI.hpp>
 
@@ -82,17 +83,18 @@ std::size_t count(dao::Database& db, std::string_view condition)
   return db.openSnapshot("SELECT dateiname FROM Dateien WHERE " + std::string(condition)).recordCount();
 }
 
-void print(const Summary& summary)
+void print(const Summary& summary, const std::string& Sprache)
 {
-  printLine(base::format("Übertragen: {}. Schon auf dem Server: {}. Ohne Seite: {}. Gelöscht: {}. Fehlgeschlagen: {}.",
-                         summary.sent, summary.kept, summary.orphans.size(), summary.deleted.size(),
-                         summary.failed.size() + summary.notDeleted.size()));
+  const auto words = [&](publish::Words which) { return publish::textOf(which, Sprache); };
+  printLine(base::format(fmt::runtime(words(publish::Words::Summary)), summary.sent, summary.kept, summary.orphans.size(),
+                         summary.deleted.size(), summary.failed.size() + summary.notDeleted.size()));
   for (const auto& name : summary.orphans)
-    printLine("ohne Seite: " + name);
+    printLine(base::format("{}: {}", words(publish::Words::Orphan), name));
   for (const auto& file : summary.failed)
-    std::cerr << base::format("nicht übertragen: {}: {}\n", file.name, file.problem);
+    std::cerr << base::format("{}: {}{}{}\n", words(publish::Words::NotSent), file.shownName(), file.problem.empty() ? "" : ": ",
+                              file.problem);
   for (const auto& name : summary.notDeleted)
-    std::cerr << base::format("nicht gelöscht: {}\n", name);
+    std::cerr << base::format("{}: {}\n", words(publish::Words::NotDeleted), name);
 }
 
 std::string jsonList(const std::vector<std::string>& names)
@@ -107,7 +109,7 @@ void printJson(const Summary& summary)
 {
   std::string failed;
   for (const auto& file : summary.failed)
-    failed += base::format("{}{{\"name\": {}, \"problem\": {}}}", failed.empty() ? "" : ", ", jsonText(file.name),
+    failed += base::format("{}{{\"name\": {}, \"problem\": {}}}", failed.empty() ? "" : ", ", jsonText(file.shownName()),
                            jsonText(file.problem));
   printLine(base::format("{{\"sent\": {}, \"kept\": {}, \"failed\": [{}], \"orphans\": {}, \"deleted\": {}, \"notDeleted\": {}}}",
                          summary.sent, summary.kept, failed, jsonList(summary.orphans), jsonList(summary.deleted),
@@ -164,7 +166,8 @@ ExitStatus publish(Session& session, const PublishArguments& arguments)
   }
   files::UserSettings settings;
   publish::RememberedServers servers(settings, session.program().language, publish::OnChange::Refuse);
-  ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); });
+  ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); },
+                         [&](const std::string& server) { return servers.isKnown(server); });
   const publish::SystemTimer timer;
   publish::Publishing dialog(arguments.imode ? publish::kImode : publish::kHtmlExport,
                              {mainform.program().language, mainform.fields(), client, timer}, mainform.db());
@@ -173,7 +176,7 @@ ExitStatus publish(Session& session, const PublishArguments& arguments)
   if (!summary.isConnected)
     session.program().language.GetMsg(kMessageNotRead);
   if (summary.wasRead)
-    session.json ? printJson(summary) : print(summary);
+    session.json ? printJson(summary) : print(summary, dialog.Sprache());
   return summary.status();
 }
 

@@ -14,9 +14,6 @@
 
 namespace mrd::publish {
 
-/// A number as text: a blank stands in the place of the sign.
-std::string numberText(int number);
-
 /// The words for a state of the client; its number for a state without words.
 std::string stateText(int State);
 

@@ -1,7 +1,9 @@
 #include "publish/publishing.h"
 
 #include "base/format.h"
+#include "base/number_text.h"
 #include "platform/ftp/address.h"
+#include "publish/words.h"
 
 namespace mrd::publish {
 namespace {
@@ -32,13 +34,14 @@ void Publishing::click(const std::function<void()>& work)
   {
     const Run run(isRunning_);
     channel.begin();
+    channel.Inet1.Sprache = Sprache();
     explanation.clear();
     reported_.clear();
     try {
       work();
     } catch (const Stopped&) {
       channel.hideProgress();
-      channel.showState("FTP: abgebrochen");
+      channel.showState(textOf(Words::StoppedState, Sprache()));
       ui_.pointer(ui::Pointer::Default);
     }
   }
@@ -57,6 +60,8 @@ void Publishing::command(const std::string& Befehl, std::string& Fehler)
 }
 
 bool Publishing::isAnswered() { return channel.Inet1.ResponseCode() == ftp::code::kNone; }
+
+void Publishing::raiseFailure(const std::string& Fehler) { throw ftp::clientError(kOwnError, Fehler); }
 
 /// Whether the server did what it was told, and was waited for.
 bool Publishing::isDone(const std::string& Fehler) { return Fehler.empty() && isAnswered() && !channel.Abbruch; }
@@ -140,7 +145,7 @@ void Publishing::connect(std::string& Fehler)
   Labelftpverzeichnis = server_ + directory_;
   command("cd " + directory_, Fehler);
   if (kind_.looksAtFailures && !Fehler.empty())
-    throw ftp::clientError(kOwnError, Fehler);
+    raiseFailure(Fehler);
   const auto entry = enterDirectory(Fehler);
   if (entry == Entry::Ended)
     return;
@@ -228,7 +233,7 @@ void Publishing::showConnected(const std::string& Fehler)
 void Publishing::connectFailed(const base::Error& error)
 {
   explain(reasonOf(error));
-  const auto number = numberText(error.number());
+  const auto number = base::numberText(error.number());
   channel.showState(number);
   environment_.language.GetMsg(kMessageNoConnection, number, "Z");
 }

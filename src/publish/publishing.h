@@ -45,7 +45,6 @@ public:
   /// Ends the click that is under way.
   void stop();
   bool isRunning() const { return isRunning_; }
-  const DialogKind& kind() const { return kind_; }
   const std::string& Sprache() const { return environment_.language.Sprache(); }
 
   CommandChannel channel;
@@ -72,6 +71,8 @@ private:
   void click(const std::function<void()>& work);
   void command(const std::string& Befehl, std::string& Fehler);
   bool isAnswered();
+  /// A command that did not start becomes an error of the click.
+  [[noreturn]] static void raiseFailure(const std::string& Fehler);
   bool isDone(const std::string& Fehler);
   void actionFailed(const base::Error& error, const std::string& value);
   void explain(const std::string& text);

@@ -2,9 +2,9 @@
 
 #include "base/errors.h"
 #include "base/format.h"
+#include "base/number_text.h"
 #include "base/text.h"
 #include "frame/paths/paths.h"
-#include "publish/command_channel.h"
 
 #include <cstdint>
 #include <optional>
@@ -114,7 +114,7 @@ private:
       statement();
       return true;
     } catch (const base::Error& error) {
-      language_.GetMsg(kGeneralFailure, "createlist " + numberText(error.number()), "R");
+      language_.GetMsg(kGeneralFailure, "createlist " + base::numberText(error.number()), "R");
       return false;
     }
   }

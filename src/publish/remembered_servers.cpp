@@ -26,6 +26,8 @@ std::string description(const ftp::ServerIdentity& identity)
 
 } // namespace
 
+bool RememberedServers::isKnown(const std::string& server) const { return !settings_.value(kSection, server, "").empty(); }
+
 bool RememberedServers::trusts(const ftp::ServerIdentity& identity)
 {
   const auto known = settings_.value(kSection, identity.server, "");

@@ -22,6 +22,8 @@ public:
   {
   }
 
+  /// Whether there is an answer for this server (host, colon, port).
+  bool isKnown(const std::string& server) const;
   bool trusts(const ftp::ServerIdentity& identity);
 
 private:

@@ -1,5 +1,6 @@
 // Publishing: deleting what is selected, and one more file.
 
+#include "base/number_text.h"
 #include "base/text.h"
 #include "frame/paths/paths.h"
 #include "publish/publishing.h"
@@ -41,7 +42,7 @@ void Publishing::cbftplöschen_Click()
       return;
     channel.withRetries([&] { deleteSelected(shown); },
                         [this](const base::Error& error) {
-                          actionFailed(error, numberText(error.number()));
+                          actionFailed(error, base::numberText(error.number()));
                           channel.hideProgress();
                         });
   });

@@ -1,7 +1,9 @@
 // Publishing: the run that sends the site.
 
 #include "base/format.h"
+#include "base/number_text.h"
 #include "publish/publishing.h"
+#include "publish/words.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,7 +12,6 @@ namespace mrd::publish {
 namespace {
 
 constexpr int kMessageUploadFinished = 31;
-constexpr int kOwnError = 99;
 constexpr std::string_view kPicturesQuery = "SELECT * FROM Dateien WHERE ([dateityp-id]=2) and (übertragen=TRUE)";
 
 } // namespace
@@ -33,7 +34,7 @@ void Publishing::upload()
   channel.showProgress(channel.ProgressBar1.value);
   command("CD /" + directory_, directoryFailure_);
   if (kind_.looksAtFailures && !directoryFailure_.empty())
-    throw ftp::clientError(kOwnError, directoryFailure_);
+    raiseFailure(directoryFailure_);
   channel.showState("FTP: HTML-Dateien werden übertragen!");
   planRun();
   sendPages();
@@ -74,7 +75,7 @@ void Publishing::sendPages()
 {
   setMaximum(project::Dateityp::Page);
   std::size_t counter = 0;
-  for (std::size_t i = 0; i < files.size() && !(kind_.hasSecondsDisplay && channel.Abbruch); ++i) {
+  for (std::size_t i = 0; i < files.size() && !(kind_.pagesEndAtAbbruch && channel.Abbruch); ++i) {
     if (files[i].type != project::Dateityp::Page)
       continue;
     channel.showProgress(++counter);
@@ -110,15 +111,16 @@ void Publishing::send(std::size_t index)
   try {
     command("PUT \"" + file.path + "\" " + file.name, fileFailure_);
   } catch (const Stopped&) {
-    files.settle(index, RunFile::Fate::Failed, "Die Übertragung wurde abgebrochen.");
+    files.settle(index, RunFile::Fate::Failed, std::string(textOf(Words::Stopped, Sprache())));
     throw;
   }
   if (!fileFailure_.empty())
-    files.settle(index, RunFile::Fate::Failed, channel.failure.empty() ? "Fehler" + fileFailure_ : channel.failure);
+    files.settle(index, RunFile::Fate::Failed,
+                 channel.failure.empty() ? std::string(textOf(Words::Failure, Sprache())) + fileFailure_ : channel.failure);
   else if (!isAnswered())
     files.settle(index, RunFile::Fate::Failed, client.ResponseInfo());
   else if (channel.Abbruch)
-    files.settle(index, RunFile::Fate::Failed, "Auf das Ende der Übertragung wurde nicht gewartet.");
+    files.settle(index, RunFile::Fate::Failed, std::string(textOf(Words::NotWaitedFor, Sprache())));
   else
     files.settle(index, RunFile::Fate::Done);
 }
@@ -138,7 +140,7 @@ void Publishing::endUpload()
 void Publishing::uploadFailed(const base::Error& error)
 {
   if (!kind_.looksAtFailures) {
-    actionFailed(error, numberText(error.number()));
+    actionFailed(error, base::numberText(error.number()));
     return;
   }
   explain(reasonOf(error));

@@ -107,6 +107,22 @@ TEST_F(RunListTest, stops_also_between_two_attempts)
   EXPECT_EQ(desk.state(), "FTP: abgebrochen");
 }
 
+TEST_F(RunListTest, tells_what_became_of_a_file_in_the_users_language)
+{
+  desk.program.language.setSprache("ENG");
+  desk.client.answers["PUT \"\\site\\haus.htm\" haus.htm"] = {{0, "", "", 0, 1000}};
+  desk.client.onRound = [&] {
+    if (desk.client.commands.back().starts_with("PUT \"\\site\\haus.htm"))
+      desk.dialog.stop();
+  };
+
+  desk.dialog.cbftp_Click();
+
+  EXPECT_EQ(desk.client.Sprache, "ENG");
+  EXPECT_EQ(fateText(desk.dialog.files[1], "ENG"), "not sent: The transfer was stopped.");
+  EXPECT_EQ(desk.state(), "FTP: stopped");
+}
+
 TEST_F(RunListTest, takes_no_second_click_meanwhile)
 {
   desk.client.always.rounds = 1;
@@ -177,9 +193,11 @@ TEST(RememberedServersTest, are_asked_about_once_and_again_when_they_change)
 
   program.ui.expect(116, "SHA256:a", Button::No);
   EXPECT_FALSE(servers.trusts(identity));
+  EXPECT_FALSE(servers.isKnown(identity.server));
   program.ui.expect(116, "ftp.example.org:21", Button::Yes);
   EXPECT_TRUE(servers.trusts(identity));
   EXPECT_TRUE(servers.trusts(identity));
+  EXPECT_TRUE(servers.isKnown(identity.server));
 
   identity.fingerprint = "SHA256:b";
   program.ui.expect(117, "SHA256:b", Button::No);

@@ -172,6 +172,15 @@ class Site(unittest.TestCase):
         self.assertEqual(result.stdout, "")
         self.assertEqual([path.name for path in self.web.iterdir()], ["alt.htm"])
 
+    def test_all_that_is_printed_is_in_the_language_of_the_program(self):
+        self.serve("scripted", "refuse-name=hafen", "no-size")
+        result = self.mrd("--lang", "ENG", "publish", self.project, status=1)
+        self.assertIn("not sent: pix/hafen.jpg: 553 this file is not allowed", result.stderr)
+        self.assertRegex(result.stdout, r"Sent: \d+\. On the server already: 0\. Without a page: 0\. Deleted: 0\. Failed: 1\.")
+        result = self.mrd("publish", self.project, status=1)
+        self.assertIn("nicht übertragen: pix/hafen.jpg: 553", result.stderr)
+        self.assertIn("Übertragen: ", result.stdout)
+
     def test_a_full_disk_names_each_file_and_fails(self):
         self.serve("scripted", "full=10")
         summary = self.publish(status=1)

@@ -24,6 +24,8 @@ misbehaves as its faults say:
     endless           a listing never ends
     listing=FILE      answers a listing with this file's bytes
     home=DIR          the directory of the login
+    tls               can encrypt
+    bare-data         of the first data connection that is to be encrypted the handshake fails
 """
 import argparse
 import ctypes
@@ -34,6 +36,7 @@ import pwd
 import shutil
 import signal
 import socket
+import ssl
 import subprocess
 import sys
 import tempfile
@@ -186,7 +189,7 @@ Subsystem sftp internal-sftp -d {arguments.root}
 class Scripted:
     """A server of few words for one client at a time or several."""
 
-    def __init__(self, arguments):
+    def __init__(self, arguments, work):
         self.root = pathlib.Path(arguments.root)
         self.log = open(arguments.log or os.devnull, "a", buffering=1, encoding="utf-8", errors="surrogateescape")
         self.faults = {}
@@ -196,6 +199,9 @@ class Scripted:
         self.once = set()
         self.seen = {}
         self.refused = 0
+        if self.has("tls"):
+            self.tls = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+            self.tls.load_cert_chain(certificate(work))
 
     def has(self, fault, value=None, once=False):
         if fault not in self.faults or (value is not None and self.faults[fault] != value) or (once and fault in self.once):
@@ -203,6 +209,9 @@ class Scripted:
         if once:
             self.once.add(fault)
         return True
+
+    def encrypted(self, connection):
+        return self.tls.wrap_socket(connection, server_side=True)
 
     def is_last(self, word):
         self.seen[word] = self.seen.get(word, 0) + 1
@@ -232,6 +241,7 @@ class Talk:
         self.reader = connection.makefile("rb")
         self.directory = server.faults.get("home", "/")
         self.user = self.rename = self.passive = None
+        self.protects = False
 
     def say(self, text):
         self.connection.sendall((text + "\r\n").encode(self.encoding, "surrogateescape"))
@@ -246,7 +256,7 @@ class Talk:
             if self.server.has("hang", "greeting"):
                 time.sleep(3600)
             self.say("220 ready")
-            for line in self.reader:
+            while line := self.reader.readline():
                 # A password has no encoding of its own: it comes as it was typed.
                 encoding = "utf-8" if line.startswith(b"PASS") else self.encoding
                 line = line.decode(encoding, "surrogateescape").rstrip("\r\n")
@@ -284,6 +294,20 @@ class Talk:
         if has("drop-idle", word, once=True):
             self.say("421 timeout")
             raise Gone
+
+    def do_AUTH(self, _):
+        if not self.server.has("tls"):
+            return self.say("502 not here")
+        self.say("234 go on")
+        self.connection = self.server.encrypted(self.connection)
+        self.reader = self.connection.makefile("rb")
+
+    def do_PBSZ(self, _):
+        self.say("200 ok")
+
+    def do_PROT(self, rest):
+        self.protects = rest == "P"
+        self.say("200 ok")
 
     def do_USER(self, rest):
         self.user = rest
@@ -341,7 +365,13 @@ class Talk:
     def data(self):
         connection, _ = self.passive.accept()
         self.passive.close()
-        return connection
+        if not self.protects:
+            return connection
+        if self.server.has("bare-data", once=True):
+            connection.sendall(b"this is no handshake\r\n" * 10)
+            connection.close()
+            raise Gone
+        return self.server.encrypted(connection)
 
     def entries(self, form):
         if self.server.has("listing"):
@@ -447,7 +477,7 @@ def main():
         elif arguments.kind == "sftp":
             sftp(arguments, work)
         else:
-            Scripted(arguments).serve()
+            Scripted(arguments, work).serve()
 
 
 if __name__ == "__main__":

@@ -80,6 +80,8 @@ public:
   /// Lets the next command start in the directory of the login, and a refused login be tried again.
   virtual void backToLogin() = 0;
 
+  /// The language of what the client says of itself, "GER" or "ENG"; from the next command on.
+  std::string Sprache = "GER";
   /// Told of every change of the connection.
   std::function<void(State)> StateChanged = [](State) {};
 };
@@ -94,6 +96,9 @@ struct ServerIdentity {
   std::string problem;
   bool isHostKey = false;
 };
+
+/// Whether a server (host, colon, port) is known by a certificate that the user trusts.
+using KnownServers = std::function<bool(const std::string& server)>;
 
 /// Decides whether a server that cannot prove its identity is the right one; called on the client's thread of use.
 using TrustDecision = std::function<bool(const ServerIdentity&)>;

@@ -76,6 +76,7 @@ struct Connection::State {
 
   Address address;
   ConnectionEvents events;
+  std::string Sprache;
   CURLM* multi = nullptr;
   CURL* easy = nullptr;
   std::array<char, CURL_ERROR_SIZE> errorText{};
@@ -113,7 +114,6 @@ struct Connection::State {
   CURLcode perform(const Transfer& transfer);
   TransferOutcome runOnce(const Transfer& transfer);
   std::string explanation(int code) const;
-  std::string server() const { return base::format("{}:{}", address.host, address.port); }
 };
 
 /// A server that takes no more of a file closes the data connection and says why on the other one, which the library gives up
@@ -339,8 +339,8 @@ std::string Connection::State::explanation(int code) const
 {
   if (const auto word = serversWord(code, talk); !word.empty())
     return base::decodeText(word);
-  const auto words = wordsFor(code, address.host);
-  return words.empty() ? errorText.data() : words;
+  const auto words = wordsFor(code);
+  return words ? textOf(*words, Sprache, {address.host}) : errorText.data();
 }
 
 TransferOutcome Connection::State::runOnce(const Transfer& transfer)
@@ -352,8 +352,7 @@ TransferOutcome Connection::State::runOnce(const Transfer& transfer)
   if (transfer.kind == TransferKind::Upload) {
     upload = std::ifstream(files::nativePath(transfer.file), std::ios::binary);
     if (!upload)
-      throw base::Error(base::ErrorNumber::PathFileAccess,
-                        base::format("Die Datei „{}“ kann nicht gelesen werden.", transfer.file));
+      throw base::Error(base::ErrorNumber::PathFileAccess, textOf(Words::FileUnreadable, Sprache, {transfer.file}));
   }
   const CURLcode ending = perform(transfer);
   upload.close();
@@ -385,13 +384,17 @@ TransferOutcome Connection::run(const Transfer& transfer)
   const bool isHostKey = isSftp(state_->address);
   const std::string problem = isHostKey ? "" : state_->errorText.data();
   const auto fingerprint = state_->shown;
-  if (!state_->events.trusts({state_->server(), fingerprint, problem, isHostKey}))
+  if (!state_->events.trusts({state_->address.server(), fingerprint, problem, isHostKey}))
     return outcome;
   state_->trusted = fingerprint;
   return state_->runOnce(transfer);
 }
 
 const Address& Connection::address() const { return state_->address; }
+
+void Connection::speak(const std::string& Sprache) { state_->Sprache = Sprache; }
+
+const std::string& Connection::Sprache() const { return state_->Sprache; }
 
 const std::string& Connection::loginDirectory() const { return state_->loginDirectory; }
 

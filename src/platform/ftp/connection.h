@@ -69,6 +69,9 @@ public:
   /// once trusted, known by its fingerprint.
   TransferOutcome run(const Transfer& transfer);
   const Address& address() const;
+  /// The language of its explanations.
+  void speak(const std::string& Sprache);
+  const std::string& Sprache() const;
   /// The directory of the login, known once there was a connection; "/" where the server does not tell.
   const std::string& loginDirectory() const;
   /// Ends what runs, now or as soon as it begins; from any thread.

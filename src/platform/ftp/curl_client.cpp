@@ -1,5 +1,6 @@
 #include "platform/ftp/curl_client.h"
 
+#include "platform/ftp/explanations.h"
 #include "platform/ftp/server_text.h"
 #include "platform/ftp/session.h"
 
@@ -34,22 +35,26 @@ bool isNoWay(int code) { return code == code::kCannotConnect || code == code::kT
 } // namespace
 
 struct CurlClient::Worker {
-  explicit Worker(TrustDecision decision) : trusts(std::move(decision)), thread([this] { work(); }) {}
+  Worker(TrustDecision decision, KnownServers servers)
+      : trusts(std::move(decision)), isKnown(std::move(servers)), thread([this] { work(); })
+  {
+  }
   ~Worker();
   Worker(const Worker&) = delete;
   Worker& operator=(const Worker&) = delete;
 
   void work();
   /// Throws base::Error while a command runs.
-  void prepareForCommand();
+  void prepareForCommand(std::string_view Sprache);
   void begin(Operation operation);
   SessionResult carryOut(Session& current, const Operation& operation);
-  void replaceSession(const Address& address);
+  void replaceSession(Address address);
   void post(State state);
   bool ask(const ServerIdentity& identity);
   ConnectionEvents events();
 
   TrustDecision trusts;
+  KnownServers isKnown;
 
   // Shared, under the lock.
   std::mutex lock;
@@ -87,19 +92,21 @@ CurlClient::Worker::~Worker()
   thread.join();
 }
 
-void CurlClient::Worker::replaceSession(const Address& address)
+void CurlClient::Worker::replaceSession(Address address)
 {
+  if (address.protocol == Protocol::FtpTryTls && isKnown(address.server()))
+    address.protocol = Protocol::FtpExplicitTls;
   // No farewell is waited for: the old server may be silent.
   if (session)
     session->cancel();
   session = makeSession(address, events());
 }
 
-void CurlClient::Worker::prepareForCommand()
+void CurlClient::Worker::prepareForCommand(std::string_view Sprache)
 {
   const std::lock_guard guard(lock);
   if (isBusy)
-    throw clientError(code::kStillExecuting, "Der letzte FTP-Befehl läuft noch.");
+    throw clientError(code::kStillExecuting, textOf(Words::StillExecuting, Sprache));
   result = {};
   failure.reset();
 }
@@ -176,22 +183,25 @@ void CurlClient::Worker::work()
   }
 }
 
-CurlClient::CurlClient(TrustDecision trusts) : worker_(std::make_unique<Worker>(std::move(trusts))) {}
+CurlClient::CurlClient(TrustDecision trusts, KnownServers known)
+    : worker_(std::make_unique<Worker>(std::move(trusts), std::move(known)))
+{
+}
 
 CurlClient::~CurlClient() = default;
 
 void CurlClient::Execute(std::string_view url, std::string_view operation)
 {
   auto& w = *worker_;
-  w.prepareForCommand();
+  w.prepareForCommand(Sprache);
   const bool isSameAddress = w.session && w.url == url;
   w.text.clear();
   w.read = 0;
   if (isSameAddress && w.refusal)
     throw *w.refusal;
-  auto parsed = parseOperation(operation);
+  auto parsed = parseOperation(operation, Sprache);
   if (!isSameAddress) {
-    w.replaceSession(parseAddress(url));
+    w.replaceSession(parseAddress(url, Sprache));
     w.url = url;
     w.refusal.reset();
   }

@@ -1,9 +1,9 @@
 #include "platform/ftp/ftp_session.h"
 
-#include "base/format.h"
 #include "base/text.h"
 #include "base/windows1252.h"
 #include "platform/files/files.h"
+#include "platform/ftp/explanations.h"
 #include "platform/ftp/listing.h"
 
 #include <algorithm>
@@ -191,8 +191,8 @@ void FtpSession::confirm(Sent& sent, const std::string& remoteName, std::uintmax
   }
   sent.arrival = onServer ? Arrival::CutOff : Arrival::Unknown;
   sent.result = {code::kNotConfirmed,
-                 onServer ? base::format("„{}“: Auf dem Server sind {} von {} Bytes angekommen.", remoteName, *onServer, size)
-                          : base::format("„{}“: Der Server bestätigt die Größe der Datei nicht.", remoteName)};
+                 onServer ? textOf(Words::CutOff, Sprache(), {remoteName, std::to_string(*onServer), std::to_string(size)})
+                          : textOf(Words::SizeUnknown, Sprache(), {remoteName})};
 }
 
 FtpSession::Sent FtpSession::send(const std::string& file, const std::string& remoteName)

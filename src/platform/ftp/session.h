@@ -37,6 +37,8 @@ protected:
   virtual SessionResult put(const std::string& file, const std::string& name) = 0;
   virtual SessionResult remove(const std::string& name) = 0;
 
+  const std::string& Sprache() const { return connection_.Sprache(); }
+
   Connection connection_;
   /// Whether the last `cd` was refused: what it was to protect is not touched then.
   bool isAstray_ = false;

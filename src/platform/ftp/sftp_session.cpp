@@ -1,8 +1,8 @@
 #include "platform/ftp/sftp_session.h"
 
-#include "base/format.h"
 #include "base/text.h"
 #include "platform/files/files.h"
+#include "platform/ftp/explanations.h"
 #include "platform/ftp/listing.h"
 
 namespace mrd::ftp {
@@ -123,7 +123,7 @@ TransferOutcome SftpSession::send(const std::string& file, const std::string& pa
   if (!isAnswer || (answer.code == code::kNone && answer.data.empty()))
     return answer;
   answer.code = code::kNotConfirmed;
-  answer.info = base::format("„{}“: Der Server bestätigt die Größe der Datei nicht.", path);
+  answer.info = textOf(Words::SizeUnknown, Sprache(), {path});
   return answer;
 }
 

@@ -175,6 +175,59 @@ TEST_F(FaultTest, a_listing_without_end_is_given_up_and_the_next_command_runs)
   EXPECT_EQ(desk.run("mkdir web"), code::kNone) << desk.client.ResponseInfo();
 }
 
+TEST_F(FaultTest, a_server_that_is_known_by_its_certificate_gets_no_password_in_clear)
+{
+  const support::FtpServer server("scripted");
+  ClientDesk desk(server, "");
+  desk.areKnown = true;
+
+  EXPECT_EQ(desk.run("dir"), code::kNoEncryption);
+  EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("ftp://"));
+  EXPECT_EQ(server.count("USER"), 0);
+
+  desk.url = addressOf("ftp://" + server.server(), server.user(), server.password());
+  EXPECT_EQ(desk.run("dir"), code::kNone) << desk.client.ResponseInfo();
+}
+
+TEST_F(FaultTest, a_server_that_offers_to_encrypt_is_taken_at_its_word)
+{
+  const support::FtpServer server("scripted", {"tls"});
+  ClientDesk desk(server, "");
+  desk.areKnown = true;
+
+  EXPECT_EQ(put(desk), code::kNone) << desk.client.ResponseInfo();
+  EXPECT_EQ(server.root().read("index.htm").size(), 300000u);
+  EXPECT_EQ(desk.questions.size(), 1u);
+}
+
+TEST_F(FaultTest, an_encryption_that_fails_behind_the_login_does_not_keep_the_next_command_from_running)
+{
+  const support::FtpServer server("scripted", {"tls", "bare-data"});
+  ClientDesk desk(server, "");
+
+  EXPECT_EQ(desk.run("dir"), code::kConnectionLost) << desk.client.ResponseInfo();
+  EXPECT_EQ(desk.listing(), "");
+}
+
+TEST_F(FaultTest, what_the_client_says_of_itself_is_in_the_users_language)
+{
+  const support::FtpServer server("scripted", {"no-features"});
+  ClientDesk desk(server);
+  desk.client.Sprache = "ENG";
+
+  EXPECT_EQ(put(desk), code::kNotConfirmed);
+  EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("does not confirm the size"));
+  try {
+    desk.client.Execute(desk.url, "RENAME x");
+    ADD_FAILURE();
+  } catch (const base::Error& error) {
+    EXPECT_EQ(error.description(), "The FTP command \"RENAME x\" is invalid.");
+  }
+  desk.client.Sprache = "GER";
+  EXPECT_EQ(put(desk), code::kNotConfirmed);
+  EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("bestätigt die Größe"));
+}
+
 TEST_F(FaultTest, a_server_without_room_for_a_file_keeps_the_old_one)
 {
   for (const auto* const answer : {"answer=STOR:552 quota exceeded", "answer=STOR:452 no room", "answer=RNTO:552 no"}) {
