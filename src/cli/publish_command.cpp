@@ -42,11 +42,12 @@ struct Summary {
 constexpr int kMessageNothingGenerated = 120, kMessageNotRead = 181;
 constexpr int kTabPictures = 0, kTabPages = 1;
 
-/// A run over a part of the pages enters that part only. What lies in the export directory belongs to the site all the same.
-void deselectLocalFiles(publish::ListBox& list, const std::string& directory)
+/// A run over a part of the pages enters that part only. What lies in the export directory belongs to the site all the same. And
+/// a symbolic link was put there by hand, perhaps to a directory with more than this site: only a user may select it.
+void deselectNoOrphans(publish::ListBox& list, const std::string& directory, const ftp::Client& client)
 {
   for (auto& entry : list.entries)
-    entry.isSelected = entry.isSelected && !files::fileExists(directory + entry.text);
+    entry.isSelected = entry.isSelected && !files::fileExists(directory + entry.text) && !client.isLink(entry.text);
 }
 
 void addSelected(std::vector<std::string>& names, const publish::ListBox& list, const std::string& prefix)
@@ -145,8 +146,8 @@ Summary publishSite(publish::Publishing& dialog, dao::Database& db, const std::s
   // A list that lacks an answer may be that of another directory: nothing is judged by it.
   if (!summary.isConnected)
     return summary;
-  deselectLocalFiles(dialog.ListFTPHTML, directory);
-  deselectLocalFiles(dialog.ListFTPpix, directory + "pix\\");
+  deselectNoOrphans(dialog.ListFTPHTML, directory, dialog.channel.Inet1);
+  deselectNoOrphans(dialog.ListFTPpix, directory + "pix\\", dialog.channel.Inet1);
   addSelected(summary.orphans, dialog.ListFTPHTML, "");
   addSelected(summary.orphans, dialog.ListFTPpix, "pix/");
   if (arguments.deleteOrphans)

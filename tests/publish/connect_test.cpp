@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <gmock/gmock.h>
+#include <set>
 
 namespace mrd::publish {
 namespace {
@@ -26,6 +27,21 @@ TEST(Connecting, gives_its_commands_in_their_order)
   EXPECT_EQ(desk.dialog.Labelftpverzeichnis, "ftp.example.org/web/pix/");
   EXPECT_TRUE(desk.dialog.isConnected);
   EXPECT_EQ(desk.client.logins, 1);
+}
+
+TEST(Connecting, goes_to_its_directory_from_the_login_and_sending_from_the_root)
+{
+  Desk desk;
+  std::set<std::string> places;
+  desk.dialog.channel.changed = [&] { places.insert(desk.dialog.Labelftpverzeichnis); };
+  desk.program.ui.expect(31, "", ui::Button::No);
+
+  desk.connect();
+  desk.dialog.cbftp_Click();
+
+  EXPECT_EQ(desk.client.commands.front(), "cd web");
+  EXPECT_EQ(desk.client.commands[4], "CD /web");
+  EXPECT_THAT(places, testing::IsSupersetOf({"ftp.example.orgweb", "ftp.example.org/web/pix/"}));
 }
 
 TEST(Connecting, asks_for_user_and_password_that_are_missing_and_stores_neither)

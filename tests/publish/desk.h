@@ -57,6 +57,7 @@ struct RecordingClient : ftp::Client {
     ++chunksRead;
     return std::exchange(isRead, true) ? "" : answer.text;
   }
+  bool isLink(std::string_view) const override { return false; }
   int ResponseCode() const override { return answer.code; }
   std::string ResponseInfo() const override { return answer.info; }
   void backToLogin() override { ++logins; }

@@ -181,6 +181,18 @@ class Site(unittest.TestCase):
         self.assertIn("nicht übertragen: pix/hafen.jpg: 553", result.stderr)
         self.assertIn("Übertragen: ", result.stdout)
 
+    def test_a_link_that_somebody_put_there_is_no_orphan(self):
+        for kind, scheme in (("vsftpd", ""), ("sftp", "sftp://")):
+            with self.subTest(kind):
+                self.root = self.work / kind
+                self.root.mkdir()
+                self.serve(kind, scheme=scheme)
+                self.publish()
+                (self.web / "alt.htm").write_text("alt")
+                (self.web / "cgi").symlink_to(self.root)
+                self.assertEqual(self.publish("--delete-orphans")["deleted"], ["alt.htm"])
+                self.assertTrue((self.web / "cgi").is_symlink())
+
     def test_a_full_disk_names_each_file_and_fails(self):
         self.serve("scripted", "full=10")
         summary = self.publish(status=1)

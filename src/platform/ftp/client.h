@@ -73,6 +73,8 @@ public:
   virtual void Cancel() = 0;
   /// The next piece of the reply, at most `size` bytes of whole characters; empty at its end. Data type 0 is text.
   virtual std::string GetChunk(std::size_t size, int dataType) = 0;
+  /// Whether a listing since the login told of a symbolic link by this name. What that leads to is not known.
+  virtual bool isLink(std::string_view name) const = 0;
   /// Number of the last command's error, 0 for none.
   virtual int ResponseCode() const = 0;
   /// Text of the last command's error; holds no password.

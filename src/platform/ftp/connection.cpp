@@ -8,6 +8,7 @@
 #include "platform/ftp/endings.h"
 #include "platform/ftp/explanations.h"
 #include "platform/ftp/fingerprint.h"
+#include "platform/ftp/server_text.h"
 #include "platform/ftp/sockets.h"
 #include "platform/ftp/user_key.h"
 
@@ -335,12 +336,13 @@ CURLcode Connection::State::perform(const Transfer& transfer)
   return ending;
 }
 
+/// Only what the server said can hold the password. In a text of our own the gap would tell it.
 std::string Connection::State::explanation(int code) const
 {
-  if (const auto word = serversWord(code, talk); !word.empty())
-    return base::decodeText(word);
+  if (isServersWord(code, talk))
+    return outcome.words;
   const auto words = wordsFor(code);
-  return words ? textOf(*words, Sprache, {address.host}) : errorText.data();
+  return words ? textOf(*words, Sprache, {address.host}) : shownText(errorText.data(), address.password);
 }
 
 TransferOutcome Connection::State::runOnce(const Transfer& transfer)
@@ -356,6 +358,7 @@ TransferOutcome Connection::State::runOnce(const Transfer& transfer)
   }
   const CURLcode ending = perform(transfer);
   upload.close();
+  outcome.words = shownText(base::decodeText(talk.last().text), address.password);
   outcome.lacksRoom = tellsOfNoRoom(ending, talk);
   if (ending == CURLE_OK) {
     char* path = nullptr;
@@ -382,15 +385,13 @@ TransferOutcome Connection::run(const Transfer& transfer)
   if (outcome.code != code::kNotTrusted || state_->shown.empty() || state_->shown == state_->trusted)
     return outcome;
   const bool isHostKey = isSftp(state_->address);
-  const std::string problem = isHostKey ? "" : state_->errorText.data();
+  const auto problem = isHostKey ? "" : shownText(state_->errorText.data(), state_->address.password);
   const auto fingerprint = state_->shown;
   if (!state_->events.trusts({state_->address.server(), fingerprint, problem, isHostKey}))
     return outcome;
   state_->trusted = fingerprint;
   return state_->runOnce(transfer);
 }
-
-const Address& Connection::address() const { return state_->address; }
 
 void Connection::speak(const std::string& Sprache) { state_->Sprache = Sprache; }
 

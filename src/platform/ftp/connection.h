@@ -40,6 +40,8 @@ struct Transfer {
 struct TransferOutcome {
   int code = code::kNone;
   std::string info = {};
+  /// The server's last answer as it may be shown, whatever it says.
+  std::string words = {};
   /// Bytes that the server sent.
   std::string data = {};
   std::vector<Reply> replies = {};
@@ -68,7 +70,6 @@ public:
   /// Runs one transfer to its end; asleep while the server is silent. A server whose identity nothing proves is asked about and,
   /// once trusted, known by its fingerprint.
   TransferOutcome run(const Transfer& transfer);
-  const Address& address() const;
   /// The language of its explanations.
   void speak(const std::string& Sprache);
   const std::string& Sprache() const;

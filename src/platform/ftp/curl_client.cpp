@@ -1,7 +1,6 @@
 #include "platform/ftp/curl_client.h"
 
 #include "platform/ftp/explanations.h"
-#include "platform/ftp/server_text.h"
 #include "platform/ftp/session.h"
 
 #include <algorithm>
@@ -9,8 +8,10 @@
 #include <condition_variable>
 #include <csignal>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <thread>
 #include <utility>
@@ -73,6 +74,7 @@ struct CurlClient::Worker {
   // The caller's alone.
   std::string url, text;
   std::size_t read = 0;
+  std::set<std::string, std::less<>> links;
   /// Why no command is tried before the next login.
   std::optional<base::Error> refusal;
 
@@ -132,7 +134,6 @@ bool CurlClient::Worker::ask(const ServerIdentity& identity)
   std::unique_lock guard(lock);
   answer.reset();
   question = identity;
-  question->problem = shownText(identity.problem, "");
   changed.notify_all();
   changed.wait(guard, [&] { return answer.has_value() || isCancelling || isLeaving; });
   question.reset();
@@ -172,7 +173,6 @@ void CurlClient::Worker::work()
     job.reset();
     guard.unlock();
     auto ended = carryOut(*session, operation);
-    ended.info = shownText(ended.info, session->password());
     guard.lock();
     result = std::move(ended);
     states.push_back(result.code == code::kNone ? State::Completed : State::Failed);
@@ -235,6 +235,7 @@ bool CurlClient::StillExecuting()
     w.refusal = clientError(w.result.code, w.result.info);
   if (!w.result.text.empty())
     w.text = std::exchange(w.result.text, {});
+  w.links.insert(w.result.links.begin(), w.result.links.end());
   if (const auto failure = std::exchange(w.failure, std::nullopt))
     throw *failure;
   return false;
@@ -266,6 +267,8 @@ std::string CurlClient::GetChunk(std::size_t size, int)
   return piece;
 }
 
+bool CurlClient::isLink(std::string_view name) const { return worker_->links.contains(name); }
+
 int CurlClient::ResponseCode() const
 {
   const std::lock_guard guard(worker_->lock);
@@ -282,6 +285,7 @@ void CurlClient::backToLogin()
 {
   auto& w = *worker_;
   w.refusal.reset();
+  w.links.clear();
   const std::lock_guard guard(w.lock);
   if (w.session && !w.isBusy)
     w.session->backToLogin();

@@ -19,6 +19,7 @@ public:
   bool StillExecuting() override;
   void Cancel() override;
   std::string GetChunk(std::size_t size, int dataType) override;
+  bool isLink(std::string_view name) const override;
   int ResponseCode() const override;
   std::string ResponseInfo() const override;
   void backToLogin() override;

@@ -60,11 +60,9 @@ bool tellsOfNoRoom(int ending, const Talk& talk)
   return ending == CURLE_REMOTE_DISK_FULL || last == kNoRoom || last == kNoQuota;
 }
 
-std::string_view serversWord(int code, const Talk& talk)
+bool isServersWord(int code, const Talk& talk)
 {
-  const bool isServersWord = code == code::kRefused || code == code::kLoginDenied;
-  return isServersWord && !talk.replies().empty() && talk.replies().back().isRefused() ? talk.replies().back().lastText
-                                                                                       : std::string_view();
+  return (code == code::kRefused || code == code::kLoginDenied) && talk.last().isRefused();
 }
 
 } // namespace mrd::ftp

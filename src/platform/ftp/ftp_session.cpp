@@ -4,7 +4,6 @@
 #include "base/windows1252.h"
 #include "platform/files/files.h"
 #include "platform/ftp/explanations.h"
-#include "platform/ftp/listing.h"
 
 #include <algorithm>
 #include <array>
@@ -119,7 +118,7 @@ TransferOutcome FtpSession::command(const std::string& line)
   auto outcome = run({TransferKind::Nothing, "", {"*" + encoded(line)}});
   if (outcome.code == code::kNone && !outcome.replies.empty() && outcome.replies.back().isRefused()) {
     outcome.code = code::kRefused;
-    outcome.info = base::decodeText(outcome.replies.back().text);
+    outcome.info = outcome.words;
   }
   return outcome;
 }
@@ -171,7 +170,7 @@ SessionResult FtpSession::list()
   if (outcome.code != code::kNone)
     return resultOf(outcome);
   namesAreWindows1252_ = namesAreWindows1252_ || !base::isValidUtf8(outcome.data);
-  return {code::kNone, "", asLines(parseListing(outcome.data, listsFacts_ ? ListingForm::Facts : ListingForm::Columns))};
+  return listingResult(outcome.data, listsFacts_ ? ListingForm::Facts : ListingForm::Columns);
 }
 
 void FtpSession::confirm(Sent& sent, const std::string& remoteName, std::uintmax_t size)
@@ -215,7 +214,7 @@ TransferOutcome FtpSession::rename(const std::string& from, const std::string& t
   const auto reply = outcome.reply("RNTO");
   if (outcome.code == code::kNone && reply.isRefused()) {
     outcome.code = code::kRefused;
-    outcome.info = base::decodeText(reply.text);
+    outcome.info = outcome.words;
   }
   return outcome;
 }

@@ -6,6 +6,12 @@
 
 namespace mrd::ftp {
 
+SessionResult listingResult(std::string_view data, ListingForm form)
+{
+  const auto entries = parseListing(data, form);
+  return {code::kNone, "", asLines(entries), linksOf(entries)};
+}
+
 SessionResult Session::carryOut(const Operation& operation)
 {
   connection_.speak(operation.Sprache);

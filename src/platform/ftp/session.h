@@ -2,11 +2,13 @@
 // The five commands as a server of one protocol carries them out. Calls wait for their end.
 
 #include "platform/ftp/connection.h"
+#include "platform/ftp/listing.h"
 #include "platform/ftp/operation.h"
 
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace mrd::ftp {
 
@@ -15,7 +17,12 @@ struct SessionResult {
   std::string info = {};
   /// The listing that `dir` asked for.
   std::string text = {};
+  /// Its symbolic links.
+  std::vector<std::string> links = {};
 };
+
+/// The result of a listing in the server's form.
+SessionResult listingResult(std::string_view data, ListingForm form);
 
 class Session {
 public:
@@ -24,7 +31,6 @@ public:
   SessionResult carryOut(const Operation& operation);
   /// The next command starts in the directory of the login.
   virtual void backToLogin() = 0;
-  const std::string& password() const { return connection_.address().password; }
   void cancel() { connection_.cancel(); }
   void resume() { connection_.resume(); }
 

@@ -3,7 +3,6 @@
 #include "base/text.h"
 #include "platform/files/files.h"
 #include "platform/ftp/explanations.h"
-#include "platform/ftp/listing.h"
 
 namespace mrd::ftp {
 namespace {
@@ -65,7 +64,7 @@ SessionResult SftpSession::readDirectory(const std::string& directory)
     return {code::kRefused, outcome.info};
   if (outcome.code != code::kNone)
     return {outcome.code, outcome.info};
-  return {code::kNone, "", asLines(parseListing(outcome.data, ListingForm::Columns))};
+  return listingResult(outcome.data, ListingForm::Columns);
 }
 
 SessionResult SftpSession::changeDirectory(const std::string& directory)
@@ -81,7 +80,7 @@ SessionResult SftpSession::changeDirectory(const std::string& directory)
   if (directory_.empty() && !isAbsolute)
     names_.noteReached(directory);
   directory_ = target;
-  listed_ = std::move(result.text);
+  listed_ = std::move(result);
   return {};
 }
 
@@ -100,7 +99,7 @@ SessionResult SftpSession::list()
   if (!makeLogin(failure))
     return failure;
   if (listed_) {
-    SessionResult result{code::kNone, "", std::move(*listed_)};
+    auto result = std::move(*listed_);
     listed_.reset();
     return result;
   }

@@ -32,7 +32,7 @@ private:
   /// From the root; empty before the first connection, where it is the login's.
   std::string directory_;
   /// The listing that the last `cd` had to read to know that there is a directory.
-  std::optional<std::string> listed_;
+  std::optional<SessionResult> listed_;
   DirectoryNames names_;
 };
 

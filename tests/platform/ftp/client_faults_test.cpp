@@ -156,6 +156,17 @@ TEST_F(FaultTest, a_password_that_the_server_repeats_is_shown_in_no_answer)
   }
 }
 
+TEST_F(FaultTest, a_password_that_is_part_of_a_word_leaves_no_gap_in_the_clients_own_texts)
+{
+  support::FtpServer server("scripted");
+  ClientDesk desk(server);
+  desk.url = addressOf("ftp://" + server.server(), "anna", "Verbindung");
+  server.stop();
+
+  EXPECT_EQ(codeOfFailure(desk, "dir"), code::kCannotConnect);
+  EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("nimmt keine Verbindung an"));
+}
+
 TEST_F(FaultTest, characters_that_a_terminal_obeys_are_shown_in_no_answer)
 {
   const support::FtpServer server("scripted", {"answer=MKD:550 \x1b[2J\x1b]0;x\x07 not \xC2\x9B allowed"});
