@@ -69,9 +69,9 @@ bool Publishing::isDone(const std::string& Fehler) { return Fehler.empty() && is
 /// Beside a text that tells a number: the same thing in words, unless a message has said it already.
 void Publishing::explain(const std::string& text)
 {
-  explanation = text;
-  if (!text.empty() && text != reported_)
+  if (!text.empty() && text != reported_ && text != explanation)
     ui_.warning(text);
+  explanation = text;
 }
 
 std::string Publishing::reasonOf(const base::Error& error)
@@ -181,13 +181,21 @@ Publishing::Entry Publishing::enterDirectory(std::string& Fehler)
   return isDone(Fehler) ? Entry::Reached : Entry::Missed;
 }
 
-/// True when the listing is all of it; so is the next one.
+/// True when the listing is all of it. The texts of the dialog say nothing of one that is lacking.
+bool Publishing::list(std::string& Fehler)
+{
+  command("dir", Fehler);
+  const bool isListed = isDone(Fehler);
+  if (!isListed)
+    explain(Fehler.empty() ? channel.Inet1.ResponseInfo() : channel.failure);
+  channel.readChunks();
+  return isListed;
+}
+
 bool Publishing::readHtmlDirectory(std::string& Fehler)
 {
   channel.showState("FTP: HTML-Verzeichnis wird eingelesen");
-  command("dir", Fehler);
-  const bool isListed = isDone(Fehler);
-  channel.readChunks();
+  const bool isListed = list(Fehler);
   channel.showProgress(2);
   createlist(channel.ftpListe, kPageTypes, ListFTPHTML, db_, environment_.language);
   listsChanged();
@@ -213,9 +221,7 @@ bool Publishing::readPictureDirectory(std::string& Fehler)
   // The reply to the change of directory is read and forgotten.
   channel.readChunks();
   channel.showProgress(4);
-  command("dir", Fehler);
-  const bool isListed = isDone(Fehler);
-  channel.readChunks();
+  const bool isListed = list(Fehler);
   channel.showProgress(5);
   createlist(channel.ftpListe, kPictureTypes, ListFTPpix, db_, environment_.language);
   listsChanged();

@@ -83,6 +83,7 @@ private:
   void connect(std::string& Fehler);
   enum class Entry { Reached, Missed, Ended };
   Entry enterDirectory(std::string& Fehler);
+  bool list(std::string& Fehler);
   bool readHtmlDirectory(std::string& Fehler);
   bool readPictureDirectory(std::string& Fehler);
   void showConnected(const std::string& Fehler);

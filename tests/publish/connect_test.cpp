@@ -156,6 +156,7 @@ TEST(Connecting, is_done_only_when_each_listing_was_answered)
     desk.connect();
 
     EXPECT_FALSE(desk.dialog.isConnected) << isFirst;
+    EXPECT_EQ(desk.dialog.explanation, "weg");
   }
 }
 

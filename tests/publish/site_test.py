@@ -193,6 +193,12 @@ class Site(unittest.TestCase):
                 self.assertEqual(self.publish("--delete-orphans")["deleted"], ["alt.htm"])
                 self.assertTrue((self.web / "cgi").is_symlink())
 
+    def test_a_listing_without_end_is_told_as_the_reason(self):
+        self.serve("scripted", "endless")
+        result = self.mrd("publish", self.project, status=1)
+        self.assertEqual(result.stderr.count("64 MB"), 1)
+        self.assertIn("message 181", result.stderr)
+
     def test_a_full_disk_names_each_file_and_fails(self):
         self.serve("scripted", "full=10")
         summary = self.publish(status=1)
@@ -212,6 +218,8 @@ class Site(unittest.TestCase):
         self.mrd("settings", self.project, "ftppasswort=")
         self.mrd("publish", self.project, standard_input=self.password + "\n")
         self.assert_same_tree()
+        # The server is read a second time, with the same password.
+        self.mrd("--yes", "publish", self.project, standard_input=self.password + "\n")
 
     def test_orphans_stay_without_the_users_yes(self):
         self.serve("pyftpdlib")

@@ -82,7 +82,12 @@ TransferOutcome FtpSession::connect()
     preparation.before.push_back("*OPTS UTF8 ON");
   for (const auto& directory : way_)
     preparation.before.push_back("CWD " + encoded(directory));
-  return preparation.before.empty() ? outcome : connection_.run(preparation);
+  if (preparation.before.empty())
+    return outcome;
+  outcome = connection_.run(preparation);
+  // Where the way is not open any more nothing is done in another directory.
+  isConnected_ = outcome.code == code::kNone;
+  return outcome;
 }
 
 TransferOutcome FtpSession::run(Transfer transfer)
