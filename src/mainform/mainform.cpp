@@ -361,8 +361,9 @@ void Mainform::showExport()
   }
   if (!pages_.leave())
     return;
-  publish::RememberedServers servers(seams_.userSettings, program_.language);
-  ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); });
+  publish::RememberedServers servers(seams_.userSettings, program_.language, publish::OnChange::Ask);
+  ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); },
+                         [&](const std::string& server) { return servers.isKnown(server); });
   const publish::SystemTimer timer;
   Dialog dialog(exportEnvironment(), {program_.language, project_.fields(), client, timer});
   dialog.DbName = project_.DbName();
