@@ -20,7 +20,7 @@ int main(int argc, char** argv)
   app.require_subcommand(1);
   app.fallthrough();
   for (const auto add :
-       {addNew, addPages, addPage, addSettings, addLayouts, addPictures, addGenerate, addPublish, addImport, addPath, addIni})
+       {addNew, addPages, addPage, addSettings, addLayouts, addPictures, addGenerate, addPublish, addImport, addRestore, addPath, addIni})
     add(app, session);
   try {
     const auto arguments = withTextAsItIs({argv, static_cast<std::size_t>(argc)});

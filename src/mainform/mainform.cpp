@@ -200,6 +200,7 @@ void Mainform::Form_Unload()
     program_.ui.pumpEvents();
     pages_.projectClosed();
     project_.close();
+    program_.language.close();
     program_.ui.pumpEvents();
   });
 }
@@ -351,6 +352,7 @@ void Mainform::showExport()
   ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); });
   const publish::SystemTimer timer;
   Dialog dialog(exportEnvironment(), {program_.language, project_.fields(), client, timer});
+  project_.finishBackup();
   dialog.DbName = project_.DbName();
   seams_.dialogs.showModal(dialog);
 }
@@ -377,6 +379,7 @@ void Mainform::seitenvorschau()
   }
   generator::frmHTMLExport dialog(exportEnvironment());
   dialog.selection.Lblseitenvorschauid = id;
+  project_.finishBackup();
   // Events run while the page is generated, and no second run may begin then.
   pages_.whileBusy([&] {
     if (dialog.Form_Load(project_.DbName()))

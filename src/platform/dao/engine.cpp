@@ -108,10 +108,11 @@ bool Statement::isNull(int column) const { return sqlite3_column_type(statement_
 bool Statement::isInteger(int column) const { return sqlite3_column_type(statement_.get(), column) == SQLITE_INTEGER; }
 bool Statement::isNumber(int column) const { return sqlite3_column_type(statement_.get(), column) == SQLITE_FLOAT; }
 
+bool Statement::isBlob(int column) const { return sqlite3_column_type(statement_.get(), column) == SQLITE_BLOB; }
+
 std::string_view Statement::bytes(int column) const
 {
-  const bool isBlob = sqlite3_column_type(statement_.get(), column) == SQLITE_BLOB;
-  const void* data = isBlob ? sqlite3_column_blob(statement_.get(), column)
+  const void* data = isBlob(column) ? sqlite3_column_blob(statement_.get(), column)
                             : static_cast<const void*>(sqlite3_column_text(statement_.get(), column));
   const int size = sqlite3_column_bytes(statement_.get(), column);
   return data == nullptr ? std::string_view() : std::string_view(static_cast<const char*>(data), static_cast<std::size_t>(size));
@@ -192,6 +193,32 @@ void Connection::limitWork(int steps) const
   const auto look = [](void* left) { return --*static_cast<int*>(left) < 0 ? 1 : 0; };
   sqlite3_progress_handler(handle_.get(), steps == 0 ? 0 : kStepsPerLook, steps == 0 ? nullptr : +look, &looksLeft_);
 }
+
+PageCopy::PageCopy(const Connection& source, const Connection& target)
+    : source_(source), target_(target),
+      copy_(sqlite3_backup_init(target.handle_.get(), "main", source.handle_.get(), "main"))
+{
+  if (!copy_)
+    target_.fail(sqlite3_errcode(target_.handle_.get()));
+}
+
+bool PageCopy::step(int pages)
+{
+  switch (const int code = sqlite3_backup_step(copy_.get(), pages); code & 0xFF) {
+  case SQLITE_OK:
+    return false;
+  case SQLITE_DONE:
+    return true;
+  case SQLITE_FULL:
+  case SQLITE_CANTOPEN:
+  case SQLITE_READONLY:
+    target_.fail(code);
+  default:
+    source_.fail(code);
+  }
+}
+
+void PageCopy::Finish::operator()(sqlite3_backup* copy) const { sqlite3_backup_finish(copy); }
 
 void Connection::fail(int code) const
 {
