@@ -309,9 +309,10 @@ TEST_P(AnyTree, is_to_the_byte_what_it_was_after_each_change_that_is_taken_back)
   for (int step = 0; step < 15 && pagesBelowTheRoot().size() > 1; ++step) {
     const auto before = desk_.everything();
     change();
-    const bool changed = desk_.undo.change() != Change::None;
+    if (desk_.everything() == before)
+      continue; // refused, and what could be taken back before still can
 
-    EXPECT_EQ(desk_.undo.undo().has_value(), changed);
+    EXPECT_TRUE(desk_.undo.undo());
 
     ASSERT_EQ(desk_.everything(), before) << "step " << step;
     change();

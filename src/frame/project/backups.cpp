@@ -23,7 +23,16 @@ bool hasForm(std::string_view text, std::string_view form)
 
 bool isOfDay(std::string_view name) { return hasForm(name, kDay); }
 
-bool isName(std::string_view text) { return isOfDay(text) || hasForm(text, kMoment) || hasForm(text, kNumberedMoment); }
+/// The moment that a name tells; nothing for a text that is no name.
+std::optional<base::DateTime> momentOf(std::string_view text)
+{
+  if (isOfDay(text))
+    return base::parseDateTime(text);
+  if (!hasForm(text, kMoment) && !hasForm(text, kNumberedMoment))
+    return std::nullopt;
+  const auto day = text.substr(0, kDay.size()), time = text.substr(kDay.size() + 1);
+  return base::parseDateTime(base::format("{} {}:{}:{}", day, time.substr(0, 2), time.substr(2, 2), time.substr(4, 2)));
+}
 
 /// The text between the two ends; nothing for one that has other ends.
 std::string_view between(std::string_view text, std::string_view start, std::string_view end)
@@ -45,8 +54,7 @@ std::string Backups::nameOfDay(const base::DateTime& day) { return day.iso().sub
 
 std::string Backups::freeName(const base::DateTime& moment) const
 {
-  const std::string name =
-      base::format("{}-{:02}{:02}{:02}", nameOfDay(moment), moment.hour, moment.minute, moment.second);
+  const std::string name = base::format("{}-{:02}{:02}{:02}", nameOfDay(moment), moment.hour, moment.minute, moment.second);
   std::string numbered = name;
   constexpr int kMost = 99;
   for (int number = 2; files::fileExists(pathOf(numbered)) && number <= kMost; ++number)
@@ -54,16 +62,19 @@ std::string Backups::freeName(const base::DateTime& moment) const
   return numbered;
 }
 
-std::string Backups::pathOf(std::string_view name) const { return base::format("{}\\{}{}{}", directory_, prefix_, name, kEnding); }
+std::string Backups::pathOf(std::string_view name) const
+{
+  return base::format("{}\\{}{}{}", directory_, prefix_, name, kEnding);
+}
 
 std::vector<Backup> Backups::list() const
 {
   std::vector<Backup> out;
   for (const auto& file : files::fileNames(directory_))
-    if (const auto name = between(file, prefix_, kEnding); isName(name)) {
+    if (const auto name = between(file, prefix_, kEnding); const auto moment = momentOf(name)) {
       std::string path = directory_ + "\\" + file;
       const auto size = files::fileSize(path);
-      out.push_back({std::string(name), std::move(path), size});
+      out.push_back({std::string(name), *moment, isOfDay(name), std::move(path), size});
     }
   std::ranges::sort(out, std::ranges::greater(), &Backup::name);
   return out;
@@ -96,7 +107,7 @@ std::unique_ptr<files::FileLock> Backups::markOpen() const
 void Backups::removeOldest(std::string_view made) const
 {
   auto all = list();
-  std::erase_if(all, [&](const Backup& backup) { return isOfDay(backup.name) != isOfDay(made); });
+  std::erase_if(all, [&](const Backup& backup) { return backup.isOfDay != isOfDay(made); });
   // A clock that was wrong may have left names of days to come; what has just been made stays all the same.
   std::ranges::stable_partition(all, [&](const Backup& backup) { return backup.name == made; });
   for (std::size_t i = kKeptBackups; i < all.size(); ++i) {
@@ -111,7 +122,7 @@ void Backups::removeLeftOvers() const
     // "haus-2003-04-17.mdb.4711.tmp", of a process that may still be at it.
     const auto rest = between(file, prefix_, kUnfinished);
     const auto end = rest.find(kEnding);
-    if (end == std::string_view::npos || !isName(rest.substr(0, end)))
+    if (end == std::string_view::npos || !momentOf(rest.substr(0, end)))
       continue;
     const std::string path = directory_ + "\\" + file;
     try {

@@ -22,6 +22,9 @@ struct Backup {
   /// "2003-04-17" for the state of a day, "2003-04-17-090506" for one that was replaced at this time; where that is taken, with a
   /// number behind it. The order of names is the order in time.
   std::string name;
+  /// What the name says: midnight for the state of a day.
+  base::DateTime moment;
+  bool isOfDay = true;
   std::string path;
   /// Length in bytes.
   std::uintmax_t size = 0;
@@ -46,8 +49,9 @@ public:
   /// Pages of a backup; nothing for a file that cannot be read.
   static std::optional<std::size_t> pagesOf(const Backup& backup);
 
-  /// Tells other programs that the project is open, for as long as the mark lives: it is not replaced meanwhile. Nothing as long as
-  /// there is no directory, which has no backup that could replace it. Throws DatabaseLocked while the project is being replaced.
+  /// Tells other programs that the project is open, for as long as the mark lives: it is not replaced meanwhile. Nothing as long
+  /// as there is no directory, which has no backup that could replace it. Throws DatabaseLocked while the project is being
+  /// replaced.
   std::unique_ptr<files::FileLock> markOpen() const;
 
   /// Removes the oldest of those that are of one kind with `made`, which stays, and what killed programs left of theirs.
