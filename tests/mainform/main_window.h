@@ -296,6 +296,8 @@ struct MainWindow : Surroundings {
   {
     paths::SchreibeIni("LastFile", "File1", projectFile, files().iniFile());
     window.Form_Load();
+    // Beside what a test does then, the day's backup would come at any time.
+    window.project().finishBackup();
   }
 
   void click(const std::string& key) { window.treeMouse().TreeView1_MouseDown(key); }

@@ -214,7 +214,7 @@ bool PageCopy::step(int pages)
   case SQLITE_READONLY:
     target_.fail(code);
   default:
-    source_.fail(code);
+    (code == SQLITE_IOERR_WRITE ? target_ : source_).fail(code);
   }
 }
 
@@ -222,7 +222,9 @@ void PageCopy::Finish::operator()(sqlite3_backup* copy) const { sqlite3_backup_f
 
 void Connection::fail(int code) const
 {
-  const std::string reason = handle_ ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(code);
+  // What failed between two files is not known to either of them.
+  const bool isKnown = handle_ && sqlite3_errcode(handle_.get()) != SQLITE_OK;
+  const std::string reason = isKnown ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(code);
   switch (code & 0xFF) {
   case SQLITE_BUSY:
   case SQLITE_LOCKED:
