@@ -97,7 +97,7 @@ TEST_F(TreeUndoTest, keeps_a_page_that_is_new_and_not_yet_saved)
 
 TEST_F(TreeUndoTest, brings_back_which_nodes_were_open)
 {
-  tree.setExpanded("@01", true);
+  project.db().execute("UPDATE Seite SET expanded = TRUE WHERE ID = '01'");
   deletes("@01", 23);
 
   undoes();

@@ -35,8 +35,10 @@ class KilledBackups(OldFiles):
                               stdin=subprocess.DEVNULL, capture_output=True, timeout=60).returncode
 
     def number_of_calls(self, prepare, *arguments):
-        prepare()
-        self.assertEqual(self.killed(0, *arguments), 0)
+        # The first run also writes what the program remembers.
+        for _ in range(2):
+            prepare()
+            self.assertEqual(self.killed(0, *arguments), 0)
         return max(map(int, self.counts.read_text().split()))
 
     def at_every_call(self, prepare, *arguments):

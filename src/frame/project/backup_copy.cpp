@@ -84,7 +84,9 @@ void makeBackup(const Backups& backups, std::string_view name) { BackupCopy(back
 DailyBackup::DailyBackup(const Backups& backups, const base::DateTime& today)
 {
   const std::string name = Backups::nameOfDay(today);
-  if (!files::fileExists(backups.pathOf(name)))
+  if (files::fileExists(backups.pathOf(name)))
+    backups.removeLeftOvers();
+  else
     failure_ = failureOf([&] { begin(backups, name); });
   done_ = !thread_.joinable();
 }
