@@ -19,8 +19,8 @@ int main(int argc, char** argv)
   app.add_flag("--json", session.json, "Machine-readable results");
   app.require_subcommand(1);
   app.fallthrough();
-  for (const auto add :
-       {addNew, addPages, addPage, addSettings, addLayouts, addPictures, addGenerate, addPublish, addImport, addRestore, addPath, addIni})
+  for (const auto add : {addNew, addPages, addPage, addSettings, addLayouts, addPictures, addGenerate, addPublish, addImport,
+                         addRestore, addPath, addIni})
     add(app, session);
   try {
     const auto arguments = withTextAsItIs({argv, static_cast<std::size_t>(argc)});

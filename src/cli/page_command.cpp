@@ -165,7 +165,9 @@ void addPage(CLI::App& app, Session& session)
   auto* const page = app.add_subcommand("page", "Works on one page")->require_subcommand(1);
   const auto arguments = std::make_shared<PageArguments>();
 
-  addWork(*page, session, "show", "One page as JSON", showPage, arguments, mainform::Purpose::Reading)->add_option("ID", arguments->id)->required();
+  addWork(*page, session, "show", "One page as JSON", showPage, arguments, mainform::Purpose::Reading)
+      ->add_option("ID", arguments->id)
+      ->required();
 
   auto* const add = addWork(*page, session, "add", "A new child of a page; prints its id", addPageUnder, arguments);
   add->add_option("--under", arguments->under, "Id of the parent")->required()->type_name("ID");

@@ -60,8 +60,9 @@ ExitStatus restore(Session& session, const std::string& path, const std::string&
 
 void addRestore(CLI::App& app, Session& session)
 {
-  auto* const command = app.add_subcommand("restore", "Lists the backups of a project, date TAB pages TAB bytes, or puts one in its "
-                                                      "place and prints under which date the present state is kept");
+  auto* const command =
+      app.add_subcommand("restore", "Lists the backups of a project, date TAB pages TAB bytes, or puts one in its "
+                                    "place and prints under which date the present state is kept");
   const auto file = std::make_shared<std::string>(), date = std::make_shared<std::string>();
   command->add_option("FILE", *file)->required();
   command->add_option("DATE", *date, "The backup to restore, as it is listed");

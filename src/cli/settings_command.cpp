@@ -66,8 +66,7 @@ void addSettings(CLI::App& app, Session& session)
     session.run([&] {
       mainform::ProjectFrame mainform(session.program());
       const bool isForReading = std::ranges::none_of(*arguments, isAssignment);
-      if (!mainform.openProject(Session::path(*file),
-                                isForReading ? mainform::Purpose::Reading : mainform::Purpose::Working))
+      if (!mainform.openProject(Session::path(*file), isForReading ? mainform::Purpose::Reading : mainform::Purpose::Working))
         return ExitStatus::Failed;
       if (arguments->empty())
         listSettings(mainform.db(), session.json);

@@ -24,8 +24,8 @@ public:
   BackupCopy(const BackupCopy&) = delete;
   BackupCopy& operator=(const BackupCopy&) = delete;
 
-  /// Copies piece by piece, and all the rest at once as soon as `hurry` is set. May run on another thread than the constructor, for
-  /// it opens no file of the project. Throws base::Error, NotADatabase for a project that is damaged.
+  /// Copies piece by piece, and all the rest at once as soon as `hurry` is set. May run on another thread than the constructor,
+  /// for it opens no file of the project. Throws base::Error, NotADatabase for a project that is damaged.
   void complete(const std::atomic<bool>& hurry);
 
 private:

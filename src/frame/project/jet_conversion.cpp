@@ -11,7 +11,6 @@
 
 #include <unistd.h>
 
-
 namespace mrd::project {
 namespace {
 

@@ -107,8 +107,8 @@ public:
   std::string_view text(std::size_t column) const;
   bool isNull(std::size_t column) const;
 
-  /// The engine's number of the row under the cursor, which stays the same whatever is changed in the row. Throws NoCurrentRecord,
-  /// and EngineError where rows have none.
+  /// The engine's number of the row under the cursor, which stays the same whatever is changed in the row. Throws
+  /// NoCurrentRecord, and EngineError where rows have none.
   std::int64_t rowNumber() const;
 
   /// Column names of the rows, in their order.

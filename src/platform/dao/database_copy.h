@@ -8,8 +8,8 @@
 
 namespace mrd::dao {
 
-/// A copy of a database, as it is at one moment, into a file of its own. It is made piece by piece, so that those who work with the
-/// database can write meanwhile. Not on the disk for sure before the file is synced. One thread at a time.
+/// A copy of a database, as it is at one moment, into a file of its own. It is made piece by piece, so that those who work with
+/// the database can write meanwhile. Not on the disk for sure before the file is synced. One thread at a time.
 class DatabaseCopy {
 public:
   /// Opens the source for reading; `target` is missing or empty. Throws as Database::open does, and AccessDenied for the target.
@@ -33,12 +33,12 @@ private:
 /// Names of the files that the engine may put beside a database.
 std::vector<std::string> companionsOf(std::string_view path);
 
-/// Whether the file is a database whose structure is sound throughout. What keeps it from being read at all is thrown: FileNotFound,
-/// AccessDenied, DatabaseLocked.
+/// Whether the file is a database whose structure is sound throughout. What keeps it from being read at all is thrown:
+/// FileNotFound, AccessDenied, DatabaseLocked.
 bool isSound(std::string_view path);
 
-/// Brings what a killed program or a write-ahead log left beside a database into the file itself, so that the file alone is all of
-/// it. Throws as Database::open does, and DatabaseLocked where another program works with it.
+/// Brings what a killed program or a write-ahead log left beside a database into the file itself, so that the file alone is all
+/// of it. Throws as Database::open does, and DatabaseLocked where another program works with it.
 void mergeCompanions(std::string_view path);
 
 /// Removes the files beside a database in which the engine keeps what a killed program left open. Throws PathFileAccess.

@@ -113,7 +113,7 @@ bool Statement::isBlob(int column) const { return sqlite3_column_type(statement_
 std::string_view Statement::bytes(int column) const
 {
   const void* data = isBlob(column) ? sqlite3_column_blob(statement_.get(), column)
-                            : static_cast<const void*>(sqlite3_column_text(statement_.get(), column));
+                                    : static_cast<const void*>(sqlite3_column_text(statement_.get(), column));
   const int size = sqlite3_column_bytes(statement_.get(), column);
   return data == nullptr ? std::string_view() : std::string_view(static_cast<const char*>(data), static_cast<std::size_t>(size));
 }
@@ -195,8 +195,7 @@ void Connection::limitWork(int steps) const
 }
 
 PageCopy::PageCopy(const Connection& source, const Connection& target)
-    : source_(source), target_(target),
-      copy_(sqlite3_backup_init(target.handle_.get(), "main", source.handle_.get(), "main"))
+    : source_(source), target_(target), copy_(sqlite3_backup_init(target.handle_.get(), "main", source.handle_.get(), "main"))
 {
   if (!copy_)
     target_.fail(sqlite3_errcode(target_.handle_.get()));

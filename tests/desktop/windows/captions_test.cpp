@@ -190,7 +190,11 @@ TEST_P(Captions, of_the_dialogs_have_room_and_letters_of_their_own)
                             }
                             dialog.reject();
                           },
-                          lookAndLeave, lookAndLeave, lookAndLeave, lookAndLeave, lookAndLeave};
+                          lookAndLeave,
+                          lookAndLeave,
+                          lookAndLeave,
+                          lookAndLeave,
+                          lookAndLeave};
   desk.form().project().finishBackup();
   desk.action("HelpSub1_3").trigger();
   desk.action("HelpSub1_4").trigger();
