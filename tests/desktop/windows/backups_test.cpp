@@ -122,8 +122,12 @@ TEST_F(BackupWindows, undo_a_move)
 TEST_F(BackupWindows, undo_by_the_key_where_the_tree_has_the_keyboard)
 {
   deletePage("@02");
-  desk->tree().setFocus();
-  ASSERT_TRUE(comesTrue([&] { return desk->tree().hasFocus(); }));
+  // Where no window manager does it, the window has to ask for the keyboard after each box.
+  ASSERT_TRUE(comesTrue([&] {
+    desk->window().activateWindow();
+    desk->tree().setFocus();
+    return desk->tree().hasFocus();
+  }));
 
   QTest::keyClick(&desk->tree(), Qt::Key_Z, Qt::ControlModifier);
   desk->settle();
