@@ -34,6 +34,26 @@ std::optional<base::DateTime> momentOf(std::string_view text)
   return base::parseDateTime(base::format("{} {}:{}:{}", day, time.substr(0, 2), time.substr(2, 2), time.substr(4, 2)));
 }
 
+/// 0 for a file that is closed to the user.
+std::uintmax_t sizeOf(const std::string& path)
+{
+  try {
+    return files::fileSize(path);
+  } catch (const base::Error&) {
+    return 0;
+  }
+}
+
+void removeIfPossible(const std::string& path)
+{
+  try {
+    dao::removeCompanions(path);
+    files::removeLeftOver(path);
+  } catch (const base::Error&) {
+    // Nobody may remove it; what is there too long does no harm.
+  }
+}
+
 /// The text between the two ends; nothing for one that has other ends.
 std::string_view between(std::string_view text, std::string_view start, std::string_view end)
 {
@@ -73,7 +93,7 @@ std::vector<Backup> Backups::list() const
   for (const auto& file : files::fileNames(directory_))
     if (const auto name = between(file, prefix_, kEnding); const auto moment = momentOf(name)) {
       std::string path = directory_ + "\\" + file;
-      const auto size = files::fileSize(path);
+      const auto size = sizeOf(path);
       out.push_back({std::string(name), *moment, isOfDay(name), std::move(path), size});
     }
   std::ranges::sort(out, std::ranges::greater(), &Backup::name);
@@ -101,7 +121,14 @@ std::unique_ptr<files::FileLock> Backups::markOpen() const
 {
   if (!files::directoryExists(directory_))
     return nullptr;
-  return std::make_unique<files::FileLock>(directory_, files::FileLock::Kind::Shared);
+  try {
+    return std::make_unique<files::FileLock>(directory_, files::FileLock::Kind::Shared);
+  } catch (const base::Error& error) {
+    // Whoever may not look into the directory can work with the project all the same.
+    if (error.kind() == base::ErrorNumber::DatabaseLocked)
+      throw;
+    return nullptr;
+  }
 }
 
 void Backups::removeOldest(std::string_view made) const
@@ -110,10 +137,8 @@ void Backups::removeOldest(std::string_view made) const
   std::erase_if(all, [&](const Backup& backup) { return backup.isOfDay != isOfDay(made); });
   // A clock that was wrong may have left names of days to come; what has just been made stays all the same.
   std::ranges::stable_partition(all, [&](const Backup& backup) { return backup.name == made; });
-  for (std::size_t i = kKeptBackups; i < all.size(); ++i) {
-    dao::removeCompanions(all[i].path);
-    files::removeLeftOver(all[i].path);
-  }
+  for (std::size_t i = kKeptBackups; i < all.size(); ++i)
+    removeIfPossible(all[i].path);
 }
 
 void Backups::removeLeftOvers() const
@@ -127,10 +152,9 @@ void Backups::removeLeftOvers() const
     const std::string path = directory_ + "\\" + file;
     try {
       const files::FileLock lock(path);
-      dao::removeCompanions(path);
-      files::removeLeftOver(path);
+      removeIfPossible(path);
     } catch (const base::Error&) {
-      // Another program has it. Or nobody may remove it, and then it does no harm either.
+      // Another program is still at it.
     }
   }
 }
