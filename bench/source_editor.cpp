@@ -2,9 +2,12 @@
 // replacement with the search that follows it, and of a typed letter; then those of the toolkit's plain field for showing and
 // typing.
 //
-//   source_editor [MEGABYTES]
+//   source_editor [MEGABYTES [one-line]]
+//
+// "one-line" leaves out all line ends, as many programs write their pages.
 
 #include "base/format.h"
+#include "base/text.h"
 #include "desktop/controls/html_source.h"
 #include "editor/search_replace.h"
 #include "frame/messages/messages.h"
@@ -84,7 +87,9 @@ int main(int argc, char** argv)
 {
   QApplication application(argc, argv);
   const std::size_t megabytes = argc > 1 ? static_cast<std::size_t>(std::atoi(argv[1])) : 5;
-  const std::string text = page(megabytes * 1000 * 1000);
+  std::string text = page(megabytes * 1000 * 1000);
+  if (argc > 2)
+    text = base::replaceAll(text, base::kCrLf, "");
   SilentUi silent;
   const paths::ProgramFiles files(files::systemPath("."));
   messages::Language language(files, silent);

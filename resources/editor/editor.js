@@ -499,13 +499,21 @@
 
   function liftOut(block, parent) {
     const rest = parent.cloneNode(false);
-    rest.removeAttribute("id");
+    parent.after(rest);
     while (block.nextSibling)
       rest.append(block.nextSibling);
-    parent.after(block, rest);
-    for (const half of [parent, rest])
-      if (isEmpty(half))
-        half.remove();
+    parent.after(block);
+    keepWhatIsLeft(parent, rest);
+  }
+
+  /// Of the halves of an element those that hold something stay, and one of them with its name.
+  function keepWhatIsLeft(first, second) {
+    if (isEmpty(first))
+      first.remove();
+    else
+      second.removeAttribute("id");
+    if (isEmpty(second))
+      second.remove();
   }
 
   const isEmpty = element => element.textContent.trim() === "" && !element.querySelector("img,hr,input,table,object,br");
@@ -514,14 +522,12 @@
   function splitAtCursor(element) {
     const range = rangeOfSelection();
     range.setEndAfter(element);
-    const rest = range.extractContents();
+    // A copy, because what moves outside of the body is seen by no observer, and would be missing when the step is done again.
+    const second = range.extractContents().firstElementChild.cloneNode(true);
     const place = document.createRange();
     place.setStartAfter(element);
-    const second = rest.firstElementChild;
-    element.after(rest);
-    for (const half of [element, second])
-      if (half && isEmpty(half))
-        half.remove();
+    element.after(second);
+    keepWhatIsLeft(element, second);
     return place;
   }
 
@@ -576,24 +582,43 @@
   const kKeptStyles = ["font-weight", "font-style", "text-decoration", "text-align", "vertical-align", "color",
                        "background-color", "width", "height"];
   const kNoStyle = /^(windowtext|black|initial|inherit|transparent|normal|none|auto|baseline|start|#000000|rgb\(0, 0, 0\))$/;
-  const kNeverPasted = "script,style,meta,link,title,base,head,xml,noscript,object,embed,iframe,applet";
+  /// Old browsers run programs from styles, and any of them fetches from elsewhere.
+  const kNoValue = /url\s*\(|expression|script:|\\|\/\*/i;
+  const kNeverPasted = "script,style,meta,link,title,base,head,xml,noscript,noframes,noembed,object,embed,applet,param,iframe," +
+                       "frame,frameset,template,plaintext,svg,math,:not(video):not(audio) > source";
 
   /// Of styles from elsewhere only what the author meant stays; typefaces and distances are the site's own.
   function keptStyle(text) {
     return text.split(";")
-        .map(rule => rule.split(/:(.*)/, 2).map(part => part.trim()))
-        .filter(([name, value]) => value && kKeptStyles.includes(name.toLowerCase()) && !kNoStyle.test(value.toLowerCase()))
+        .map(rule => rule.split(/:(.*)/s, 2).map(part => part.trim()))
+        .filter(([name, value]) => value && kKeptStyles.includes(name.toLowerCase()) && !kNoStyle.test(value.toLowerCase()) &&
+                                   !kNoValue.test(value))
         .map(([name, value]) => `${name.toLowerCase()}: ${value}`)
         .join("; ");
   }
 
-  const kProgram = /^[\s\0-\x1f]*(javascript|vbscript|livescript)\s*:/i;
+  /// What authors of pages write. All others are a program's: its own marks, what it does on a click, pictures for other screens.
+  const kKeptAttributes = new Set((
+      "abbr,accept,action,align,alt,axis,background,behavior,bgcolor,border,bordercolor,cellpadding,cellspacing,char,charoff," +
+      "charset,checked,cite,clear,color,cols,colspan,compact,controls,coords,datetime,dir,direction,disabled,enctype,face,for,frame," +
+      "headers,height,href,hreflang,hspace,ismap,label,loop,maxlength,method,multiple,name,nohref,noshade,nowrap,poster,readonly," +
+      "rel,rev,rows,rowspan,rules,scope,scrollamount,scrolldelay,selected,shape,size,span,src,start,style,summary,target,title," +
+      "type,usemap,valign,value,vspace,width,wrap").split(","));
+  const kReferences = /^(href|src|action|background|cite|poster|usemap)$/;
+  const kProgram = /^(javascript|vbscript|livescript|jscript|data(?!:image\/)):/i;
+  const kPictureInLink = /^data:/i;
+
+  /// Browsers pass over blanks and line ends wherever they stand in a scheme.
+  function isProgram(name, value) {
+    const reference = value.replace(/[\s\0-\x1f]+/g, "");
+    return kReferences.test(name) && (kProgram.test(reference) || (name === "href" && kPictureInLink.test(reference)));
+  }
 
   function cleanAttributes(element) {
     for (const { name, value } of [...element.attributes]) {
       const style = name === "style" ? keptStyle(value) : "";
-      const goes = /^on|:|^xml|^lang$|^data-|^contenteditable$/i.test(name) || /^(class|id|srcset|sizes|loading)$/i.test(name) ||
-                   (name === "style" && !style) || (/^(href|src|action|background)$/i.test(name) && kProgram.test(value)) || (element.tagName === "FONT" && /^(face|size)$/.test(name));
+      const goes = !kKeptAttributes.has(name) || isProgram(name, value) || (name === "style" && !style) ||
+                   (element.tagName === "FONT" && /^(face|size)$/.test(name));
       if (goes)
         element.removeAttribute(name);
       else if (style)
@@ -669,7 +694,7 @@
       const tag = element.tagName.toLowerCase();
       if (element.matches(kNeverPasted) || (tag === "img" && isLostPicture(element)))
         element.remove();
-      else if (tag.includes(":"))
+      else if (element instanceof HTMLUnknownElement || /[:-]|^picture$/.test(tag))
         unwrap(element);
       else
         cleanAttributes(element);
@@ -688,8 +713,15 @@
   /// What was copied here last: it comes back as it was, with all that would be taken out of a text from elsewhere.
   let copied = null;
 
+  /// On its way through the clipboard a text may get a frame and other line ends.
+  const plain = text => text.replace(/\r\n?/g, "\n");
+  const unframed = html => plain(html).replace(/^[^]*<!--StartFragment-->|<!--EndFragment-->[^]*$/g, "")
+                               .replace(/^(<\/?(html|head|body|meta)\b[^>]*>|\s)+|(<\/(body|html)>|\s)+$/gi, "");
+  const isCopiedHere = (html, text) =>
+      copied && plain(copied.text) === plain(text) && unframed(copied.html) === unframed(html);
+
   function fragmentToPaste(html, text) {
-    if (copied && copied.text === text.replace(/\r\n/g, "\n"))
+    if (isCopiedHere(html, text))
       return fragmentOf(copied.html);
     if (html) {
       const parsed = new DOMParser().parseFromString(html, "text/html");
@@ -702,19 +734,22 @@
 
   const textFragment = text => fragmentOf(escapeHtml(text).replace(/\r\n?|\n/g, "<br>"));
 
-  function paste(html, text) {
-    return edit(() => {
-      insertFragment(fragmentToPaste(html, text));
-      return true;
-    });
+  /// Of what holds nothing the selection must not be the price.
+  const pasteFragment = fragment => fragment.hasChildNodes() && edit(() => (insertFragment(fragment), true));
+
+  const paste = (html, text) => pasteFragment(fragmentToPaste(html, text));
+
+  const kManyTags = 1000;
+
+  /// A text of many tags may nest them deeper than the engine can bear: the desktop looks at it first, and pastes it then.
+  function pasteFromElsewhere(html, text) {
+    if ((html.match(/<[a-z]/gi) ?? []).length > kManyTags)
+      note("pasteHtml", html, text);
+    else
+      paste(html, text);
   }
 
-  function pasteText(text) {
-    return edit(() => {
-      insertFragment(textFragment(text));
-      return true;
-    });
-  }
+  const pasteText = text => pasteFragment(textFragment(text));
 
   function copySelection() {
     if (selection.isCollapsed)
@@ -823,9 +858,11 @@
       removeEmptyStyle(element);
     } else {
       const { left, top } = element.getBoundingClientRect();
-      style.position = "absolute";
-      style.left = `${overlay.onGrid(left + window.scrollX)}px`;
-      style.top = `${overlay.onGrid(top + window.scrollY)}px`;
+      // Its place is counted from the positioned element that it stands in, and from outside of its margins.
+      Object.assign(style, { position: "absolute", left: "0px", top: "0px" });
+      const start = element.getBoundingClientRect();
+      style.left = `${Math.round(overlay.onGrid(left + window.scrollX) - start.left - window.scrollX)}px`;
+      style.top = `${Math.round(overlay.onGrid(top + window.scrollY) - start.top - window.scrollY)}px`;
     }
   }
 
@@ -872,8 +909,9 @@
     const renamed = document.createElement(tag);
     for (const { name, value } of element.attributes)
       renamed.setAttribute(name, value);
+    element.before(renamed);
     renamed.append(...element.childNodes);
-    element.replaceWith(renamed);
+    element.remove();
     restoreSelection(saved);
   }
 
@@ -1277,7 +1315,26 @@
     if (hasPicture && !/\S/.test(text))
       note("pastePicture");
     else
-      paste(html, text);
+      pasteFromElsewhere(html, text);
+  }
+
+  /// A part of the page itself is on its way to another place.
+  let dragsOwn = false;
+
+  /// What comes from other programs is cleaned as if it were pasted; the engine only moves what is the page's own.
+  function onDrop(event) {
+    const moves = dragsOwn;
+    dragsOwn = false;
+    const { dataTransfer, clientX, clientY } = event;
+    const isFile = dataTransfer.types.includes("Files");
+    if (moves && !isFile)
+      return;
+    event.preventDefault();
+    const place = isFile ? null : document.caretRangeFromPoint(clientX, clientY);
+    if (!place || !body.contains(place.startContainer))
+      return;
+    selection.collapse(place.startContainer, place.startOffset);
+    pasteFromElsewhere(dataTransfer.getData("text/html"), dataTransfer.getData("text/plain"));
   }
 
   function onContextMenu(event) {
@@ -1310,9 +1367,13 @@
   listen("cut", event => { if (setClipboard(event)) edit(deleteSelection); });
   listen("paste", onPaste);
   listen("contextmenu", onContextMenu);
+  // What has a place of its own is moved by its frame, and stays where it is locked.
+  listen("dragstart", event => { if (event.target.nodeType === Node.ELEMENT_NODE && isAbsolute(event.target)) event.preventDefault(); });
+  listen("dragstart", event => { dragsOwn = !event.defaultPrevented; });
+  listen("dragend", () => { dragsOwn = false; });
   // A file that is dropped would be opened in place of the page.
   listen("dragover", event => { if (event.dataTransfer.types.includes("Files")) event.preventDefault(); });
-  listen("drop", event => { if (event.dataTransfer.types.includes("Files")) event.preventDefault(); });
+  listen("drop", onDrop);
 
   document.designMode = "on";
   document.execCommand("styleWithCSS", false, "false");

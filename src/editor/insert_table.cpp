@@ -2,7 +2,10 @@
 
 #include "base/text.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <limits>
 #include <optional>
 
 namespace mrd::editor {
@@ -10,14 +13,15 @@ namespace {
 
 constexpr int kMessageNoNumber = 43, kMessageRefused = 44;
 
-/// A whole number above 0; nothing for any other text.
+/// A number above 0, rounded to what rows and columns can be, even where that is 0; nothing for any other text.
 std::optional<int> countOf(const std::string& text)
 {
-  const std::string number = base::trim(text);
-  int count = 0;
-  const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), count);
-  const bool isWhole = error == std::errc() && end == number.data() + number.size();
-  return isWhole && count > 0 ? std::optional(count) : std::nullopt;
+  constexpr double kMost = std::numeric_limits<int>::max();
+  const std::string digits = base::replaceAll(base::trim(text), ",", ".");
+  double number = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  const bool isNumber = error == std::errc() && end == digits.data() + digits.size() && std::isfinite(number);
+  return isNumber && number > 0 ? std::optional(static_cast<int>(std::min(std::nearbyint(number), kMost))) : std::nullopt;
 }
 
 } // namespace

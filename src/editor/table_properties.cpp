@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <vector>
 
 namespace mrd::editor {
 namespace {
@@ -44,14 +45,17 @@ void FrmTabelleneigenschaften::Form_Load(ui::WindowControls& controls)
 
 void FrmTabelleneigenschaften::EigenschaftenErmitteln(const ui::PageElement& element)
 {
+  std::vector<clsTag*> wanted{&cell_, &row_, &table_};
   for (std::optional<ui::PageElement> at = element; at; at = at->parentElement()) {
     const std::string name = base::lower(at->tagName());
     // "hmtl" is no element at all: the walk ends at the body.
     if (name == "body" || name == "hmtl")
       break;
-    for (clsTag* const tag : {&cell_, &row_, &table_})
-      if (name == tag->TagName && !tag->Element())
-        tag->AttributeErmitteln(*at);
+    const auto found = std::ranges::find(wanted, name, &clsTag::TagName);
+    if (found == wanted.end())
+      continue;
+    (*found)->AttributeErmitteln(*at);
+    wanted.erase(found);
   }
 }
 

@@ -10,7 +10,6 @@
 #include "editor/table_properties.h"
 #include "generator/page_index.h"
 #include "pictures/file_scan.h"
-#include "platform/html/document.h"
 #include "platform/ui/editing_commands.h"
 
 #include <algorithm>
@@ -300,7 +299,8 @@ void EditorCommands::marquee()
     language().GetMsg(kMessageNoSelection);
     return;
   }
-  if (surface().pasteHtml("<marquee>" + html::escapeText(text) + "</marquee>"))
+  // As it reads, not as it is written: who shows the text of a tag gets the tag.
+  if (surface().pasteHtml("<marquee>" + text + "</marquee>"))
     parts_.pages.changed();
 }
 

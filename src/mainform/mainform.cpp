@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::string_view kName = "Mainform";
 constexpr int kMessageChoosePage = 2, kMessageSaveChanges = 3, kMessageNoProject = 24, kMessageNoFile = 109,
-              kMessagePictureRefused = 110, kMessageSurfaceRestored = 115;
+              kMessagePictureRefused = 110, kMessageSurfaceRestored = 115, kMessagePasteLost = 171;
 constexpr std::string_view kPanelPrefix = "ID:@";
 /// Pages of the assistant.
 constexpr int kGreeting = 0, kFields = 1;
@@ -86,6 +86,8 @@ ui::SurfaceEvents Mainform::surfaceEvents()
   events.showContextMenu = [this](int x, int y) { command("ShowContextMenu", [&] { editor_.ShowContextMenu(x, y); }); };
   events.contextMenuAction = [this](int index) { command("ContextMenuAction", [&] { editor_.ContextMenuAction(index); }); };
   events.storePicture = [this](std::string_view bytes, std::string_view mimeType) { return storePicture(bytes, mimeType); };
+  events.atWork = [this] { return pages_.isBusy(); };
+  events.pasteLost = [this] { program_.language.GetMsg(kMessagePasteLost); };
   events.restored = [this] { program_.language.GetMsg(kMessageSurfaceRestored); };
   return events;
 }

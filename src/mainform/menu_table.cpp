@@ -47,7 +47,7 @@ constexpr std::array kMenuEntries{
     MenuEntry{"pix", "pixsub", 2, "mehrere Bilder auf dieser Seite einfügen"},
     MenuEntry{"pix", "pixsub", 3, "Thumbnails/Vorschaubilder erstellen"},
     MenuEntry{"pix", "pixsub", 4, "alle Vorschaubilder neu erstellen"},
-    MenuEntry{"pix", "mnupixSchatten", {}, "Schatten für alle Bilder der Seite"},
+    MenuEntry{"pix", "mnupixSchatten", {}, "erzeuge Schatten für Bilder der Seite"},
 
     MenuEntry{"", "net", {}, "&net"},
     MenuEntry{"net", "NetSub", 0, "move pages to Internet"},

@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+#include <limits>
+
 namespace mrd::editor {
 namespace {
 
@@ -76,7 +78,7 @@ TEST_F(InsertTable, puts_the_table_at_the_cursor_and_closes)
 TEST_F(InsertTable, stays_with_numbers_that_are_none)
 {
   watched(form);
-  for (const auto* const number : {"", "0", "-1", "zwei", "2.5", "1e3", "99999999999999999999", "3x"}) {
+  for (const auto* const number : {"", " ", "0", "-1", "-0,5", "zwei", "3x", "1 2", "nan", "inf", "0x3"}) {
     form.Rows = number;
     form.Cols = "2";
     program.ui.expect(43);
@@ -89,6 +91,19 @@ TEST_F(InsertTable, stays_with_numbers_that_are_none)
 
   EXPECT_TRUE(surface.tables.empty());
   EXPECT_EQ(closed, 0);
+}
+
+TEST_F(InsertTable, takes_every_number_above_nothing_and_leaves_it_to_the_surface_what_is_too_many)
+{
+  for (const auto* const number : {"2.5", "2,5", "0.3", "1e3", "99999999999999999999"}) {
+    form.Rows = number;
+    form.OkCmd_Click();
+  }
+
+  std::vector<int> rows;
+  for (const auto& table : surface.tables)
+    rows.push_back(table.rows);
+  EXPECT_THAT(rows, testing::ElementsAre(2, 2, 0, 1000, std::numeric_limits<int>::max()));
 }
 
 TEST_F(InsertTable, tells_that_the_surface_refused_and_closes)

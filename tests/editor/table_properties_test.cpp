@@ -61,6 +61,16 @@ TEST_F(TableProperties, of_a_nested_table_are_those_of_the_nearest_cell_row_and_
   EXPECT_EQ(form.tb_td_width, "100");
 }
 
+TEST_F(TableProperties, are_read_anew_for_another_element)
+{
+  at("<table border=1><tbody><tr><td width=10 id=x>a</td></tr></tbody></table>"
+     "<table border=2><tbody><tr><td width=20 id=y>b</td></tr></tbody></table>");
+
+  form.EigenschaftenErmitteln(surface.byId("y"));
+
+  EXPECT_EQ(form.tb_table_border + " " + form.tb_td_width, "2 20");
+}
+
 TEST_F(TableProperties, outside_of_a_table_are_empty_and_write_nothing)
 {
   at(kTable, "p");

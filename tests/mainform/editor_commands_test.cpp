@@ -154,11 +154,11 @@ TEST_F(EditorCommandsTest, insert_html_as_it_was_written)
 
 TEST_F(EditorCommandsTest, make_a_marquee_of_the_selected_text)
 {
-  surface.markedText = "A & B";
+  surface.markedText = "A & B <i>C</i>";
 
   menu("InsertSub1", 4);
 
-  EXPECT_THAT(surface.pasted, ElementsAre("<marquee>A &amp; B</marquee>"));
+  EXPECT_THAT(surface.pasted, ElementsAre("<marquee>A & B <i>C</i></marquee>"));
   EXPECT_TRUE(window.pages().PageDirty());
 }
 

@@ -187,6 +187,25 @@ TEST_F(ToolsTest, refuse_a_pasted_thing_that_no_page_shows)
   EXPECT_EQ(surface.events.storePicture("x", "image/tiff"), std::nullopt);
 }
 
+TEST_F(ToolsTest, let_what_is_pasted_wait_while_a_page_is_on_its_way)
+{
+  bool wasAtWork = false;
+  surface.busyFor = 2;
+  surface.whenLoaded = [&] { wasAtWork = surface.events.atWork(); };
+
+  click("@02");
+
+  EXPECT_TRUE(wasAtWork);
+  EXPECT_FALSE(surface.events.atWork());
+}
+
+TEST_F(ToolsTest, tell_that_something_was_pasted_whose_page_is_gone)
+{
+  ui.expect(171);
+
+  surface.events.pasteLost();
+}
+
 TEST(Menus, name_each_entry_once)
 {
   std::set<std::string> names;

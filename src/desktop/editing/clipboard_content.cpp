@@ -47,6 +47,18 @@ ClipboardContent clipboardContent()
   return content;
 }
 
+bool clipboardHasContent()
+{
+  const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+  return data != nullptr && (data->hasText() || data->hasHtml() || data->hasImage());
+}
+
+bool clipboardHasText()
+{
+  const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+  return data != nullptr && data->hasText();
+}
+
 void setClipboardContent(const QString& html, const QString& text)
 {
   auto data = std::make_unique<QMimeData>();

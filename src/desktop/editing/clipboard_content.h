@@ -21,6 +21,9 @@ struct ClipboardContent {
 };
 
 ClipboardContent clipboardContent();
+/// Whether there is something that a page can take, and whether that has a text.
+bool clipboardHasContent();
+bool clipboardHasText();
 void setClipboardContent(const QString& html, const QString& text);
 
 } // namespace mrd::desktop

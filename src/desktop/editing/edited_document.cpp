@@ -22,6 +22,8 @@ constexpr int kDisplayDelayMs = 30;
 constexpr int kLoadMs = 15000;
 /// Keys on a busy machine take no longer than this to the page.
 constexpr int kKeysMs = 300;
+/// Whether the owner is still at work is asked this often.
+constexpr int kAtWorkMs = 50;
 /// A page that ends its process so often in a row is not shown any more.
 constexpr int kMaxBreakdowns = 5;
 constexpr int kHealthyMs = 10000;
@@ -81,8 +83,11 @@ void EditedDocument::connectNotes()
   notes_.onPastePicture = [this] {
     later([this] {
       if (const auto picture = clipboardContent().picture)
-        pastePicture(*picture);
+        whenFree([=, this] { pastePicture(*picture); }, documents_);
     });
+  };
+  notes_.onPasteHtml = [this](const QString& html, const QString& text) {
+    later([=, this] { whenFree([=, this] { pasteHtml(html, text); }, documents_); });
   };
   notes_.onContextMenu = [this](int x, int y, const QVariantMap& state) {
     later([=, this] {
@@ -116,6 +121,7 @@ void EditedDocument::startLoading()
 
 void EditedDocument::load(std::string_view html)
 {
+  ++documents_;
   body_ = base::toCrLf(withBoundedDepth(html));
   show();
 }
@@ -328,8 +334,10 @@ bool EditedDocument::chooseFont()
   const auto font = prompts.font({value(command::kGetFontName), value(command::kGetFontSize)});
   if (!font)
     return false;
+  ask("beginStep");
   const bool hasName = !font->name.empty() && run(command::kSetFontName, qtText(font->name));
   const bool hasSize = !font->size.empty() && run(command::kSetFontSize, qtText(font->size));
+  ask("endStep");
   return hasName || hasSize;
 }
 
@@ -396,15 +404,29 @@ bool EditedDocument::paste()
   const auto content = clipboardContent();
   if (content.picture)
     return pastePicture(*content.picture);
-  if (content.html.isEmpty() && content.text.isEmpty())
-    return false;
-  return ask("paste", {qtText(withBoundedDepth(content.html.toStdString())), content.text}).value_or(false).toBool();
+  return (!content.html.isEmpty() || !content.text.isEmpty()) && pasteHtml(content.html, content.text);
+}
+
+bool EditedDocument::pasteHtml(const QString& html, const QString& text)
+{
+  return ask("paste", {qtText(withBoundedDepth(html.toStdString())), text}).value_or(false).toBool();
 }
 
 bool EditedDocument::pasteText()
 {
   const QString text = clipboardContent().text;
   return !text.isEmpty() && ask("pasteText", {text}).value_or(false).toBool();
+}
+
+/// The user's key may have come right before a save, and that must not cost him what he pasted.
+void EditedDocument::whenFree(const std::function<void()>& paste, int document)
+{
+  if (events.atWork())
+    QTimer::singleShot(kAtWorkMs, &view, [=, this] { whenFree(paste, document); });
+  else if (document != documents_)
+    events.pasteLost();
+  else
+    paste();
 }
 
 bool EditedDocument::pastePicture(const ClipboardPicture& picture)

@@ -63,6 +63,8 @@ public:
 private:
   bool askForLink();
   bool askForPicture();
+  void whenFree(const std::function<void()>& paste, int document);
+  bool pasteHtml(const QString& html, const QString& text);
   void connectNotes();
   void later(std::function<void()> work);
   void openPage();
@@ -99,6 +101,8 @@ private:
   bool ready_ = false;
   /// What is not answered yet of an older load is of no interest.
   int loads_ = 0;
+  /// Counts the documents that were loaded.
+  int documents_ = 0;
   bool restoring_ = false;
   int breakdowns_ = 0;
   QElapsedTimer sinceBreakdown_;

@@ -25,11 +25,13 @@ public:
   std::function<void(int version)> onChanged;
   std::function<void()> onDisplay;
   std::function<void()> onPastePicture;
+  std::function<void(const QString& html, const QString& text)> onPasteHtml;
   std::function<void(int x, int y, const QVariantMap& display)> onContextMenu;
 
   Q_INVOKABLE void changed(int version) { onChanged(version); }
   Q_INVOKABLE void display() { onDisplay(); }
   Q_INVOKABLE void pastePicture() { onPastePicture(); }
+  Q_INVOKABLE void pasteHtml(const QString& html, const QString& text) { onPasteHtml(html, text); }
   Q_INVOKABLE void contextMenu(int x, int y, const QVariantMap& display) { onContextMenu(x, y, display); }
 };
 

@@ -1,6 +1,7 @@
 #include "desktop/editing/web_editing_surface.h"
 
 #include "desktop/editing/block_format_names.h"
+#include "desktop/editing/clipboard_content.h"
 #include "desktop/editing/deep_nesting.h"
 #include "desktop/editing/edited_document.h"
 #include "platform/html/document.h"
@@ -209,6 +210,9 @@ bool WebEditingSurface::execCommand(int command, ui::Prompt prompt, std::string_
 
 int WebEditingSurface::queryStatus(int command) const
 {
+  // The script sees the clipboard only while something is pasted.
+  if ((command == command::kPaste && !clipboardHasContent()) || (command == command::kPasteText && !clipboardHasText()))
+    return command::kDisabled;
   return document_->display["status"].toMap().value(QString::number(command), command::kNotSupported).toInt();
 }
 

@@ -25,6 +25,10 @@ struct SurfaceEvents {
   /// A picture was pasted: keeps its bytes, and answers with the reference under which the page shows it, or nothing to refuse.
   std::function<std::optional<std::string>(std::string_view bytes, std::string_view mimeType)> storePicture =
       [](std::string_view, std::string_view) { return std::nullopt; };
+  /// The owner is at work on the page: what is pasted meanwhile by the keyboard may wait for the end of it.
+  std::function<bool()> atWork = [] { return false; };
+  /// Something has waited until its page was no longer there.
+  std::function<void()> pasteLost = [] {};
   /// The surface had broken down and shows the document again as it last knew it; the selection and what could be undone are
   /// lost.
   std::function<void()> restored = [] {};

@@ -1,5 +1,7 @@
 #include "base/text.h"
 #include "desktop/controls/html_source.h"
+#include "editor/search_replace.h"
+#include "support/test_program.h"
 
 #include <QApplication>
 #include <QPalette>
@@ -117,6 +119,49 @@ TEST(Source, finds_whatever_the_case_and_replaces_so_that_it_can_be_undone)
   shown.field.run(ui::EditAction::Undo);
 
   EXPECT_EQ(shown.field.source(), "GRÜSSE\r\ngrüße Grüsse");
+}
+
+TEST(Source, of_five_megabytes_is_searched_around_and_replaced_hit_by_hit)
+{
+  constexpr int kLines = 75'000, kFirst = 10, kSecond = 40'000, kLast = kLines - 1;
+  const auto page = [&](const std::string& first, const std::string& second, const std::string& last) {
+    std::string text;
+    for (int line = 0; line < kLines; ++line)
+      text += "<p>Zeile mit " +
+              (line == kFirst    ? first
+               : line == kSecond ? second
+               : line == kLast   ? last
+                                 : std::string("Ärmeln")) +
+              ", Öl und Füßen; und so geht es immer weiter</p>\r\n";
+    return text;
+  };
+  const std::string text = page("ÄRGER", "ärger", "Ärger");
+  ASSERT_GT(text.size(), 5'000'000U);
+  ShownSource shown(text);
+  support::TestProgram program;
+  int changes = 0;
+  editor::FormSuchenErsetzen form(program.language, shown.field,
+                                  {[] { return editor::FormSuchenErsetzen::Top::Source; }, [] {}, [&] { ++changes; }});
+  form.tbsuchen = "ärGER";
+  form.tbersetzen = "Ärger mit Öl";
+  // From behind the second hit: on to the last, and around to the first.
+  shown.field.select({shown.field.find("ärger", 1'000'000)->end(), 0});
+  form.cbersetzen_Click();
+  EXPECT_EQ(shown.field.selectedText(), "Ärger");
+  form.cbersetzen_Click();
+  EXPECT_EQ(shown.field.selectedText(), "ÄRGER");
+  form.cbersetzen_Click();
+  EXPECT_EQ(shown.field.selectedText(), "ärger");
+  form.cbersetzen_Click();
+
+  EXPECT_EQ(changes, 3);
+  EXPECT_TRUE(shown.field.source() == page("Ärger mit Öl", "Ärger mit Öl", "Ärger mit Öl"));
+  for (int i = 0; i < 3; ++i)
+    shown.field.run(ui::EditAction::Undo);
+  EXPECT_TRUE(shown.field.source() == text);
+  form.tbsuchen = "steht nirgends";
+  program.ui.expect(27);
+  form.cbsuchen_Click();
 }
 
 TEST(Source, tells_what_can_be_done)

@@ -1,6 +1,10 @@
 #include "desktop/editing/shown_surface.h"
 #include "platform/ui/editing_commands.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QImage>
+
 #include <gmock/gmock.h>
 
 namespace mrd::desktop {
@@ -143,6 +147,7 @@ TEST(Status, of_every_command_is_below_three_or_tells_that_it_can_be_run)
 
 TEST(Status, of_cut_and_copy_wants_selected_text)
 {
+  QGuiApplication::clipboard()->setText("x");
   ShownSurface surface;
   surface.load("<p>Text</p>");
 
@@ -155,6 +160,27 @@ TEST(Status, of_cut_and_copy_wants_selected_text)
 
   EXPECT_EQ(surface.status(kCut), kEnabled);
   EXPECT_EQ(surface.status(kCopy), kEnabled);
+}
+
+TEST(Status, of_paste_wants_something_in_the_clipboard)
+{
+  ShownSurface surface;
+  surface.load("<p>Text</p>");
+  surface.placeCursor("p", 2);
+  surface.waitForDisplay();
+
+  QGuiApplication::clipboard()->clear();
+  EXPECT_EQ(surface.queryStatus(kPaste), kDisabled);
+  EXPECT_EQ(surface.queryStatus(kPasteText), kDisabled);
+  QImage picture(2, 2, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  QGuiApplication::clipboard()->setImage(picture);
+  EXPECT_EQ(surface.queryStatus(kPaste), kEnabled);
+  EXPECT_EQ(surface.queryStatus(kPasteText), kDisabled);
+  QGuiApplication::clipboard()->setText("x");
+
+  EXPECT_EQ(surface.queryStatus(kPaste), kEnabled);
+  EXPECT_EQ(surface.queryStatus(kPasteText), kEnabled);
 }
 
 TEST(Status, of_table_commands_wants_the_cursor_in_a_table)
@@ -405,6 +431,24 @@ TEST(Positioning, makes_an_element_absolute_where_it_stands_and_back)
   surface.execCommand(kAbsolutePosition);
 
   EXPECT_EQ(surface.bodyInnerHtml(), "<p>Text<img src=\"x.jpg\" width=\"10\" height=\"10\"></p>");
+}
+
+TEST(Positioning, leaves_an_element_with_margins_inside_of_a_positioned_one_where_it_stands)
+{
+  ShownSurface surface;
+  surface.load(
+      "<div style=\"position: absolute; left: 100px; top: 50px;\"><img id=\"i\" width=\"20\" height=\"20\" src=\"x.jpg\" "
+      "style=\"margin: 7px;\"></div>");
+  const auto place = [&] {
+    return surface.textInDocument("(() => { const r = document.getElementById('i').getBoundingClientRect(); "
+                                  "return Math.round(r.left) + ' ' + Math.round(r.top); })()");
+  };
+  const std::string before = place();
+  surface.selectElement("#i");
+
+  surface.execCommand(kAbsolutePosition);
+
+  EXPECT_EQ(place(), before);
 }
 
 TEST(Layers, are_ordered_by_the_commands_for_them)

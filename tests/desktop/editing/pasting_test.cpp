@@ -114,6 +114,154 @@ TEST(PastedHtml, from_elsewhere_brings_no_scripts)
   EXPECT_EQ(surface.bodyInnerHtml(), "<p>Text<b>x</b><img src=\"http://127.0.0.1:1/x.jpg\"></p>");
 }
 
+/// Something from elsewhere, and what of it comes into an empty paragraph.
+struct Foreign {
+  const char* name;
+  const char* html;
+  const char* pasted;
+};
+
+void PrintTo(const Foreign& foreign, std::ostream* out) { *out << foreign.name; }
+
+class ForeignHtml : public testing::TestWithParam<Foreign> {};
+
+TEST_P(ForeignHtml, is_cleaned)
+{
+  ShownSurface surface;
+  surface.load("<p>x</p>");
+  surface.placeCursor("p", 1);
+  putIntoClipboard(QString::fromUtf8(GetParam().html), "y");
+
+  surface.execCommand(kPaste);
+
+  const std::string html = surface.bodyInnerHtml();
+  EXPECT_EQ(html, GetParam().pasted);
+  EXPECT_EQ(surface.reloaded(), html);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Of, ForeignHtml,
+    testing::Values(
+        Foreign{"links_with_blanks_in_the_scheme", "<a href=\"java\tscr\nipt:f()\">y</a><a href=\"\x01vbscript:f()\">z</a>",
+                "<p>xyz</p>"},
+        Foreign{"links_with_references_for_letters", "<a href=\"&#106;avascript&colon;f()\">y</a>", "<p>xy</p>"},
+        Foreign{"links_to_data", "<a href=\"data:text/html,<script>f()</script>\">y</a>", "<p>xy</p>"},
+        Foreign{"links_to_drawings", "<a href=\"data:image/svg+xml,<svg onload=f()>\">y</a>", "<p>xy</p>"},
+        Foreign{"forms", "<form action=\"javascript:f()\"><button formaction=\"javascript:f()\">y</button></form>",
+                "<p>x</p><form><button>y</button></form>"},
+        Foreign{"drawings", "y<svg onload=\"f()\"><script>f()</script><a xlink:href=\"javascript:f()\"><text>z</text></a></svg>",
+                "<p>xy</p>"},
+        Foreign{"formulas",
+                "y<math href=\"javascript:f()\"><mtext><style><!--</style><img title=\"--&gt;&lt;img src=1 "
+                "onerror=f()&gt;\"></mtext></math>",
+                "<p>xy</p>"},
+        Foreign{"templates", "y<template><img src=x onerror=f()><script>f()</script></template>", "<p>xy</p>"},
+        Foreign{"frames", "y<iframe srcdoc=\"<script>f()</script>\"></iframe><object data=x.swf></object><embed src=x>",
+                "<p>xy</p>"},
+        Foreign{"what_other_browsers_show", "y<noscript><img src=http://127.0.0.1:1/z.gif></noscript><noembed><b></noembed>",
+                "<p>xy</p>"},
+        Foreign{"styles_that_fetch",
+                "<span style=\"background:url(http://127.0.0.1:1/x);color:red\">y</span>"
+                "<span style=\"background-color:url(http://127.0.0.1:1/x)\">z</span>",
+                "<p>x<span style=\"color: red\">y</span>z</p>"},
+        Foreign{"styles_that_run",
+                "<span style=\"width:expression(f());color:red\">y</span><span style=\"width:ex/**/pression(f())\">z</span>"
+                "<span style=\"wid\\74h:1;width:\\65xpression(f())\">w</span>",
+                "<p>x<span style=\"color: red\">y</span>zw</p>"},
+        Foreign{"pictures_for_other_screens",
+                "<picture><source srcset=\"http://127.0.0.1:1/a.webp 2x\" type=image/webp><img src=\"http://127.0.0.1:1/a.jpg\" "
+                "srcset=\"http://127.0.0.1:1/b.jpg 2x\" sizes=100vw alt=A></picture>",
+                "<p>x<img src=\"http://127.0.0.1:1/a.jpg\" alt=\"A\"></p>"},
+        Foreign{"pictures_in_the_text", "<img src=\"data:image/gif;base64,R0lGODlhAQABAAAAACw=\" onload=f()>",
+                "<p>x<img src=\"data:image/gif;base64,R0lGODlhAQABAAAAACw=\"></p>"},
+        Foreign{"marks_of_programs",
+                "<my-card is=x slot=y part=z role=note tabindex=0 aria-label=a><b _ngcontent-abc=\"\" v-on:click=f data-x=1 "
+                "jsaction=\"f\" contenteditable=false>y</b></my-card>",
+                "<p>x<b>y</b></p>"},
+        Foreign{"conditional_comments", "<!--[if IE]><script>f()</script><![endif]--><![if !IE]>y<![endif]><!--z-->",
+                "<p>xy</p>"},
+        Foreign{"text_without_end", "y<plaintext><b>z", "<p>xy</p>"},
+        Foreign{"titles_that_speak_of_programs", "<b title=\"javascript: die Sprache\">y</b>",
+                "<p>x<b title=\"javascript: die Sprache\">y</b></p>"},
+        Foreign{
+            "tables",
+            "<table class=t width=50% bgcolor=#eeeeee><tbody><tr><td colspan=2 nowrap onclick=f()>y</td></tr></tbody></table>",
+            "<p>x</p><table width=\"50%\" bgcolor=\"#eeeeee\"><tbody><tr><td colspan=\"2\" nowrap=\"\">y</td></tr></tbody>"
+            "</table>"}),
+    [](const auto& one) { return std::string(one.param.name); });
+
+TEST(PastedHtml, of_which_nothing_is_left_leaves_the_selected_text)
+{
+  ShownSurface surface;
+  surface.load("<p>Text</p>");
+  surface.select("p");
+  putIntoClipboard("<script>f()</script><!-- x -->", "");
+  EXPECT_FALSE(surface.execCommand(kPaste));
+  auto* const data = new QMimeData;
+  data->setData("application/x-unbekannt", "x");
+  QGuiApplication::clipboard()->setMimeData(data);
+  EXPECT_FALSE(surface.execCommand(kPaste));
+  surface.press(Qt::Key_V, Qt::ControlModifier);
+
+  EXPECT_EQ(surface.bodyInnerHtml(), "<p>Text</p>");
+  EXPECT_FALSE(surface.execCommand(kUndo));
+}
+
+TEST(PastedHtml, of_two_megabytes_comes_in_time)
+{
+  ShownSurface surface;
+  surface.load("<p>x</p>");
+  surface.placeCursor("p", 1);
+  std::string html;
+  while (html.size() < 2'000'000)
+    html += "<p class=MsoNormal style='mso-x:1;color:red'><span lang=DE>Das <b>Haus</b></span><o:p></o:p></p>\n";
+  html += "<p>Ende</p>";
+  putIntoClipboard(QString::fromStdString(html), "Das Haus");
+
+  EXPECT_TRUE(surface.execCommand(kPaste));
+
+  EXPECT_THAT(surface.bodyInnerHtml(), HasSubstr("<p style=\"color: red\">Das <b>Haus</b></p>"));
+  EXPECT_THAT(surface.bodyInnerHtml(), HasSubstr("Ende"));
+  EXPECT_EQ(surface.restorations, 0);
+}
+
+class DeepPaste : public testing::TestWithParam<const char*> {};
+
+TEST_P(DeepPaste, by_the_keyboard_does_no_harm)
+{
+  ShownSurface surface;
+  surface.load("<p>x</p>");
+  surface.placeCursor("p", 1);
+  QString html;
+  while (html.size() < 1'000'000)
+    html += GetParam();
+  putIntoClipboard(html, "y");
+
+  surface.press(Qt::Key_V, Qt::ControlModifier);
+
+  EXPECT_TRUE(comesTrue([&] { return surface.changes > 0; }, 60000));
+  EXPECT_THAT(surface.bodyInnerHtml(), HasSubstr("<p>x"));
+  EXPECT_EQ(surface.restorations, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, DeepPaste, testing::Values("<div>y", "<font color=red>y", "<b><p>y", "<table><tr><td>y"));
+
+TEST(DroppedHtml, from_elsewhere_is_cleaned_and_stands_where_it_was_dropped)
+{
+  ShownSurface surface;
+  surface.load("<p id=\"a\">eins</p><p id=\"b\">zwei</p>");
+
+  surface.inDocument(
+      "{ const data = new DataTransfer(); data.setData('text/html', '<b class=x onclick=f()>neu</b><script>f()</script>');"
+      "const r = document.getElementById('b').getBoundingClientRect();"
+      "document.getElementById('b').dispatchEvent(new DragEvent('drop', { bubbles: true, cancelable: true,"
+      "clientX: r.left + 1, clientY: r.top + 5, dataTransfer: data })); }");
+  EXPECT_EQ(surface.bodyInnerHtml(), "<p id=\"a\">eins</p><p id=\"b\"><b>neu</b>zwei</p>");
+  surface.execCommand(kUndo);
+
+  EXPECT_EQ(surface.bodyInnerHtml(), "<p id=\"a\">eins</p><p id=\"b\">zwei</p>");
+}
+
 TEST(PastedText, keeps_its_lines_and_is_no_html)
 {
   ShownSurface surface;
@@ -139,6 +287,41 @@ TEST(CopiedPart, comes_back_with_all_that_it_had)
 
   EXPECT_EQ(surface.bodyInnerHtml(), "<p>" + part + "</p><p id=\"ziel\">y" + part + "</p>");
   EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), "Bild");
+}
+
+TEST(CopiedPart, by_the_keyboard_comes_back_with_all_that_it_had)
+{
+  ShownSurface surface;
+  const std::string part = "<a href=\"javascript:picturetransfer('a','b')\" class=\"MsoX\">Bild\r\nzwei</a><!-- x -->";
+  surface.load("<p>" + part + "</p><p id=\"ziel\">y</p>");
+  surface.select("p");
+
+  surface.press(Qt::Key_C, Qt::ControlModifier);
+  surface.placeCursor("#ziel", 1);
+  surface.press(Qt::Key_V, Qt::ControlModifier);
+
+  EXPECT_TRUE(comesTrue([&] { return surface.changes > 0; }));
+  EXPECT_EQ(surface.bodyInnerHtml(), "<p>" + part + "</p><p id=\"ziel\">y" + part + "</p>");
+}
+
+TEST(CopiedPart, is_not_what_another_program_copied_with_the_same_text)
+{
+  ShownSurface surface;
+  surface.load("<p><b id=\"b\">Haus</b></p><p><img id=\"i\" src=\"eigenes.jpg\"></p><p id=\"ziel\">y</p>");
+  surface.select("#b");
+  surface.execCommand(kCopy);
+  putIntoClipboard("<i>Haus</i>", "Haus");
+  surface.placeCursor("#ziel", 1);
+  surface.execCommand(kPaste);
+  EXPECT_THAT(surface.bodyInnerHtml(), HasSubstr("y<i>Haus</i></p>"));
+
+  surface.selectElement("#i");
+  surface.execCommand(kCopy);
+  putIntoClipboard("<img src=\"http://127.0.0.1:1/fremdes.jpg\">", "");
+  surface.inDocument("getSelection().collapse(document.getElementById('ziel'), 0)");
+  surface.execCommand(kPaste);
+
+  EXPECT_THAT(surface.bodyInnerHtml(), HasSubstr("<p id=\"ziel\"><img src=\"http://127.0.0.1:1/fremdes.jpg\">y"));
 }
 
 TEST(CutPart, is_gone_and_in_the_clipboard)
@@ -188,6 +371,11 @@ protected:
       mimeType = type;
       return reference;
     };
+    events.atWork = [this] {
+      ++questions;
+      return atWork;
+    };
+    events.pasteLost = [this] { ++lost; };
     surface.setEvents(events);
     surface.load("<p>Text</p>");
     surface.placeCursor("p", 4);
@@ -202,6 +390,8 @@ protected:
 
   ShownSurface surface;
   std::string bytes, mimeType;
+  bool atWork = false;
+  int questions = 0, lost = 0;
   std::optional<std::string> reference = "file://\\home\\web\\pix/bild1.png";
 };
 
@@ -224,6 +414,36 @@ TEST_F(PastedPicture, by_the_keyboard_is_handed_over_too)
 
   EXPECT_TRUE(comesTrue([&] { return !bytes.empty(); }));
   EXPECT_THAT(surface.bodyInnerHtml(), HasSubstr("bild1.png"));
+}
+
+TEST_F(PastedPicture, by_the_keyboard_waits_for_the_end_of_a_save)
+{
+  atWork = true;
+  QGuiApplication::clipboard()->setImage(image());
+  surface.press(Qt::Key_V, Qt::ControlModifier);
+  ASSERT_TRUE(comesTrue([&] { return questions > 2; }));
+  QGuiApplication::clipboard()->setText("etwas anderes");
+  EXPECT_EQ(surface.bodyInnerHtml(), "<p>Text</p>");
+
+  atWork = false;
+
+  EXPECT_TRUE(comesTrue([&] { return surface.bodyInnerHtml().find("bild1.png") != std::string::npos; }));
+  EXPECT_EQ(lost, 0);
+}
+
+TEST_F(PastedPicture, whose_page_has_gone_meanwhile_is_told_to_be_lost)
+{
+  atWork = true;
+  QGuiApplication::clipboard()->setImage(image());
+  surface.press(Qt::Key_V, Qt::ControlModifier);
+  ASSERT_TRUE(comesTrue([&] { return questions > 0; }));
+
+  surface.load("<p>andere Seite</p>");
+  atWork = false;
+
+  EXPECT_TRUE(comesTrue([&] { return lost == 1; }));
+  EXPECT_EQ(surface.bodyInnerHtml(), "<p>andere Seite</p>");
+  EXPECT_EQ(bytes, "");
 }
 
 TEST_F(PastedPicture, keeps_its_bytes_when_they_are_those_of_a_photograph)

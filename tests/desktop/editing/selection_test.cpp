@@ -94,6 +94,21 @@ TEST(HtmlInPlaceOfTheSelection, with_blocks_parts_the_paragraph_so_that_it_is_re
   EXPECT_EQ(surface.reloaded(), "<p align=\"center\">Das </p><div>x</div><p align=\"center\">Haus</p>");
 }
 
+TEST(HtmlInPlaceOfTheSelection, with_blocks_leaves_the_name_of_a_parted_heading_on_one_half)
+{
+  ShownSurface surface;
+  for (const auto& [offset, expected] : {std::pair{0, "<hr><h3 id=\"ueberschrift\">Haus</h3>"},
+                                         {2, "<h3 id=\"ueberschrift\">Ha</h3><hr><h3>us</h3>"},
+                                         {4, "<h3 id=\"ueberschrift\">Haus</h3><hr>"}}) {
+    surface.load("<h3 id=\"ueberschrift\">Haus</h3>");
+    surface.placeCursor("h3", offset);
+
+    EXPECT_TRUE(surface.pasteHtml("<hr>"));
+
+    EXPECT_EQ(surface.bodyInnerHtml(), expected);
+  }
+}
+
 TEST(HtmlInPlaceOfTheSelection, is_refused_for_an_element_as_a_whole)
 {
   ShownSurface surface;

@@ -7,10 +7,18 @@
 namespace mrd::desktop {
 namespace {
 
-int spanOf(const html::Element& cell, const char* name)
+constexpr int kMostColumns = 1000;
+
+int columnsOf(const html::Element& cell)
 {
-  const int span = std::atoi(cell.attribute(name).value_or("1").c_str());
-  return std::max(span, 1);
+  return std::clamp(std::atoi(cell.attribute("colspan").value_or("1").c_str()), 1, kMostColumns);
+}
+
+/// A cell of no rows reaches to the end of its group.
+int rowsOf(const html::Element& cell, int left)
+{
+  const std::string span = cell.attribute("rowspan").value_or("1");
+  return span == "0" ? left : std::min(std::max(std::atoi(span.c_str()), 1), left);
 }
 
 std::vector<html::Element> childrenNamed(const html::Element& parent, const std::vector<std::string>& names)
@@ -33,7 +41,7 @@ void walkGroup(const std::vector<html::Element>& rows, WalkedTable& table, std::
     for (const auto& cell : childrenNamed(rows[static_cast<std::size_t>(y)], {"td", "th"})) {
       while (taken[{y, x}] > 0)
         ++x;
-      const int width = spanOf(cell, "colspan"), down = std::min(spanOf(cell, "rowspan"), height - y);
+      const int width = columnsOf(cell), down = rowsOf(cell, height - y);
       for (int dy = 0; dy < down; ++dy)
         for (int dx = 0; dx < width; ++dx)
           ++taken[{y + dy, x + dx}];

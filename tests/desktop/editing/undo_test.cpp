@@ -9,6 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
 namespace mrd::desktop {
 
 using namespace ui::command;
@@ -32,6 +35,54 @@ constexpr auto kPage =
     "</tbody></table>"
     "<p><img id=\"i\" src=\"x.jpg\" width=\"20\" height=\"20\"><a id=\"a\" href=\"b.htm\">Verweis</a></p>"
     "<div id=\"z\" style=\"position: absolute; left: 10px; top: 300px;\">Ebene</div>";
+
+constexpr std::array kChanges{Change{kBold, "", "#p"},
+                              Change{kItalic, "", "#p"},
+                              Change{kUnderline, "", "#p"},
+                              Change{kNumbers, "", "#p"},
+                              Change{kBullets, "", "#p"},
+                              Change{kIndent, "", "#p"},
+                              Change{kOutdent, "", "#li"},
+                              Change{kLeft, "", "h3"},
+                              Change{kCentre, "", "#p"},
+                              Change{kRight, "", "#p"},
+                              Change{kSetForeColour, "#ff0000", "#p"},
+                              Change{kSetBackColour, "#ffff00", "#p"},
+                              Change{kSetFontName, "Arial", "#p"},
+                              Change{kSetFontSize, "5", "#p"},
+                              Change{kRemoveFormat, "", "#p"},
+                              Change{kSetBlockFormat, "Heading 2", "#p"},
+                              Change{kSetBlockFormat, "Definition", "#p"},
+                              Change{kDelete, "", "#p"},
+                              Change{kDelete, "", "#i", true},
+                              Change{kCut, "", "#p"},
+                              Change{kCut, "", "#i", true},
+                              Change{kPaste, "", "#p"},
+                              Change{kPasteText, "", "#p"},
+                              Change{kHyperlink, "neu.htm", "#p"},
+                              Change{kHyperlink, "neu.htm", "#i", true},
+                              Change{kUnlink, "", "#a"},
+                              Change{kPicture, "neu.jpg", "#p"},
+                              Change{kPicture, "neu.jpg", "#i", true},
+                              Change{kInsertTable, "", "#p"},
+                              Change{kInsertRow, "", "#d"},
+                              Change{kInsertColumn, "", "#d"},
+                              Change{kInsertCell, "", "#d"},
+                              Change{kDeleteRows, "", "#d"},
+                              Change{kDeleteColumns, "", "#d"},
+                              Change{kDeleteCells, "", "#d"},
+                              Change{kMergeCells, "", "tr:last-child"},
+                              Change{kSplitCell, "", "#c"},
+                              Change{kSplitCell, "", "#d"},
+                              Change{kAbsolutePosition, "", "#i", true},
+                              Change{kAbsolutePosition, "", "#z"},
+                              Change{kLockElement, "", "#z"},
+                              Change{kBringToFront, "", "#z"},
+                              Change{kSendToBack, "", "#z"},
+                              Change{kBringForward, "", "#z"},
+                              Change{kSendBackward, "", "#z"},
+                              Change{kBringAboveText, "", "#z"},
+                              Change{kSendBelowText, "", "#z"}};
 
 } // namespace
 
@@ -59,24 +110,78 @@ TEST_P(Undoing, brings_back_the_exact_page_and_doing_it_again_the_exact_change)
   EXPECT_EQ(surface.bodyInnerHtml(), after);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Of, Undoing,
-    testing::Values(Change{kBold, "", "#p"}, Change{kItalic, "", "#p"}, Change{kUnderline, "", "#p"}, Change{kNumbers, "", "#p"},
-                    Change{kBullets, "", "#p"}, Change{kIndent, "", "#p"}, Change{kOutdent, "", "#li"}, Change{kLeft, "", "h3"},
-                    Change{kCentre, "", "#p"}, Change{kRight, "", "#p"}, Change{kSetForeColour, "#ff0000", "#p"},
-                    Change{kSetBackColour, "#ffff00", "#p"}, Change{kSetFontName, "Arial", "#p"}, Change{kSetFontSize, "5", "#p"},
-                    Change{kRemoveFormat, "", "#p"}, Change{kSetBlockFormat, "Heading 2", "#p"},
-                    Change{kSetBlockFormat, "Definition", "#p"}, Change{kDelete, "", "#p"}, Change{kDelete, "", "#i", true},
-                    Change{kCut, "", "#p"}, Change{kCut, "", "#i", true}, Change{kPaste, "", "#p"}, Change{kPasteText, "", "#p"},
-                    Change{kHyperlink, "neu.htm", "#p"}, Change{kHyperlink, "neu.htm", "#i", true}, Change{kUnlink, "", "#a"},
-                    Change{kPicture, "neu.jpg", "#p"}, Change{kPicture, "neu.jpg", "#i", true}, Change{kInsertTable, "", "#p"},
-                    Change{kInsertRow, "", "#d"}, Change{kInsertColumn, "", "#d"}, Change{kInsertCell, "", "#d"},
-                    Change{kDeleteRows, "", "#d"}, Change{kDeleteColumns, "", "#d"}, Change{kDeleteCells, "", "#d"},
-                    Change{kMergeCells, "", "tr:last-child"}, Change{kSplitCell, "", "#c"}, Change{kSplitCell, "", "#d"},
-                    Change{kAbsolutePosition, "", "#i", true}, Change{kAbsolutePosition, "", "#z"},
-                    Change{kLockElement, "", "#z"}, Change{kBringToFront, "", "#z"}, Change{kSendToBack, "", "#z"},
-                    Change{kBringForward, "", "#z"}, Change{kSendBackward, "", "#z"}, Change{kBringAboveText, "", "#z"},
-                    Change{kSendBelowText, "", "#z"}));
+INSTANTIATE_TEST_SUITE_P(Of, Undoing, testing::ValuesIn(kChanges));
+
+TEST(EveryCommand, is_one_whose_change_is_undone_or_one_that_changes_nothing)
+{
+  constexpr std::array kOthers{
+      kCopy,          kFindText,  kFont, kGetBackColour, kGetBlockFormat, kGetFontName, kGetBlockFormatNames, kGetFontSize,
+      kGetForeColour, kSelectAll, kUndo, kRedo};
+  ShownSurface surface;
+  surface.load(kPage);
+  const std::string before = surface.bodyInnerHtml();
+  surface.select("#p");
+  surface.waitForDisplay();
+
+  for (int command = 5000; command < 5200; ++command) {
+    const bool changes = std::ranges::find(kChanges, command, &Change::command) != kChanges.end();
+    const bool isOther = std::ranges::find(kOthers, command) != kOthers.end();
+    EXPECT_EQ(changes || isOther, surface.queryStatus(command) != kNotSupported) << command;
+    EXPECT_FALSE(changes && isOther) << command;
+    if (isOther)
+      surface.execCommand(command);
+    EXPECT_EQ(surface.bodyInnerHtml(), before) << command;
+  }
+}
+
+class UndoingFormats : public testing::TestWithParam<int> {};
+
+TEST_P(UndoingFormats, brings_back_the_exact_page)
+{
+  ShownSurface surface;
+  const auto name = surface.blockFormatNames().at(static_cast<std::size_t>(GetParam()));
+  for (const char* const selector : {"#p", "#li", "#c", "h3", "#z", "#alles"}) {
+    surface.load(std::string(kPage) + "<p id=\"alles\">eins<br>zwei</p>lose");
+    const std::string before = surface.bodyInnerHtml();
+    surface.select(selector);
+
+    surface.execCommand(kSetBlockFormat, ui::Prompt::None, name);
+    const std::string after = surface.bodyInnerHtml();
+    if (after == before)
+      continue;
+    surface.execCommand(kUndo);
+    EXPECT_EQ(surface.bodyInnerHtml(), before) << name << selector;
+    surface.execCommand(kRedo);
+    EXPECT_EQ(surface.bodyInnerHtml(), after) << name << selector;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, UndoingFormats, testing::Range(0, 16));
+
+TEST(UndoOfADialog, takes_back_all_that_it_did_in_one_step)
+{
+  ShownSurface surface;
+  ui::SurfacePrompts prompts;
+  prompts.font = [](const ui::FontChoice&) { return ui::FontChoice{"Arial", "5"}; };
+  prompts.link = [](const ui::LinkValues&) { return ui::LinkValues{"neu.htm", "_blank"}; };
+  prompts.picture = [](const ui::PictureValues&) { return ui::PictureValues{"neu.jpg", "Neu", "30", "40", "left", "1"}; };
+  surface.setPrompts(prompts);
+  for (const int command : {kFont, kHyperlink, kPicture}) {
+    surface.load(kPage);
+    const std::string before = surface.bodyInnerHtml();
+    if (command == kPicture)
+      surface.selectElement("#i");
+    else
+      surface.select("#p");
+
+    EXPECT_TRUE(surface.execCommand(command, ui::Prompt::Ask));
+    EXPECT_NE(surface.bodyInnerHtml(), before);
+    surface.execCommand(kUndo);
+
+    EXPECT_EQ(surface.bodyInnerHtml(), before) << command;
+    EXPECT_FALSE(surface.execCommand(kUndo));
+  }
+}
 
 TEST(TextPaste, brings_the_text_of_the_clipboard_without_its_looks)
 {
