@@ -2,9 +2,9 @@
 
 #include "desktop/controls/html_source.h"
 #include "desktop/editing/web_editing_surface.h"
-#include "desktop/looks/theme.h"
 #include "desktop/windows/desk.h"
 #include "desktop/windows/startbild_window.h"
+#include "desktop/windows/window_pictures.h"
 #include "frame/project/backup_copy.h"
 #include "platform/files/path.h"
 #include "platform/ui/editing_commands.h"
@@ -13,7 +13,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -28,22 +27,6 @@ namespace mrd::desktop {
 namespace {
 
 constexpr int kSourcePage = 1, kExportPage = 4;
-
-struct Look {
-  const char* language;
-  Theme theme;
-};
-
-std::string nameOf(const Look& look) { return std::string(look.language) + (look.theme == Theme::Light ? "-light" : "-dark"); }
-
-void save(QWidget& window, const Look& look, const std::string& name)
-{
-  const QString folder = QStringLiteral(MRD_PICTURES);
-  ASSERT_TRUE(QDir().mkpath(folder));
-  constexpr int kPaintMilliseconds = 120, kSmallest = 0;
-  letPass(kPaintMilliseconds);
-  ASSERT_TRUE(window.grab().save(folder + QString::fromStdString("/" + name + "-" + nameOf(look) + ".png"), "PNG", kSmallest));
-}
 
 /// A small site with pictures, as its owner would have it.
 class Site {
