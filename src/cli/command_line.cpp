@@ -22,8 +22,8 @@ void addCommandLine(CLI::App& app, Session& session)
   app.add_flag("--json", session.json, "Machine-readable results");
   app.require_subcommand(1);
   app.fallthrough();
-  for (const auto add :
-       {addNew, addPages, addPage, addSettings, addLayouts, addPictures, addGenerate, addPublish, addImport, addPath, addIni})
+  for (const auto add : {addNew, addPages, addPage, addSettings, addLayouts, addPictures, addGenerate, addPublish, addImport,
+                         addRestore, addPath, addIni})
     add(app, session);
 }
 

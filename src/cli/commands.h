@@ -21,6 +21,7 @@ void addPictures(CLI::App& app, Session& session);
 void addGenerate(CLI::App& app, Session& session);
 void addPublish(CLI::App& app, Session& session);
 void addImport(CLI::App& app, Session& session);
+void addRestore(CLI::App& app, Session& session);
 void addPath(CLI::App& app, Session& session);
 /// The arguments, changed so that the text of a path command is no option even where it looks like one.
 std::vector<const char*> withTextAsItIs(std::span<char* const> arguments);

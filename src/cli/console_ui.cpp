@@ -57,6 +57,12 @@ ui::Button ConsoleUi::messageBox(const ui::MessageBox& message)
 std::optional<std::string> ConsoleUi::inputBox(std::string_view prompt, std::string_view title, std::string_view)
 {
   hideProgress();
+  const auto known = typed_.find(title);
+  return known != typed_.end() ? known->second : typed_.emplace(title, typed(prompt, title)).first->second;
+}
+
+std::optional<std::string> ConsoleUi::typed(std::string_view prompt, std::string_view title)
+{
   const auto question = std::string(prompt.substr(0, prompt.find(base::kCrLf))) + " ";
   if (::isatty(STDIN_FILENO) != 0 && base::containsIgnoringCase(title, "passwort")) {
     const char* const typed = ::getpass(question.c_str());

@@ -2,6 +2,12 @@
 
 #include "platform/ui/ui.h"
 
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
 namespace mrd::cli {
 
 /// The user of a command line: messages and questions go to standard error, questions are answered by an option or refused.
@@ -13,7 +19,8 @@ public:
   bool quiet = false;
 
   ui::Button messageBox(const ui::MessageBox& message) override;
-  /// A line of standard input; from a terminal a password is read unseen.
+  /// A line of standard input; from a terminal a password is read unseen. What is asked for again in one command was typed
+  /// already.
   std::optional<std::string> inputBox(std::string_view prompt, std::string_view title, std::string_view proposal) override;
   std::optional<std::string> openFileDialog(const ui::FileDialog&) override { return std::nullopt; }
   std::optional<std::string> saveFileDialog(const ui::FileDialog&) override { return std::nullopt; }
@@ -28,6 +35,9 @@ public:
   void hideSplash() override {}
 
 private:
+  static std::optional<std::string> typed(std::string_view prompt, std::string_view title);
+
+  std::map<std::string, std::optional<std::string>, std::less<>> typed_;
   bool barShown_ = false;
   int barPercent_ = -1;
 };

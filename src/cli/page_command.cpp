@@ -145,14 +145,14 @@ using Work = ExitStatus (*)(mainform::ProjectFrame&, const PageArguments&);
 
 /// A subcommand on an open project.
 CLI::App* addWork(CLI::App& page, Session& session, const std::string& name, const std::string& description, Work work,
-                  const std::shared_ptr<PageArguments>& arguments)
+                  const std::shared_ptr<PageArguments>& arguments, mainform::Purpose purpose = mainform::Purpose::Working)
 {
   auto* const command = page.add_subcommand(name, description);
   command->add_option("FILE", arguments->file)->required();
-  command->callback([&session, arguments, work] {
+  command->callback([&session, arguments, work, purpose] {
     session.run([&] {
       mainform::ProjectFrame mainform(session.program());
-      return mainform.openProject(Session::path(arguments->file)) ? work(mainform, *arguments) : ExitStatus::Failed;
+      return mainform.openProject(Session::path(arguments->file), purpose) ? work(mainform, *arguments) : ExitStatus::Failed;
     });
   });
   return command;
@@ -165,7 +165,9 @@ void addPage(CLI::App& app, Session& session)
   auto* const page = app.add_subcommand("page", "Works on one page")->require_subcommand(1);
   const auto arguments = std::make_shared<PageArguments>();
 
-  addWork(*page, session, "show", "One page as JSON", showPage, arguments)->add_option("ID", arguments->id)->required();
+  addWork(*page, session, "show", "One page as JSON", showPage, arguments, mainform::Purpose::Reading)
+      ->add_option("ID", arguments->id)
+      ->required();
 
   auto* const add = addWork(*page, session, "add", "A new child of a page; prints its id", addPageUnder, arguments);
   add->add_option("--under", arguments->under, "Id of the parent")->required()->type_name("ID");

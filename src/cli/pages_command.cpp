@@ -39,7 +39,7 @@ void addPages(CLI::App& app, Session& session)
   command->callback([&session, file] {
     session.run([&] {
       mainform::ProjectFrame mainform(session.program());
-      if (!mainform.openProject(Session::path(*file)))
+      if (!mainform.openProject(Session::path(*file), mainform::Purpose::Reading))
         return ExitStatus::Failed;
       printPages(mainform.db(), session.json);
       return ExitStatus::Done;

@@ -6,10 +6,8 @@
 #include "cli/session.h"
 #include "mainform/project_frame.h"
 #include "pagetree/page_id.h"
-#include "pictures/gif.h"
 #include "pictures/insertion.h"
 #include "pictures/shadow.h"
-#include "pictures/sizes.h"
 #include "pictures/thumbnails.h"
 #include "platform/files/path.h"
 
@@ -36,13 +34,8 @@ struct PicturesArguments {
 
 ExitStatus writeGif(const PicturesArguments& arguments)
 {
-  constexpr int kLongerSidePx = 120;
-  const auto source = Session::path(arguments.in);
-  const auto size = image::Image::sizeOf(source);
-  const auto picture = pictures::fits(size, kLongerSidePx)
-                           ? image::Image::loadWithPalette(source)
-                           : image::Image::loadResized(source, pictures::fitted(size, kLongerSidePx));
-  return pictures::GIF::SaveGIF(picture, Session::path(arguments.out)) ? ExitStatus::Done : ExitStatus::Failed;
+  const bool isWritten = pictures::writeSmallGif(Session::path(arguments.in), Session::path(arguments.out));
+  return isWritten ? ExitStatus::Done : ExitStatus::Failed;
 }
 
 ExitStatus rotate(const PicturesArguments& arguments)
@@ -67,11 +60,16 @@ ExitStatus makeThumbnails(mainform::ProjectFrame& mainform, PageDesk& desk, cons
   pictures::frmBildkonvertierer unseen;
   pictures::Thumbnails thumbnails({mainform.db(), mainform.program().language, mainform.fields(), desk.surface(), desk.tree(),
                                    desk.active(), desk.fields(), unseen});
-  if (arguments.id.empty())
-    return thumbnails.allevorschaubilderneu(desk.store()) ? ExitStatus::Done : ExitStatus::Failed;
-  desk.load(arguments.id);
-  desk.tree().select(pagetree::keyOf(arguments.id));
-  return thumbnails.MakeThumbs({}) && desk.save(arguments.id) ? ExitStatus::Done : ExitStatus::Failed;
+  bool isDone = false;
+  if (arguments.id.empty()) {
+    isDone = thumbnails.allevorschaubilderneu(desk.store());
+  } else {
+    desk.load(arguments.id);
+    desk.tree().select(pagetree::keyOf(arguments.id));
+    isDone = thumbnails.MakeThumbs({}) && desk.save(arguments.id);
+  }
+  // The tables are there, but a picture that was told is missing in them.
+  return isDone && thumbnails.damaged() == 0 ? ExitStatus::Done : ExitStatus::Failed;
 }
 
 pictures::InsertionOptions optionsOf(const PicturesArguments& arguments)
@@ -145,10 +143,10 @@ CLI::App* addPictureWork(CLI::App& pictures, Session& session, const std::string
   return command;
 }
 
-CLI::Option* addQuality(CLI::App& command, PicturesArguments& arguments)
+void addQuality(CLI::App& command, PicturesArguments& arguments)
 {
   constexpr int kBest = 5, kSmallest = 100;
-  return command.add_option("--quality", arguments.options.Slider1, "Compression of the pictures, 5 (best) to 100 (smallest)")
+  command.add_option("--quality", arguments.options.Slider1, "Compression of the pictures, 5 (best) to 100 (smallest)")
       ->check(CLI::Range(kBest, kSmallest))
       ->type_name("N");
 }
@@ -157,16 +155,15 @@ void addInsertionOptions(CLI::App& add, PicturesArguments& arguments)
 {
   constexpr int kMostColumns = 99, kLargestPx = 30000;
   add.add_option("--page", arguments.id, "The page that takes the pictures or their pages")->required()->type_name("ID");
-  auto* const columns = add.add_option("--columns", arguments.columns, "Columns of a table; 0 for none")
-                            ->check(CLI::Range(0, kMostColumns))
-                            ->type_name("N");
-  add.add_flag("--one-page-each", arguments.onePageEach, "A new page below for each picture")->excludes(columns);
-  auto* const noConvert = add.add_flag("--no-convert", arguments.noConvert, "Copy the files as they are");
+  add.add_option("--columns", arguments.columns, "Columns of a table; 0 for none")
+      ->check(CLI::Range(0, kMostColumns))
+      ->type_name("N");
+  add.add_flag("--one-page-each", arguments.onePageEach, "A new page below for each picture, whatever the columns");
+  add.add_flag("--no-convert", arguments.noConvert, "Copy the files as they are, whatever size and quality say");
   add.add_option("--max", arguments.maximum, "Longer side in pixels, at most; 580")
       ->check(CLI::Range(1, kLargestPx))
-      ->type_name("N")
-      ->excludes(noConvert);
-  addQuality(add, arguments)->excludes(noConvert);
+      ->type_name("N");
+  addQuality(add, arguments);
   add.add_option("--names", arguments.names, "New names with the page's number, or keep or overwrite files that are there")
       ->check(CLI::IsMember({"rename", "keep", "overwrite"}));
   add.add_flag("--border", arguments.options.CheckRahmen, "A frame around the table and its cells");

@@ -9,6 +9,7 @@
 #include "platform/ftp/curl_client.h"
 #include "publish/publishing.h"
 #include "publish/remembered_servers.h"
+#include "publish/words.h"
 
 #include <CLI/CLI.hpp>
 
@@ -29,22 +30,24 @@ struct Summary {
   std::size_t sent = 0, kept = 0;
   std::vector<publish::RunFile> failed;
   std::vector<std::string> orphans, deleted, notDeleted;
-  bool isConnected = false;
+  /// Whether the server was read at all, and again behind the run where it was; whether the run came to its end.
+  bool wasRead = false, isConnected = false, isRunComplete = false;
 
   ExitStatus status() const
   {
-    return isConnected && failed.empty() && notDeleted.empty() ? ExitStatus::Done : ExitStatus::Failed;
+    return isConnected && isRunComplete && failed.empty() && notDeleted.empty() ? ExitStatus::Done : ExitStatus::Failed;
   }
 };
 
-constexpr int kMessageNothingGenerated = 120;
+constexpr int kMessageNothingGenerated = 120, kMessageNotRead = 181;
 constexpr int kTabPictures = 0, kTabPages = 1;
 
-/// A run over a part of the pages enters that part only. What lies in the export directory belongs to the site all the same.
-void deselectLocalFiles(publish::ListBox& list, const std::string& directory)
+/// A run over a part of the pages enters that part only. What lies in the export directory belongs to the site all the same. And
+/// a symbolic link was put there by hand, perhaps to a directory with more than this site: only a user may select it.
+void deselectNoOrphans(publish::ListBox& list, const std::string& directory, const ftp::Client& client)
 {
   for (auto& entry : list.entries)
-    entry.isSelected = entry.isSelected && !files::fileExists(directory + entry.text);
+    entry.isSelected = entry.isSelected && !files::fileExists(directory + entry.text) && !client.isLink(entry.text);
 }
 
 void addSelected(std::vector<std::string>& names, const publish::ListBox& list, const std::string& prefix)
@@ -81,17 +84,18 @@ std::size_t count(dao::Database& db, std::string_view condition)
   return db.openSnapshot("SELECT dateiname FROM Dateien WHERE " + std::string(condition)).recordCount();
 }
 
-void print(const Summary& summary)
+void print(const Summary& summary, const std::string& Sprache)
 {
-  printLine(base::format("Übertragen: {}. Schon auf dem Server: {}. Ohne Seite: {}. Gelöscht: {}. Fehlgeschlagen: {}.",
-                         summary.sent, summary.kept, summary.orphans.size(), summary.deleted.size(),
-                         summary.failed.size() + summary.notDeleted.size()));
+  const auto words = [&](publish::Words which) { return publish::textOf(which, Sprache); };
+  printLine(base::format(fmt::runtime(words(publish::Words::Summary)), summary.sent, summary.kept, summary.orphans.size(),
+                         summary.deleted.size(), summary.failed.size() + summary.notDeleted.size()));
   for (const auto& name : summary.orphans)
-    printLine("ohne Seite: " + name);
+    printLine(base::format("{}: {}", words(publish::Words::Orphan), name));
   for (const auto& file : summary.failed)
-    std::cerr << base::format("nicht übertragen: {}: {}\n", file.name, file.problem);
+    std::cerr << base::format("{}: {}{}{}\n", words(publish::Words::NotSent), file.shownName(), file.problem.empty() ? "" : ": ",
+                              file.problem);
   for (const auto& name : summary.notDeleted)
-    std::cerr << base::format("nicht gelöscht: {}\n", name);
+    std::cerr << base::format("{}: {}\n", words(publish::Words::NotDeleted), name);
 }
 
 std::string jsonList(const std::vector<std::string>& names)
@@ -106,11 +110,23 @@ void printJson(const Summary& summary)
 {
   std::string failed;
   for (const auto& file : summary.failed)
-    failed += base::format("{}{{\"name\": {}, \"problem\": {}}}", failed.empty() ? "" : ", ", jsonText(file.name),
+    failed += base::format("{}{{\"name\": {}, \"problem\": {}}}", failed.empty() ? "" : ", ", jsonText(file.shownName()),
                            jsonText(file.problem));
   printLine(base::format("{{\"sent\": {}, \"kept\": {}, \"failed\": [{}], \"orphans\": {}, \"deleted\": {}, \"notDeleted\": {}}}",
                          summary.sent, summary.kept, failed, jsonList(summary.orphans), jsonList(summary.deleted),
                          jsonList(summary.notDeleted)));
+}
+
+/// What is due goes to the server.
+void send(publish::Publishing& dialog, Summary& summary)
+{
+  dialog.cbftp_Click();
+  summary.isRunComplete = dialog.isRunComplete;
+  for (const auto& file : dialog.files.all())
+    if (file.isConfirmed())
+      ++summary.sent;
+    else
+      summary.failed.push_back(file);
 }
 
 Summary publishSite(publish::Publishing& dialog, dao::Database& db, const std::string& directory,
@@ -118,19 +134,20 @@ Summary publishSite(publish::Publishing& dialog, dao::Database& db, const std::s
 {
   Summary summary;
   dialog.cbftpverbindung_Click();
+  summary.wasRead = summary.isConnected = dialog.isConnected;
+  if (!summary.wasRead)
+    return summary;
+  // Counted now: where the server is read again behind the run it has the pictures of the run too.
+  summary.kept = count(db, "([dateityp-id]=2) and (übertragen=FALSE)");
+  summary.isRunComplete = arguments.connectOnly;
+  if (!arguments.connectOnly)
+    send(dialog, summary);
   summary.isConnected = dialog.isConnected;
+  // A list that lacks an answer may be that of another directory: nothing is judged by it.
   if (!summary.isConnected)
     return summary;
-  if (!arguments.connectOnly)
-    dialog.cbftp_Click();
-  for (const auto& file : dialog.files.all())
-    if (file.isConfirmed())
-      ++summary.sent;
-    else
-      summary.failed.push_back(file);
-  summary.kept = count(db, "([dateityp-id]=2) and (übertragen=FALSE)");
-  deselectLocalFiles(dialog.ListFTPHTML, directory);
-  deselectLocalFiles(dialog.ListFTPpix, directory + "pix\\");
+  deselectNoOrphans(dialog.ListFTPHTML, directory, dialog.channel.Inet1);
+  deselectNoOrphans(dialog.ListFTPpix, directory + "pix\\", dialog.channel.Inet1);
   addSelected(summary.orphans, dialog.ListFTPHTML, "");
   addSelected(summary.orphans, dialog.ListFTPpix, "pix/");
   if (arguments.deleteOrphans)
@@ -149,17 +166,18 @@ ExitStatus publish(Session& session, const PublishArguments& arguments)
     return ExitStatus::Failed;
   }
   files::UserSettings settings;
-  publish::RememberedServers servers(settings, session.program().language);
-  ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); });
+  publish::RememberedServers servers(settings, session.program().language, publish::OnChange::Refuse);
+  ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); },
+                         [&](const std::string& server) { return servers.isKnown(server); });
   const publish::SystemTimer timer;
   publish::Publishing dialog(arguments.imode ? publish::kImode : publish::kHtmlExport,
                              {mainform.program().language, mainform.fields(), client, timer}, mainform.db());
   const auto directory = settings::withClosingSeparator(mainform.fields().tbpfadexport) + (arguments.imode ? "imode\\" : "");
   const auto summary = publishSite(dialog, mainform.db(), directory, arguments);
-  if (summary.isConnected)
-    session.json ? printJson(summary) : print(summary);
-  else if (!dialog.channel.labelSeite.caption.empty())
-    std::cerr << dialog.channel.labelSeite.caption << '\n';
+  if (!summary.isConnected)
+    session.program().language.GetMsg(kMessageNotRead);
+  if (summary.wasRead)
+    session.json ? printJson(summary) : print(summary, dialog.Sprache());
   return summary.status();
 }
 

@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,10 +30,17 @@ void listSettings(dao::Database& db, bool json)
     printLine(jsonObject(fields));
 }
 
+bool isAssignment(const std::string& argument)
+{
+  const auto equals = argument.find('=');
+  return equals != std::string::npos && equals > 0;
+}
+
 /// One argument: a key to show, or key=value to set.
 ExitStatus workOn(const std::string& argument, mainform::ProjectFrame& mainform, bool json)
 {
-  if (const auto equals = argument.find('='); equals != std::string::npos && equals > 0) {
+  if (isAssignment(argument)) {
+    const auto equals = argument.find('=');
     settings::StoredSettings(mainform.db()).set(argument.substr(0, equals), argument.substr(equals + 1));
     return ExitStatus::Done;
   }
@@ -57,7 +65,8 @@ void addSettings(CLI::App& app, Session& session)
   command->callback([&session, file, arguments] {
     session.run([&] {
       mainform::ProjectFrame mainform(session.program());
-      if (!mainform.openProject(Session::path(*file)))
+      const bool isForReading = std::ranges::none_of(*arguments, isAssignment);
+      if (!mainform.openProject(Session::path(*file), isForReading ? mainform::Purpose::Reading : mainform::Purpose::Working))
         return ExitStatus::Failed;
       if (arguments->empty())
         listSettings(mainform.db(), session.json);

@@ -10,11 +10,14 @@
 namespace mrd::editor {
 
 /// Texts of the language database for what is no control of a window: entries of the context menu, questions, states. They are
-/// kept there under the window "Editor".
+/// kept there under a window's name, those of the editor under "Editor".
 class Captions : private ui::WindowControls {
 public:
   /// In the language of the moment.
-  explicit Captions(messages::Language& language) { language.Setlanguage(*this); }
+  explicit Captions(messages::Language& language, std::string_view window = "Editor") : window_(window)
+  {
+    language.Setlanguage(*this);
+  }
 
   /// The caption with this name, or the text without a language database.
   std::string text(std::string_view caption, std::string_view otherwise) const
@@ -24,7 +27,7 @@ public:
   }
 
 private:
-  std::string name() const override { return "Editor"; }
+  std::string name() const override { return window_; }
   void setWindow(const ui::ControlTexts&) override {}
   void setControl(std::string_view control, std::optional<int>, const ui::ControlTexts& texts) override
   {
@@ -37,6 +40,7 @@ private:
   void setCurrentTabTexts(std::string_view, const ui::ControlTexts&) override {}
   void setMenuChecked(std::string_view, bool) override {}
 
+  std::string window_;
   std::map<std::string, std::string, std::less<>> texts_;
 };
 

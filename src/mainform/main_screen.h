@@ -26,6 +26,7 @@ class frmBildkonvertierer;
 namespace mrd::mainform {
 
 class FrmAssistent;
+class FrmSicherung;
 class frmAbout;
 
 /// Place and size of the main window and its splitter, in twips, as a user's settings keep them.
@@ -72,6 +73,7 @@ public:
   // Returns when the window is closed.
 
   virtual void showModal(FrmAssistent& form) = 0;
+  virtual void showModal(FrmSicherung& form) = 0;
   virtual void showModal(frmAbout& form) = 0;
   virtual void showModal(pagetree::frmMove1& form) = 0;
   virtual void showModal(publish::frmHTMLExport& form) = 0;

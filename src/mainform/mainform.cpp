@@ -169,6 +169,12 @@ void Mainform::showStates()
     seams_.screen.refresh(Shown::Page);
 }
 
+void Mainform::Timer()
+{
+  drafts_.Timer();
+  command("Timer", [&] { project_.tellBackup(); });
+}
+
 void Mainform::Form_Resize(int width)
 {
   if (seams_.screen.isMinimised() || width >= kLeastWindowWidth)
@@ -214,6 +220,7 @@ void Mainform::Form_Unload()
     program_.ui.pumpEvents();
     pages_.projectClosed();
     project_.close();
+    program_.language.close();
     program_.ui.pumpEvents();
   });
 }
@@ -361,10 +368,12 @@ void Mainform::showExport()
   }
   if (!pages_.leave())
     return;
-  publish::RememberedServers servers(seams_.userSettings, program_.language);
-  ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); });
+  publish::RememberedServers servers(seams_.userSettings, program_.language, publish::OnChange::Ask);
+  ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); },
+                         [&](const std::string& server) { return servers.isKnown(server); });
   const publish::SystemTimer timer;
   Dialog dialog(exportEnvironment(), {program_.language, project_.fields(), client, timer});
+  project_.finishBackup();
   dialog.DbName = project_.DbName();
   seams_.dialogs.showModal(dialog);
 }
@@ -391,6 +400,7 @@ void Mainform::seitenvorschau()
   }
   generator::frmHTMLExport dialog(exportEnvironment());
   dialog.selection.Lblseitenvorschauid = id;
+  project_.finishBackup();
   // Events run while the page is generated, and no second run may begin then.
   pages_.whileBusy([&] {
     if (dialog.Form_Load(project_.DbName()))
@@ -500,6 +510,8 @@ void Mainform::menu_Click(std::string_view name, std::optional<int> index)
             [](Mainform& window, int) { window.command("FileSaveAs_Click", [&] { window.files_.FileSaveAs_Click(); }); }},
       Entry{"NewProject", [](Mainform& window, int) { window.NewProject_Click(); }},
       Entry{"OpenProject", [](Mainform& window, int) { window.OpenProject_Click(); }},
+      Entry{"RestoreProject", [](Mainform& window, int) { window.RestoreProject_Click(); }},
+      Entry{"mnuSeitenZurueck", [](Mainform& window, int) { window.mnuSeitenZurueck_Click(); }},
       Entry{"FileExit", [](Mainform& window, int) { window.FileExit_Click(); }},
       Entry{"editsub",
             [](Mainform& window, int entry) { window.command("editsub_Click", [&] { window.editor_.editsub_Click(entry); }); }},

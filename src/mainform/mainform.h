@@ -79,14 +79,20 @@ public:
   /// Saves the placement and the state of the project and closes the databases. Does not save the page.
   void Form_Unload();
   /// Every DraftKeeper::kIntervalSeconds.
-  void Timer() { drafts_.Timer(); }
+  void Timer();
 
   // Commands.
 
   void NewProject_Click();
   void OpenProject_Click();
+  /// Asks which backup is to take the place of the project, and opens that anew.
+  void RestoreProject_Click();
   /// Asks about what is not saved and closes the window.
   void FileExit_Click();
+  /// Takes the last deletion or move of pages back.
+  void mnuSeitenZurueck_Click();
+  /// Caption of the entry for it: what would be taken back.
+  std::string treeUndoCaption();
   void SeiteSub_Click(int Index);
   void NetSub_Click(int Index);
   void HelpSub1_Click(int Index);
@@ -126,6 +132,9 @@ private:
   void openProject(const std::function<void()>& open);
   void openFirstProject(std::string_view projectFile);
   bool leaveProject();
+  /// The project whose backups are asked for; nothing when the user cancels.
+  std::optional<std::string> projectToRestore();
+  void restoreProject(const std::string& path, const std::string& name);
   void seitespeichern();
   void seiteneu();
   void seitelöschen();

@@ -15,6 +15,7 @@ constexpr std::array kMenuEntries{
     MenuEntry{"File", "FileSaveAs", {}, "Save HTML File &As..."},
     MenuEntry{"File", "NewProject", {}, "New Project"},
     MenuEntry{"File", "OpenProject", {}, "Open Project"},
+    MenuEntry{"File", "RestoreProject", {}, "Restore Backup"},
     MenuEntry{"File", "FileExit", {}, "E&xit"},
 
     MenuEntry{"", "Edit", {}, "&Edit"},
@@ -31,6 +32,7 @@ constexpr std::array kMenuEntries{
     MenuEntry{"Edit", "editsub", 10, "Snap To Grid"},
     MenuEntry{"Edit", "editsub", 11, "Replace"},
     MenuEntry{"Edit", "editsub", 12, "Paste As Text"},
+    MenuEntry{"Edit", "mnuSeitenZurueck", {}, "Undo Deleting Or Moving Pages"},
 
     MenuEntry{"", "View", {}, "&View"},
     MenuEntry{"View", "ViewSub", 0, "Borders"},

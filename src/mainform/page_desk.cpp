@@ -30,7 +30,8 @@ PageDesk::Open::Open(const Parts& parts, pagetree::PageFields& pageFields, const
       store({parts.project.db(), parts.project.program().language, parts.project.program().clock, parts.DHTMLEdit1,
              parts.TreeView1, active},
             pageFields,
-            {hooks.farbenaktualisieren, [this] { treeView.WriteExpandedNodes(); }, [this] { treeView.ZeigeStruktur(); }})
+            {hooks.farbenaktualisieren, [this] { treeView.WriteExpandedNodes(); }, [this] { treeView.ZeigeStruktur(); }}),
+      treeUndo(parts.project.db(), parts.project.program().language)
 {
 }
 
@@ -193,7 +194,10 @@ void PageDesk::DelPage()
     return;
   }
   const Work work(*this);
-  if (!pagetree::PageDeletion(parts_.project.db(), language()).DelPage(*selected))
+  bool deleted = false;
+  open_->treeUndo.deletion(pagetree::idOf(*selected),
+                           [&] { return deleted = pagetree::PageDeletion(parts_.project.db(), language()).DelPage(*selected); });
+  if (!deleted)
     return;
   giveUp();
   ZeigeStruktur();
@@ -202,6 +206,24 @@ void PageDesk::DelPage()
     return;
   parts_.TreeView1.select(home);
   LoadPage(home);
+}
+
+pagetree::TreeUndo::Change PageDesk::treeChange() const
+{
+  return open_ ? open_->treeUndo.change() : pagetree::TreeUndo::Change::None;
+}
+
+void PageDesk::undoTreeChange()
+{
+  if (!open_)
+    return;
+  const Work work(*this);
+  // Open nodes are stored while the tree still shows them under the numbers of the table.
+  rememberState();
+  if (!open_->treeUndo.undo())
+    return;
+  ZeigeStruktur();
+  loadLastActivePage();
 }
 
 void PageDesk::changePage(std::string_view key)

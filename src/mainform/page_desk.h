@@ -6,6 +6,7 @@
 #include "mainform/project_frame.h"
 #include "pagetree/active_page.h"
 #include "pagetree/page_store.h"
+#include "pagetree/tree_undo.h"
 #include "pagetree/tree_view.h"
 #include "platform/ui/editing_surface.h"
 #include "platform/ui/tree_control.h"
@@ -87,6 +88,11 @@ public:
   /// Asks and deletes the page that is selected in the tree; then shows the homepage.
   void DelPage();
 
+  /// The deletion or move that can be taken back.
+  pagetree::TreeUndo::Change treeChange() const;
+  /// Takes it back, and shows the page that was open then. What is in the editor has been left.
+  void undoTreeChange();
+
   /// Leaves what the editor holds and loads the page of the node. Where that has to stay, the node that was selected is so again.
   void changePage(std::string_view key);
   /// What the editor holds from now on.
@@ -98,6 +104,7 @@ public:
   pagetree::ActivePage& active() { return open_->active; }
   pagetree::PageTreeView& treeView() { return open_->treeView; }
   pagetree::PageStore& store() { return open_->store; }
+  pagetree::TreeUndo& treeUndo() { return open_->treeUndo; }
 
 private:
   struct Open {
@@ -106,6 +113,7 @@ private:
     pagetree::ActivePage active;
     pagetree::PageTreeView treeView;
     pagetree::PageStore store;
+    pagetree::TreeUndo treeUndo;
   };
 
   /// Counts what is under way for the length of a scope.

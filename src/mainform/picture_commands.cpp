@@ -139,7 +139,8 @@ void PictureCommands::pix_thumbs()
 void PictureCommands::allevorschaubilderneu()
 {
   auto& pages = parts_.pages;
-  if (!parts_.tabs.showTree() || !pages.leave())
+  // Nothing is saved for a user who then says No.
+  if (!thumbnails().isRenewalWanted() || !parts_.tabs.showTree() || !pages.leave())
     return;
   const auto before = pages.LastActivePage();
   if (!pages.tree().hasNode(before))
@@ -148,7 +149,7 @@ void PictureCommands::allevorschaubilderneu()
   if (pages.document.kind != DocumentKind::Page)
     pages.LoadPage(before);
   alone([&] {
-    thumbnails().allevorschaubilderneu(pages.store());
+    thumbnails().renewAll(pages.store());
     // The work went through many pages; the user is still at his own.
     if (pages.LastActivePage() != before) {
       pages.tree().select(before);

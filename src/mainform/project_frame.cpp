@@ -6,6 +6,7 @@
 #include "frame/paths/paths.h"
 #include "frame/project/migration.h"
 #include "frame/project/project.h"
+#include "frame/project/restoration.h"
 #include "frame/settings/export_path.h"
 #include "frame/settings/settings.h"
 #include "generator/templates/xml_layout.h"
@@ -13,12 +14,16 @@
 #include "platform/files/files.h"
 #include "platform/files/path.h"
 
+#include <utility>
+
 namespace mrd::mainform {
 namespace {
 
 constexpr std::string_view kOpening = "DialogOpenChangeNewDB", kImporting = "ImportProject";
 constexpr int kMessageExists = 5, kMessageNoTemplate = 6, kMessageNoEmptyFile = 13, kMessageRetry = 14, kMessageNoProject = 15,
-              kMessageAccessDenied = 16, kMessageNothingOpen = 24, kMessageNoExportDirectory = 37, kMessageNoFile = 109;
+              kMessageAccessDenied = 16, kMessageNothingOpen = 24, kMessageNoExportDirectory = 37, kMessageNoFile = 109,
+              kMessageNoBackup = 161, kMessageDamaged = 162, kMessageOpenElsewhere = 165, kMessageNoSuchBackup = 166,
+              kMessageBackupDamaged = 167, kMessageNotRestored = 169;
 /// Ways of asking for a project. Only the first is ever set; the other two are kept for callers to come.
 constexpr int kOpenExisting = 111, kOpenNew = 222, kOpenOther = 333;
 
@@ -39,15 +44,86 @@ void ProjectFrame::ladebenutzerlayouts()
     program_.ui.warning("not well-formed: " + files::nativePath(directory + "\\" + file).string());
 }
 
-ProjectFrame::Opened ProjectFrame::open(std::string_view path)
+ProjectFrame::Opened ProjectFrame::open(std::string_view path, Purpose purpose)
 {
+  // It may be of this project, whose file is opened and closed now: that would give up the lock under which it is read.
+  finishBackup();
   const bool isOld = dao::isJetFile(path);
   if (isOld && !OldProjects(program_).convertInPlace(path))
     return Opened::Refused;
+  const project::Backups backups(path);
+  // Marked first: a project that is just being replaced would be opened under its old file.
+  auto mark = purpose == Purpose::Working ? backups.markOpen() : nullptr;
   // The project that is open stays so where the next one cannot be opened.
   db_ = project::openProject(path);
   DbName_ = path;
+  openMark_ = std::move(mark);
+  if (purpose == Purpose::Working)
+    beginBackup(backups);
   return isOld ? Opened::Converted : Opened::AsItWas;
+}
+
+void ProjectFrame::beginBackup(const project::Backups& backups)
+{
+  backup_ = std::make_unique<project::DailyBackup>(backups, program_.clock.now());
+  if (!openMark_)
+    openMark_ = backups.markOpen();
+}
+
+void ProjectFrame::finishBackup()
+{
+  if (!backup_)
+    return;
+  backup_->wait();
+  tellBackup();
+}
+
+void ProjectFrame::tellBackup()
+{
+  if (!backup_ || !backup_->isDone())
+    return;
+  const auto backup = std::exchange(backup_, nullptr);
+  const auto& failure = backup->failure();
+  // Once a day's work is enough: whoever opens the project again and again knows.
+  if (!failure || !toldProjects_.insert(DbName_).second)
+    return;
+  program_.ui.hideSplash();
+  if (failure->kind() == base::ErrorNumber::NotADatabase)
+    program_.language.GetMsg(kMessageDamaged);
+  else
+    program_.language.GetMsg(kMessageNoBackup, failure->description(), "R");
+}
+
+std::optional<std::string> ProjectFrame::restore(std::string_view path, std::string_view name)
+{
+  const project::Backups backups(path);
+  const auto backup = backups.find(name);
+  if (!backup) {
+    program_.language.GetMsg(kMessageNoSuchBackup, name, "R");
+    return std::nullopt;
+  }
+  close();
+  const ui::WaitPointer wait(program_.ui);
+  try {
+    return project::restore(backups, *backup, program_.clock);
+  } catch (const base::Error& error) {
+    tellRefusal(error, name);
+  }
+  return std::nullopt;
+}
+
+void ProjectFrame::tellRefusal(const base::Error& error, std::string_view name)
+{
+  switch (error.kind()) {
+  case base::ErrorNumber::DatabaseLocked:
+    program_.language.GetMsg(kMessageOpenElsewhere);
+    break;
+  case base::ErrorNumber::NotADatabase:
+    program_.language.GetMsg(kMessageBackupDamaged, name, "R");
+    break;
+  default:
+    program_.language.GetMsg(kMessageNotRestored, error.description(), "R");
+  }
 }
 
 bool ProjectFrame::importProject(std::string_view jetFile, const std::optional<std::string>& target)
@@ -67,21 +143,28 @@ bool ProjectFrame::importProject(std::string_view jetFile, const std::optional<s
     if (!isThere)
       return;
     const std::string path = target ? *target : std::string(jetFile);
-    db_ = project::openProject(path);
-    DbName_ = path;
+    if (target) {
+      db_ = project::openProject(path);
+      DbName_ = path;
+    } else {
+      open(path, Purpose::Working);
+      finishBackup();
+    }
     done = true;
   });
   return done;
 }
 
-bool ProjectFrame::openProject(std::string_view path)
+bool ProjectFrame::openProject(std::string_view path, Purpose purpose)
 {
   bool done = false;
   failures::withStandardHandler(program_.language, kOpening, [&] {
     if (!paths::datei_vorhanden(path) && !files::directoryExists(path))
       throw base::Error(base::ErrorNumber::FileNotFound, "Datei nicht gefunden: " + std::string(path));
-    if (open(path) == Opened::Refused)
+    if (open(path, purpose) == Opened::Refused)
       return;
+    // What runs without a window is over soon, and would have to wait at its end.
+    finishBackup();
     project::Migration(*db_, program_.ui).UpdDatabase();
     done = true;
   });
@@ -201,7 +284,7 @@ void ProjectFrame::openWithWindow(const std::string& path)
     hooks_.unload();
     return;
   }
-  const auto opened = open(path);
+  const auto opened = open(path, Purpose::Working);
   if (opened == Opened::Refused)
     return;
   if (opened == Opened::Converted)
@@ -235,6 +318,7 @@ void ProjectFrame::OpenProject_Click()
 void ProjectFrame::CheckDatabase()
 {
   const ui::WaitPointer wait(program_.ui);
+  finishBackup();
   // Opened first and closed then: a file that has become unreadable leaves the program what it has.
   db_ = project::openProject(base::trim(DbName_));
 }
@@ -242,7 +326,8 @@ void ProjectFrame::CheckDatabase()
 void ProjectFrame::close()
 {
   db_.reset();
-  program_.language.close();
+  openMark_.reset();
+  finishBackup();
 }
 
 } // namespace mrd::mainform

@@ -1,12 +1,15 @@
 #pragma once
 // The frame around one open project: the one way into it, and what the whole program knows of it.
 
+#include "frame/project/backup_copy.h"
 #include "frame/settings/fields.h"
 #include "mainform/program.h"
 #include "platform/dao/database.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -27,6 +30,9 @@ struct ProjectHooks {
   /// Recolours the editor and the previews from the fields.
   std::function<void()> farbenaktualisieren = [] {};
 };
+
+/// What a project is opened for: before it is worked with, it is backed up.
+enum class Purpose { Reading, Working };
 
 /// Where the files of a project's site go.
 struct ExportPath {
@@ -56,7 +62,7 @@ public:
   void OpenProject_Click();
 
   /// Opens a project and brings its schema up to date, without its settings. False, with a message, when it cannot be used.
-  bool openProject(std::string_view path);
+  bool openProject(std::string_view path, Purpose purpose = Purpose::Working);
   /// Fills the fields from the open project. False, with message 37, when the export directory that was given does not exist.
   bool loadSettings(const ExportPath& exportPath = {});
   /// Makes a project from a database of an earlier version: in a file of its own, or without `target` in the place of the old
@@ -65,18 +71,28 @@ public:
   /// Makes a project from the empty template. False, with message 5 or 6, when the file exists or the template is missing.
   bool createProject(std::string_view path);
 
+  /// Puts the backup with this name in the place of the project. Returns the name under which the present state is kept, empty
+  /// where there was none; nothing, with a message, when all is as it was. No project is open then.
+  std::optional<std::string> restore(std::string_view path, std::string_view name);
+  /// Tells that today's backup could not be made, as soon as that is known.
+  void tellBackup();
+  /// The same, and waits for it. To be called before anybody else in this process opens the project's file.
+  void finishBackup();
+
   /// Closes and reopens the project database.
   void CheckDatabase();
-  /// Closes the project and the language database.
   void close();
 
 private:
   /// How the file came to be open. A refusal was told.
   enum class Opened { Refused, AsItWas, Converted };
-  Opened open(std::string_view path);
+  Opened open(std::string_view path, Purpose purpose);
+  /// Begins the backup of the day and marks the project as open.
+  void beginBackup(const project::Backups& backups);
   /// The path that the user chose, empty where nothing is asked; nothing when no project can be made.
   std::optional<std::string> chooseProject();
   void openWithWindow(const std::string& path);
+  void tellRefusal(const base::Error& error, std::string_view name);
   bool tellFailure(const base::Error& error, bool& Abgebrochen);
 
   Program& program_;
@@ -84,6 +100,10 @@ private:
   settings::Fields fields_;
   std::optional<dao::Database> db_;
   std::string DbName_;
+  std::unique_ptr<files::FileLock> openMark_;
+  std::unique_ptr<project::DailyBackup> backup_;
+  /// Projects whose user has been told that they are not backed up.
+  std::set<std::string> toldProjects_;
   int OpenMode_ = 0;
 };
 

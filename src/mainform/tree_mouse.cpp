@@ -112,7 +112,10 @@ void TreeMouse::move()
   pages.rememberState();
   pagetree::frmMove1 dialog(parts_.project.db(), language(), request, &pages.tree());
   dialog.lblMove = {{{pages.ActiveNodeText(), request.MoveSourceID}, {DragTargetText_, request.MoveTargetID}}};
-  failures::withStandardHandler(language(), "Moving", [&] { parts_.dialogs.showModal(dialog); });
+  pages.treeUndo().move([&] {
+    failures::withStandardHandler(language(), "Moving", [&] { parts_.dialogs.showModal(dialog); });
+    return dialog.MoveAusgefuehrt;
+  });
   if (dialog.MoveAusgefuehrt)
     showMoved();
 }

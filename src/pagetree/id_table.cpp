@@ -30,6 +30,15 @@ IdTable::IdTable(dao::Database& db) : pages_(db.openRecordset("Select id from Se
   ids_ = original_;
 }
 
+std::vector<std::int64_t> IdTable::rowNumbers()
+{
+  std::vector<std::int64_t> numbers;
+  if (!original_.empty())
+    for (pages_.moveFirst(); !pages_.eof(); pages_.moveNext())
+      numbers.push_back(pages_.rowNumber());
+  return numbers;
+}
+
 std::vector<std::size_t> IdTable::level(std::size_t length) const
 {
   std::vector<std::size_t> rows;

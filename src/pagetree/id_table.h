@@ -4,6 +4,7 @@
 #include "platform/dao/database.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -18,6 +19,8 @@ public:
 
   /// Present ids, in table order.
   const std::vector<std::string>& ids() const { return ids_; }
+  /// The engine's numbers of the rows, in the same order. Throws EngineError for a table whose rows have none.
+  std::vector<std::int64_t> rowNumbers();
   /// Places of the rows with ids of `length` characters other than "00", by id.
   std::vector<std::size_t> level(std::size_t length) const;
 

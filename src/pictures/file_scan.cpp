@@ -1,28 +1,24 @@
 #include "pictures/file_scan.h"
 
-#include "base/errors.h"
 #include "base/format.h"
 #include "base/text.h"
 #include "frame/paths/paths.h"
 #include "pictures/objekt_anzeigen.h"
 #include "platform/files/directory.h"
-#include "platform/files/path.h"
 
 #include <algorithm>
-#include <cctype>
+#include <utility>
 
 namespace mrd::pictures {
 namespace {
 
 constexpr std::string_view kPictureExtensions = "jpg bmp tif gif pcx ico pcd img dib wmf png";
-constexpr std::string_view kMark = " -- ", kLockedByOffice = "~$";
-constexpr std::string_view kAllFiles = "*.*";
+/// Enough of what stands behind an entry to know it by.
+constexpr std::string_view kMark = " -- ";
+constexpr std::string_view kLockedByOffice = "~$";
 constexpr std::size_t kEntriesBetweenEvents = 500;
 /// A window that is asked this often feels alive; asking at each of many small directories would cost more than reading them.
 constexpr auto kBetweenEvents = std::chrono::milliseconds(15);
-constexpr int kMessageNoNumber = 30, kMessageNotConverted = 126;
-/// As many as a message box shows without leaving the screen.
-constexpr std::size_t kFailuresTold = 12;
 
 void countUp(std::string& caption) { caption = base::format("{}", static_cast<long long>(base::numericValue(caption)) + 1); }
 
@@ -32,11 +28,10 @@ std::string registerKey(std::string_view directory, std::string_view name)
   return base::comparisonKey(directory) + '\n' + base::comparisonKey(name);
 }
 
-bool isNumber(std::string_view text)
+std::string withoutBlanksBehind(std::string text)
 {
-  const auto trimmed = base::trim(text);
-  return !trimmed.empty() && trimmed.find_first_not_of("+-.,0123456789") == std::string::npos &&
-         std::ranges::any_of(trimmed, [](unsigned char c) { return std::isdigit(c) != 0; });
+  text.erase(text.find_last_not_of(' ') + 1);
+  return text;
 }
 
 } // namespace
@@ -72,6 +67,18 @@ void FrmFileScan::Command1_Click()
     return;
   stopped_ = false;
   scanning_ = true;
+  // The button starts again whatever ends the scan.
+  try {
+    scan();
+  } catch (...) {
+    endScan();
+    throw;
+  }
+  endScan();
+}
+
+void FrmFileScan::scan()
+{
   Command1 = kStop;
   window.refresh();
   parts_.insertion.language.ui().pumpEvents();
@@ -80,23 +87,21 @@ void FrmFileScan::Command1_Click()
   labelanz = LabelNeu = Labelalt = "0";
   visited_.clear();
   known_.reset();
-  // The button starts again whatever ends the scan.
-  const auto end = [this] {
-    Command1 = kStart;
-    scanning_ = false;
-    window.refresh();
-  };
-  try {
-    GetAllFiles(tbshare, kAllFiles);
-  } catch (const base::Error&) {
-    end();
-    throw;
-  }
-  end();
+  register_.reset();
+  GetAllFiles(tbshare);
 }
 
-void FrmFileScan::GetAllFiles(std::string path, std::string_view pattern)
+void FrmFileScan::endScan()
 {
+  Command1 = kStart;
+  scanning_ = false;
+  window.refresh();
+}
+
+void FrmFileScan::GetAllFiles(std::string path)
+{
+  if (Checknurneue && !register_)
+    register_ = parts_.insertion.db.openSnapshot("SELECT * FROM dateien");
   letEventsRun();
   if (!path.ends_with('\\'))
     path += '\\';
@@ -105,7 +110,7 @@ void FrmFileScan::GetAllFiles(std::string path, std::string_view pattern)
   for (const auto& entry : files::directoryEntries(path)) {
     if (entry.isDirectory) {
       if (CheckSubDir)
-        GetAllFiles(path + entry.name + "\\", pattern);
+        GetAllFiles(path + entry.name + "\\");
     } else {
       addFile(path, entry.name);
     }
@@ -158,10 +163,11 @@ bool FrmFileScan::isWanted(const std::string& name) const
 bool FrmFileScan::isKnown(const std::string& path)
 {
   if (!known_) {
+    // A register without its columns is a failure, also an empty one.
+    const auto directory = register_->column("pfadLokal"), name = register_->column("Dateiname");
     known_.emplace();
-    auto rows = parts_.insertion.db.openSnapshot("SELECT * FROM dateien");
-    for (; !rows.eof(); rows.moveNext())
-      known_->insert(registerKey(rows.value("pfadLokal").text(), rows.value("Dateiname").text()));
+    for (; !register_->eof(); register_->moveNext())
+      known_->insert(registerKey(register_->text(directory), register_->text(name)));
   }
   const auto parts = paths::teile_dateipfad(path);
   return known_->contains(registerKey(parts.verzeichnis, parts.name + "." + parts.erweiterung));
@@ -211,8 +217,8 @@ void FrmFileScan::dropFiles(const std::vector<std::string>& paths)
 {
   // An entry is a path behind the directory. Before anything was chosen there, files from elsewhere stand for themselves.
   const auto isElsewhere = [this](const std::string& path) { return !base::contains(path, tbshare); };
-  if (List1.empty() && Listpix.empty() && std::ranges::all_of(paths, isElsewhere))
-    tbshare.clear();
+  if (!tbshare.empty() && List1.empty() && Listpix.empty() && std::ranges::all_of(paths, isElsewhere))
+    shareBefore_ = std::exchange(tbshare, {});
   for (const auto& path : paths)
     Listpix.push_back({withoutShare(path)});
   lblpixanz = base::format("{}", Listpix.size());
@@ -229,9 +235,6 @@ void FrmFileScan::dropText(std::string_view text)
       break;
     text.remove_prefix(end + base::kCrLf.size());
   }
-  // A line end behind the last name begins no further one.
-  if (lines.back().empty())
-    lines.pop_back();
   dropFiles(lines);
 }
 
@@ -245,6 +248,7 @@ void FrmFileScan::click(std::string_view list, const ListBox& box, std::size_t e
     return;
   rotateList = list;
   rotateEntry = box[entry].text;
+  rotateIndex_ = entry;
   if (!CheckBitmap)
     return;
   if (const auto path = pathOf(box[entry]); isShownAsPicture(path))
@@ -254,7 +258,7 @@ void FrmFileScan::click(std::string_view list, const ListBox& box, std::size_t e
 std::string FrmFileScan::pathOf(const ListEntry& entry) const
 {
   const auto mark = entry.text.find(kMark);
-  return tbshare + (mark == std::string::npos ? entry.text : base::trim(entry.text.substr(0, mark)));
+  return tbshare + (mark == std::string::npos ? entry.text : withoutBlanksBehind(entry.text.substr(0, mark)));
 }
 
 void FrmFileScan::CheckBitmap_Click()
@@ -274,125 +278,21 @@ void FrmFileScan::cbrotieren_Click()
     turned = rotatePicture(tbshare + rotateEntry, Slider1);
   }
   const auto text = withoutShare(turned);
-  auto& box = rotateList == "List1" ? List1 : Listpix;
-  const auto entry = std::ranges::find(box, rotateEntry, &ListEntry::text);
-  if (entry != box.end())
+  if (auto* const entry = clickedEntry())
     entry->text = text;
   rotateEntry = text;
   window.refresh();
   hooks_.anzeigen(turned, "Bitmap");
 }
 
-// --- the options
-
-void FrmFileScan::CheckOriginalbilder_Click()
+/// The entry that was clicked, or the first with its text where the list has changed since; null where there is none.
+ListEntry* FrmFileScan::clickedEntry()
 {
-  bildpartnerEnabled = popupEnabled = CheckBildpartner = CheckPopupfenster = CheckOriginalbilder;
-}
-
-void FrmFileScan::CheckBildpartner_Click() { CheckOriginalbilder = CheckOriginalbilder || CheckBildpartner; }
-
-void FrmFileScan::CheckPopupfenster_Click() { CheckOriginalbilder = CheckOriginalbilder || CheckPopupfenster; }
-
-void FrmFileScan::Opdieseseite_Click() { Opdieseseite = tableEnabled = true; }
-
-void FrmFileScan::OpjedesBildeineSeite_Click() { Opdieseseite = tableEnabled = false; }
-
-void FrmFileScan::opnichtkonvertieren_Click()
-{
-  opkonvertieren = false;
-  bildpartnerEnabled = popupEnabled = true;
-}
-
-void FrmFileScan::tbtabspalten_Change()
-{
-  if (!isNumber(tbtabspalten))
-    tbtabspalten = "0";
-}
-
-void FrmFileScan::tbpixel_LostFocus()
-{
-  if (!isNumber(tbpixel))
-    parts_.insertion.language.GetMsg(kMessageNoNumber);
-}
-
-void FrmFileScan::Slider1_Scroll() { sliderToolTip = base::format("Kompressionsfaktor {}%", Slider1); }
-
-// --- the last button
-
-InsertionOutcome FrmFileScan::cbeinfügen_Click()
-{
-  InsertionOutcome outcome;
-  // The lists must stay what they are while pictures are worked on.
-  if (isBusy())
-    return outcome;
-  if (opkonvertieren && !isNumber(tbpixel)) {
-    parts_.insertion.language.GetMsg(kMessageNoNumber);
-    return outcome;
-  }
-  hooks_.alone([&] {
-    inserting_ = true;
-    try {
-      insert(outcome);
-    } catch (...) {
-      inserting_ = false;
-      throw;
-    }
-    inserting_ = false;
-  });
-  if (!outcome.begun)
-    return outcome;
-  tellFailures(outcome);
-  hooks_.unloadViewer();
-  saveOptions();
-  unload();
-  return outcome;
-}
-
-void FrmFileScan::insert(InsertionOutcome& outcome)
-{
-  ChosenPictures chosen{tbshare, {}, lblnode};
-  for (const auto& entry : Listpix)
-    chosen.Listpix.push_back(entry.text);
-  outcome = PictureInsertion(parts_.insertion, *this).run(chosen);
-  if (!outcome.begun)
-    return;
-  for (std::size_t i = 0; i < Listpix.size(); ++i)
-    Listpix[i].text = chosen.Listpix[i];
-  lblnode = chosen.lblnode;
-  hooks_.inserted();
-  window.refresh();
-}
-
-/// The entries say it too, but the window is about to close.
-void FrmFileScan::tellFailures(const InsertionOutcome& outcome)
-{
-  if (outcome.failed.empty())
-    return;
-  std::string lines;
-  for (std::size_t i = 0; i < std::min(outcome.failed.size(), kFailuresTold); ++i) {
-    const auto& [path, reason] = outcome.failed[i];
-    const auto name = files::nativePath(path).native();
-    lines += (base::contains(reason, name) ? reason : base::format("{}: {}", name, reason)) + std::string(base::kCrLf);
-  }
-  if (outcome.failed.size() > kFailuresTold)
-    lines += base::format("... ({})", outcome.failed.size());
-  parts_.insertion.language.GetMsg(kMessageNotConverted, lines, "R");
-}
-
-void FrmFileScan::cbschließen_Click()
-{
-  if (inserting_)
-    return;
-  stopped_ = true;
-  parts_.settings.setValue("Settings", "search", tbshare);
-  unload();
-}
-
-void FrmFileScan::unload()
-{
-  loaded_ = false;
-  window.unload();
+  auto& box = rotateList == "List1" ? List1 : Listpix;
+  if (rotateIndex_ < box.size() && box[rotateIndex_].text == rotateEntry)
+    return &box[rotateIndex_];
+  const auto first = std::ranges::find(box, rotateEntry, &ListEntry::text);
+  return first == box.end() ? nullptr : &*first;
 }
 
 } // namespace mrd::pictures

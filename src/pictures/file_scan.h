@@ -118,9 +118,11 @@ public:
   void cbschließen_Click();
 
   /// Appends what it finds to `List1` and counts; goes into subdirectories where that is wanted.
-  void GetAllFiles(std::string path, std::string_view pattern);
+  void GetAllFiles(std::string path);
 
 private:
+  void scan();
+  void endScan();
   void addFile(const std::string& path, const std::string& name);
   bool isKnown(const std::string& path);
   bool isWanted(const std::string& name) const;
@@ -131,17 +133,24 @@ private:
   void saveOptions();
   void letEventsRun();
   void insert(InsertionOutcome& outcome);
+  ListEntry* clickedEntry();
+  void storeDirectory();
   void tellFailures(const InsertionOutcome& outcome);
   void unload();
 
   Parts parts_;
   FileScanHooks hooks_;
   bool stopped_ = false, loaded_ = false, scanning_ = false, inserting_ = false;
+  /// Place of the entry that was clicked last; another one can have the same text.
+  std::size_t rotateIndex_ = 0;
+  /// The directory that gave way to files from elsewhere.
+  std::string shareBefore_;
   std::size_t entriesSinceEvents_ = 0;
   std::chrono::steady_clock::time_point eventsRan_;
   /// Directories that the scan has been in, so that a link to one above does not lead round and round.
   std::unordered_set<std::string> visited_;
-  /// Files of the register by directory and name; read when the first file is looked up.
+  /// The register, opened by a scan for new files, and its files by directory and name, read when the first is looked up.
+  std::optional<dao::Recordset> register_;
   std::optional<std::unordered_set<std::string>> known_;
 };
 

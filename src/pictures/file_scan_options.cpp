@@ -3,12 +3,20 @@
 #include "base/text.h"
 #include "pictures/file_scan.h"
 
+#include <algorithm>
 #include <array>
 
 namespace mrd::pictures {
 namespace {
 
 constexpr std::string_view kSection = "Settings";
+
+/// Whatever the store holds, it is a number of today's size.
+int wholeNumber(std::string_view text)
+{
+  constexpr double kMost = 1'000'000;
+  return static_cast<int>(std::clamp(base::numericValue(text), -kMost, kMost));
+}
 
 /// One remembered option: how its control takes the stored text, and the text that is stored.
 struct Option {
@@ -27,8 +35,7 @@ constexpr Option text(std::string_view key, std::string_view fallback)
 template <auto field>
 constexpr Option number(std::string_view key, std::string_view fallback)
 {
-  return {key, fallback,
-          [](FrmFileScan& form, const std::string& value) { form.*field = static_cast<int>(base::numericValue(value)); },
+  return {key, fallback, [](FrmFileScan& form, const std::string& value) { form.*field = wholeNumber(value); },
           [](const FrmFileScan& form) { return base::format("{}", form.*field); }};
 }
 
@@ -86,7 +93,7 @@ ConversionOptions storedConversion(const files::UserSettings& settings)
 {
   ConversionOptions options;
   options.tbpixel = settings.value(kSection, kWidth, options.tbpixel);
-  options.Slider1 = static_cast<int>(base::numericValue(settings.value(kSection, kQuality, base::format("{}", options.Slider1))));
+  options.Slider1 = wholeNumber(settings.value(kSection, kQuality, base::format("{}", options.Slider1)));
   options.opkonvertieren = base::yesNo(settings.value(kSection, kConvert, "True"));
   return options;
 }
@@ -110,9 +117,12 @@ void FrmFileScan::readNode()
     lblnode = *selected;
 }
 
+/// A directory that gave way to files from elsewhere is still the one of the user.
+void FrmFileScan::storeDirectory() { parts_.settings.setValue(kSection, "search", tbshare.empty() ? shareBefore_ : tbshare); }
+
 void FrmFileScan::saveOptions()
 {
-  parts_.settings.setValue(kSection, "search", tbshare);
+  storeDirectory();
   for (const auto& option : kOptions)
     parts_.settings.setValue(kSection, option.key, option.text(*this));
 }

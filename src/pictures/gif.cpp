@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <map>
-#include <optional>
 
 namespace mrd::pictures {
 namespace {
@@ -59,39 +57,16 @@ IndexedPicture inCube(const Image& picture)
   return out;
 }
 
-std::uint32_t keyOf(Colour colour)
+IndexedPicture inOwnTable(const Image& picture)
 {
-  return static_cast<std::uint32_t>(colour.red) << 16 | static_cast<std::uint32_t>(colour.green) << 8 | colour.blue;
-}
-
-/// Nothing where a pixel has a colour that the table lacks, such as the one behind a transparent place.
-std::optional<IndexedPicture> inOwnTable(const Image& picture)
-{
-  const auto& palette = picture.palette();
-  IndexedPicture out{picture.width(), picture.height(), {}, {}};
-  std::map<std::uint32_t, std::uint8_t> numbers;
-  for (std::size_t at = 0; at < std::min(palette.size(), out.palette.size()); ++at) {
-    out.palette[at] = palette[at];
-    numbers.emplace(keyOf(palette[at]), static_cast<std::uint8_t>(at));
-  }
-  const auto bytes = picture.bytes();
-  out.pixels.reserve(bytes.size() / 3);
-  for (std::size_t at = 0; at < bytes.size(); at += 3) {
-    const auto number = numbers.find(keyOf({bytes[at], bytes[at + 1], bytes[at + 2]}));
-    if (number == numbers.end())
-      return std::nullopt;
-    out.pixels.push_back(number->second);
-  }
+  IndexedPicture out{picture.width(), picture.height(), {}, picture.numbers()};
+  std::ranges::copy(picture.palette(), out.palette.begin());
   return out;
 }
 
 } // namespace
 
-IndexedPicture indexed(const Image& picture)
-{
-  auto own = picture.palette().empty() ? std::nullopt : inOwnTable(picture);
-  return own ? *std::move(own) : inCube(picture);
-}
+IndexedPicture indexed(const Image& picture) { return picture.numbers().empty() ? inCube(picture) : inOwnTable(picture); }
 
 bool GIF::SaveGIF(const Image& bild, std::string_view dateiname)
 {

@@ -22,7 +22,7 @@ struct IndexedPicture {
 };
 
 /// Every pixel as the nearest colour (least squared distance, the first of two) of a cube of 5 levels a channel, red outermost;
-/// the other 131 entries are black. A picture that still has the colour table of its file keeps it, if all its colours are there.
+/// the other 131 entries are black. A picture that still has the colour table of its file keeps the table and its numbers.
 IndexedPicture indexed(const image::Image& picture);
 
 /// The writer: GIF87a, one table of 256 colours, codes that are always 9 bits wide. The dictionary is cleared at every row and

@@ -4,7 +4,9 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "pagetree/page_id.h"
+#include "pictures/page_pictures.h"
 #include "pictures/shadow.h"
+#include "platform/ui/progress.h"
 
 #include <algorithm>
 #include <chrono>
@@ -16,13 +18,15 @@
 namespace mrd::pictures {
 
 struct PictureInsertion::Job {
-  /// Place in the list and the entry without what a run adds to it.
+  /// Place in the list, and the entry behind its directory, without what a run adds to it.
   std::size_t index;
-  std::string entry;
+  std::string path;
   Source source;
   std::string quellname;
   /// Key of the page that gives the file its name: the open one, or the new one without its first character.
   std::string zusatz;
+  /// Number of the new page below its parent.
+  int lfd = 0;
   /// Files in lower case that are read or written: two jobs with a common one go after each other.
   std::vector<std::string> files;
 };
@@ -40,22 +44,18 @@ constexpr std::size_t kMostPictures = 99;
 constexpr int kLastNumber = 99;
 /// The homepage has no number in front of those of its sub-pages; the first character of a key is cut off.
 constexpr std::string_view kKeyOfHomepage = ";";
-constexpr std::string_view kMarkOfPicture = "   --   Bild auf Seite eingefügt!", kMarkOfPage = "   --   untergeordnete Seite";
+constexpr std::string_view kPictureInPage = "Bild auf Seite eingefügt!", kPageOfPicture = "untergeordnete Seite";
+/// Cells are counted so far.
+constexpr int kMostCells = 32767;
 /// How long the window may sleep while pictures are converted.
 constexpr auto kNap = std::chrono::milliseconds(30);
 
 using base::format;
 
-/// Text of a file name or a field in a page. No quote or angle bracket in it becomes markup; "&" stays as it is in all pages.
-std::string inPage(std::string_view text)
+/// The file itself: an extension that is none for the path rules, such as that of "bild.backup", is lost, and then there is none.
+std::string fileOf(const paths::PathParts& parts)
 {
-  return base::replaceAll(base::replaceAll(base::replaceAll(text, "\"", "&quot;"), "<", "&lt;"), ">", "&gt;");
-}
-
-int columnsOf(const std::string& tbtabspalten)
-{
-  constexpr double kMost = 32767;
-  return static_cast<int>(std::lround(std::clamp(base::numericValue(tbtabspalten), -kMost, kMost)));
+  return parts.verzeichnis + parts.name + (parts.erweiterung.empty() ? "" : "." + parts.erweiterung);
 }
 
 bool shareFile(const std::vector<std::string>& a, const std::vector<std::string>& b)
@@ -68,7 +68,7 @@ std::size_t picturesAtATime() { return std::clamp(2 * std::thread::hardware_conc
 
 } // namespace
 
-InsertionOutcome PictureInsertion::run(ChosenPictures& chosen)
+InsertionOutcome PictureInsertion::run(ChosenPictures& chosen, const std::function<void()>& advanced)
 {
   InsertionOutcome outcome;
   if (chosen.lblnode == "@00" || chosen.lblnode == "lblnode")
@@ -78,15 +78,27 @@ InsertionOutcome PictureInsertion::run(ChosenPictures& chosen)
   outcome.begun = true;
   const ui::WaitPointer wait(parts_.language.ui());
   const WorkOnPictures work(parts_.frmBildkonvertierer, chosen.Listpix.size());
-  columns_ = columnsOf(options_.tbtabspalten);
+  chosen.LabelNeu = chosen.Labelalt = "0";
+  advanced();
+  columns_ = base::numericValue(options_.tbtabspalten);
   html_ = parts_.DHTMLEdit1.bodyInnerHtml();
   auto jobs = plan(chosen, outcome);
-  workOn(jobs, chosen, outcome);
+  try {
+    workOn(jobs, chosen, outcome, advanced);
+  } catch (...) {
+    showPages();
+    throw;
+  }
   closeTable();
   parts_.DHTMLEdit1.setBodyInnerHtml(html_);
+  showPages();
+  return outcome;
+}
+
+void PictureInsertion::showPages()
+{
   if (!options_.Opdieseseite)
     parts_.ZeigeStruktur();
-  return outcome;
 }
 
 bool PictureInsertion::isRefused(const ChosenPictures& chosen)
@@ -127,9 +139,8 @@ std::vector<PictureInsertion::Job> PictureInsertion::plan(const ChosenPictures& 
       continue;
     }
     const auto parts = paths::teile_dateipfad(path);
-    Job job{i,          entry,          {parts.verzeichnis, base::lower(parts.name) + "." + parts.erweiterung, path},
-            parts.name, chosen.lblnode, {}};
-    job.source.dateiname = base::lower(job.source.dateiname);
+    const auto dateiname = base::lower(parts.name + "." + parts.erweiterung);
+    Job job{i, path, {parts.verzeichnis, dateiname, fileOf(parts)}, parts.name, chosen.lblnode, 0, {}};
     if (!options_.Opdieseseite) {
       const auto key = nextFreeKey(chosen.lblnode, lfd);
       if (key.empty()) {
@@ -137,6 +148,7 @@ std::vector<PictureInsertion::Job> PictureInsertion::plan(const ChosenPictures& 
         break;
       }
       job.zusatz = key.substr(1);
+      job.lfd = lfd;
     }
     job.files.push_back(base::lower(path));
     for (const auto& name : possibleNames(options_, job.source, job.zusatz)) {
@@ -181,9 +193,11 @@ PictureInsertion::Prepared PictureInsertion::prepare(const Job& job) const
   return out;
 }
 
-void PictureInsertion::workOn(std::vector<Job>& jobs, ChosenPictures& chosen, InsertionOutcome& outcome)
+void PictureInsertion::workOn(std::vector<Job>& jobs, ChosenPictures& chosen, InsertionOutcome& outcome,
+                              const std::function<void()>& advanced)
 {
   auto& ui = parts_.language.ui();
+  const ui::Progress progress(ui);
   struct Running {
     const Job* job;
     std::future<Prepared> result;
@@ -205,11 +219,15 @@ void PictureInsertion::workOn(std::vector<Job>& jobs, ChosenPictures& chosen, In
     running.pop_front();
     ui.progress(outcome.inserted, jobs.size());
     parts_.frmBildkonvertierer.progress(outcome.inserted);
+    advanced();
     stopped = isStopAskedFor() || stopped;
   }
-  ui.hideProgress();
-  if (outcome.outOfNumbers && !stopped)
-    parts_.language.GetMsg(kMessageNoNumberLeft);
+  if (!outcome.outOfNumbers || stopped)
+    return;
+  // Counted before the search for a number ended.
+  chosen.Labelalt = pagetree::formatNumber(static_cast<int>(base::numericValue(chosen.Labelalt)) + 1);
+  advanced();
+  parts_.language.GetMsg(kMessageNoNumberLeft);
 }
 
 bool PictureInsertion::isStopAskedFor()
@@ -220,18 +238,18 @@ bool PictureInsertion::isStopAskedFor()
 
 void PictureInsertion::insert(const Job& job, const Prepared& prepared, ChosenPictures& chosen, InsertionOutcome& outcome)
 {
-  if (options_.Opdieseseite)
-    addToOpenPage(job, prepared);
-  else
-    addPage(job, prepared);
   ++outcome.inserted;
-  auto& entry = chosen.Listpix[job.index];
-  if (prepared.failure) {
-    outcome.failed.push_back({job.source.path, *prepared.failure});
-    entry += "   --   " + *prepared.failure;
+  if (options_.Opdieseseite) {
+    addToOpenPage(job, prepared);
+    chosen.LabelNeu = format("{}", outcome.inserted);
   } else {
-    entry += options_.Opdieseseite ? kMarkOfPicture : kMarkOfPage;
+    addPage(job, prepared);
+    chosen.Labelalt = pagetree::formatNumber(job.lfd);
   }
+  if (prepared.failure)
+    outcome.failed.push_back({job.path, *prepared.failure});
+  const auto done = options_.Opdieseseite ? kPictureInPage : kPageOfPicture;
+  chosen.Listpix[job.index] += std::string(kEntryMark) + prepared.failure.value_or(std::string(done));
 }
 
 std::string PictureInsertion::magnifier() const
@@ -243,8 +261,11 @@ std::string PictureInsertion::orderLink(const Job& job) const
 {
   return format("<a href=\"javascript:picturetransfer('file://{}','{}')\"><img alt='Papierbild bestellen' "
                 "src='file://{}/karre.gif' border=0></a>",
-                inPage(job.source.path), inPage(parts_.fields.tbBildpartnerID), parts_.program.directory());
+                inPage(job.path), inPage(parts_.fields.tbBildpartnerID), parts_.program.directory());
 }
+
+/// No value of the columns is rounded: with two and a half of them every fifth cell ends a row.
+bool PictureInsertion::isRowFull() const { return std::fmod(spalte_, columns_) == 0; }
 
 void PictureInsertion::addToOpenPage(const Job& job, const Prepared& prepared)
 {
@@ -253,7 +274,7 @@ void PictureInsertion::addToOpenPage(const Job& job, const Prepared& prepared)
     if (zeile_ == 1 && spalte_ == 0)
       html_ += options_.CheckRahmen ? "<table border=1 cellpadding=1 cellspacing=1 align=center>"
                                     : "<table border=0 cellpadding=0 cellspacing=0 align=center>";
-    if (spalte_ % columns_ == 0)
+    if (isRowFull())
       html_ += "<tr>";
   } else {
     html_ += "<div align=\"center\"><br />\r\n";
@@ -261,7 +282,7 @@ void PictureInsertion::addToOpenPage(const Job& job, const Prepared& prepared)
   if (columns_ >= 1)
     html_ += "<td>";
   if (options_.CheckPopupfenster)
-    html_ += format("<a href='file://{}' target=_blank>", inPage(job.source.path));
+    html_ += format("<a href='file://{}' target=_blank>", inPage(job.path));
   html_ += format("<img border=0 alt=\"{}\" src=\"file://{}pix/{}\" /><br />", inPage(base::lower(base::trim(prepared.base))),
                   target_.exportPath, inPage(prepared.zieldatei));
   if (options_.CheckPopupfenster)
@@ -270,7 +291,8 @@ void PictureInsertion::addToOpenPage(const Job& job, const Prepared& prepared)
     html_ += orderLink(job);
   if (columns_ >= 1) {
     html_ += "</td>";
-    if (++spalte_ % columns_ == 0) {
+    ++spalte_;
+    if (isRowFull()) {
       html_ += "</tr>";
       ++zeile_;
     }
@@ -283,8 +305,11 @@ void PictureInsertion::addToOpenPage(const Job& job, const Prepared& prepared)
 void PictureInsertion::closeTable()
 {
   if (spalte_ >= 1) {
-    for (; spalte_ % columns_ != 0; ++spalte_, ++zeile_)
+    for (; !isRowFull(); ++spalte_, ++zeile_) {
+      if (spalte_ == kMostCells)
+        throw base::Error(base::ErrorNumber::InvalidCall, format("\"{}\" ist keine Zahl von Spalten.", options_.tbtabspalten));
       html_ += "<td>&nbsp;</td>";
+    }
     html_ += "</tr>";
   }
   if (zeile_ >= 2)
@@ -311,7 +336,7 @@ std::string PictureInsertion::newPage(const Job& job, const Prepared& prepared) 
                      inPage(base::trim(job.quellname)), inPage(base::trim(prepared.base)), target_.exportPath,
                      inPage(prepared.zieldatei));
   if (options_.CheckPopupfenster)
-    html += format("<a href='file://{}' target=_blank>{}</a> ", inPage(job.source.path), magnifier());
+    html += format("<a href='file://{}' target=_blank>{}</a> ", inPage(job.path), magnifier());
   if (options_.CheckBildpartner)
     html += orderLink(job);
   // The last closing tag has no opening one; editors have always taken the text so.

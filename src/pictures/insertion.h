@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace mrd::pictures {
@@ -25,12 +26,17 @@ struct InsertionOptions : ConversionOptions {
   bool CheckRahmen = false, CheckSchatten = false, CheckPopupfenster = false, CheckBildpartner = false;
 };
 
+/// Between an entry and what a run adds to it.
+inline constexpr std::string_view kEntryMark = "   --   ";
+
 /// What the dialog's lists hold: paths behind `tbshare`, and the key of the page that was selected when it opened.
 struct ChosenPictures {
   std::string tbshare;
   /// A run adds to each entry what became of it.
   std::vector<std::string> Listpix;
   std::string lblnode;
+  /// A run counts in them: pictures in the open page, and the number of the last new page.
+  std::string LabelNeu = "0", Labelalt = "0";
 };
 
 struct FailedPicture {
@@ -67,8 +73,10 @@ public:
 
   /// Converts the pictures, several at a time, and writes them into pages in their order. Refuses with message 29 or 19, or with
   /// message 2 where the page that is to take the new ones has gone; ends early with message 20, or when the user asks to stop.
-  /// Throws base::Error where a page cannot be written; the open page is then as it was.
-  InsertionOutcome run(ChosenPictures& chosen);
+  /// `advanced` is called whenever the run has changed what was chosen. Throws base::Error where a page cannot be written; the
+  /// open page is then as it was, and the tree shows the new ones before it.
+  InsertionOutcome run(
+      ChosenPictures& chosen, const std::function<void()>& advanced = [] {});
 
 private:
   struct Job;
@@ -77,11 +85,13 @@ private:
   bool isRefused(const ChosenPictures& chosen);
   bool isPageThere(const std::string& lblnode);
   bool isStopAskedFor();
+  void showPages();
   std::vector<Job> plan(const ChosenPictures& chosen, InsertionOutcome& outcome);
   std::string nextFreeKey(const std::string& lblnode, int& lfd);
   Prepared prepare(const Job& job) const;
-  void workOn(std::vector<Job>& jobs, ChosenPictures& chosen, InsertionOutcome& outcome);
+  void workOn(std::vector<Job>& jobs, ChosenPictures& chosen, InsertionOutcome& outcome, const std::function<void()>& advanced);
   void insert(const Job& job, const Prepared& prepared, ChosenPictures& chosen, InsertionOutcome& outcome);
+  bool isRowFull() const;
   void addToOpenPage(const Job& job, const Prepared& prepared);
   void addPage(const Job& job, const Prepared& prepared);
   std::string newPage(const Job& job, const Prepared& prepared) const;
@@ -93,7 +103,8 @@ private:
   InsertionOptions options_;
   PictureTarget target_{parts_.fields};
   std::string html_;
-  int columns_ = 0, spalte_ = 0, zeile_ = 1;
+  double columns_ = 0;
+  int spalte_ = 0, zeile_ = 1;
 };
 
 } // namespace mrd::pictures

@@ -14,4 +14,8 @@ paths::PathParts localParts(std::string_view reference);
 /// The whole path again.
 std::string pathOf(const paths::PathParts& parts);
 
+/// Text of a file name or a field in a page. No quote or angle bracket in it becomes markup; "&" stays as it is in all pages, and
+/// so does an apostrophe.
+std::string inPage(std::string_view text);
+
 } // namespace mrd::pictures

@@ -11,6 +11,7 @@
 #include "pictures/page_pictures.h"
 #include "pictures/sizes.h"
 #include "platform/html/document.h"
+#include "platform/ui/progress.h"
 
 namespace mrd::pictures {
 namespace {
@@ -25,9 +26,9 @@ constexpr std::string_view kNote = "Hinweis: Änderungen an den untergeordneten 
                                    "Erstellen Sie bitte ggf. die Tumbnails neu.";
 constexpr std::string_view kQuestion = "Sollen jetzte alle Vorschaubilder aktualisiert werden?";
 
-Image small(std::string_view pfad, double longerSidePx, const settings::Fields& fields)
+Image small(std::string_view pfad, double longerSidePx, image::Colour background)
 {
-  return Image::loadResized(pfad, fitted(Image::sizeOf(pfad), longerSidePx), colourOf(fields.tbhintergrund));
+  return Image::loadResized(pfad, fitted(Image::sizeOf(pfad), longerSidePx), background);
 }
 
 std::string heading(const dao::Recordset& page) { return base::trim(page.value("Überschrift").text()); }
@@ -57,7 +58,7 @@ std::vector<html::Element> outermostThumbs(html::Document& page)
 }
 
 /// As it stands in a value within single quotes.
-std::string inSingleQuotes(std::string_view text) { return base::replaceAll(html::escapeAttribute(text), "'", "&#39;"); }
+std::string inSingleQuotes(std::string_view text) { return base::replaceAll(inPage(text), "'", "&#39;"); }
 
 } // namespace
 
@@ -73,7 +74,7 @@ std::string vorschaubild_jpg(std::string_view pfad, const settings::Fields& fiel
   if (maximum < 1)
     throw base::Error(base::ErrorNumber::InvalidCall,
                       base::format("\"{}\" ist keine Größe für Vorschaubilder.", fields.tbVorschauBreite));
-  small(pfad, maximum, fields).saveJpeg(parts.verzeichnis + vorschauname, kQualityFactor);
+  small(pfad, maximum, colourOf(fields.tbhintergrund)).saveJpeg(parts.verzeichnis + vorschauname, kQualityFactor);
   return vorschauname;
 }
 
@@ -88,8 +89,14 @@ std::string vorschaubild_gif(std::string_view pfad, const settings::Fields& fiel
     return vorschauname;
   if (fits(Image::sizeOf(pfad), kTelephonePx))
     return parts.name + "." + parts.erweiterung;
-  GIF::SaveGIF(small(pfad, kTelephonePx, fields), target);
+  writeSmallGif(pfad, target, colourOf(fields.tbhintergrund));
   return vorschauname;
+}
+
+bool writeSmallGif(std::string_view pfad, std::string_view target, image::Colour background)
+{
+  const bool isSmall = fits(Image::sizeOf(pfad), kTelephonePx);
+  return GIF::SaveGIF(isSmall ? Image::loadWithPalette(pfad, background) : small(pfad, kTelephonePx, background), target);
 }
 
 bool Thumbnails::MakeThumbs(std::string_view seite)
@@ -126,9 +133,9 @@ std::optional<std::string> Thumbnails::tableOf(const std::string& id)
 {
   auto pages =
       parts_.db.openRecordset("SELECT * FROM Seite WHERE (ID like ?) and (ID<>'00') ORDER BY ID", {dao::Value(id + "??")});
-  const auto perRow = static_cast<long long>(base::numericValue(parts_.fields.tbVorschauAnzahl));
+  const double perRow = base::numericValue(parts_.fields.tbVorschauAnzahl);
   std::string table = "<table border=\"0\">";
-  long long n = 1;
+  int n = 1;
   for (; !pages.eof(); pages.moveNext()) {
     if (n == 1)
       table += "<tr>";
@@ -147,15 +154,15 @@ std::optional<std::string> Thumbnails::tableOf(const std::string& id)
   return table + "</table>";
 }
 
+/// A heading that contains HTML stays HTML, as in the rows of generated pages.
 std::string Thumbnails::cellOf(const dao::Recordset& page)
 {
   const auto target = linkPrefix() + linkTarget(page), title = heading(page);
   const auto thumbnail = thumbnailOf(page);
   if (!thumbnail)
-    return base::format("<td align='center'><a href='{}'>{}</a></td>", inSingleQuotes(target), html::escapeText(title));
-  return base::format(R"(<td align="center"><a href="{}" title="{}"><img src="{}" border="0"><br>{}</a></td>)",
-                      html::escapeAttribute(target), html::escapeAttribute(title), html::escapeAttribute(*thumbnail),
-                      parts_.fields.OptionVorschauMitTitel ? html::escapeText(title) : "");
+    return base::format("<td align='center'><a href='{}'>{}</a></td>", inSingleQuotes(target), title);
+  return base::format(R"(<td align="center"><a href="{}" title="{}"><img src="{}" border="0"><br>{}</a></td>)", inPage(target),
+                      title, inPage(*thumbnail), parts_.fields.OptionVorschauMitTitel ? title : "");
 }
 
 /// Path of the small picture for the first picture of the page; nothing where there is no such file.
@@ -174,6 +181,7 @@ std::optional<std::string> Thumbnails::thumbnailOf(const dao::Recordset& page)
     return parts.verzeichnis + vorschaubild_jpg(pathOf(parts), parts_.fields);
   } catch (const base::Error& error) {
     // One damaged picture does not take the others their table; its place in it stays empty.
+    ++damaged_;
     parts_.language.ui().warning(error.description());
     return parts.verzeichnis + parts.name + "_xs.jpg";
   }
@@ -204,11 +212,15 @@ void Thumbnails::putIntoPage(const std::string& table)
                                  : present + std::string(base::kCrLf) + "<div align=center id=thumbs>" + table + "</div>");
 }
 
-bool Thumbnails::allevorschaubilderneu(pagetree::PageStore& store)
+bool Thumbnails::isRenewalWanted()
+{
+  const ui::MessageBox question{std::string(kQuestion), "Vorschaubilder", ui::box::kYesNo + ui::box::kQuestion};
+  return parts_.language.ui().messageBox(question) == ui::Button::Yes;
+}
+
+bool Thumbnails::renewAll(pagetree::PageStore& store)
 {
   auto& ui = parts_.language.ui();
-  if (ui.messageBox({std::string(kQuestion), "Vorschaubilder", ui::box::kYesNo + ui::box::kQuestion}) != ui::Button::Yes)
-    return false;
   if (parts_.active.PageDirty && !store.SavePage(parts_.active.LastActivePage))
     return false;
   std::vector<std::string> ids;
@@ -216,6 +228,7 @@ bool Thumbnails::allevorschaubilderneu(pagetree::PageStore& store)
     if (base::contains(pages.value("html").text(), "thumbs"))
       ids.push_back(pages.value("id").text());
   const WorkOnPictures work(parts_.frmBildkonvertierer, ids.size());
+  const ui::Progress progress(ui);
   bool allDone = true;
   for (std::size_t done = 0; done < ids.size() && !parts_.frmBildkonvertierer.isStopped(); ++done) {
     ui.progress(done, ids.size());
@@ -229,7 +242,6 @@ bool Thumbnails::allevorschaubilderneu(pagetree::PageStore& store)
     // A page whose table could not be made stays as it is stored.
     allDone = MakeThumbs(ids[done]) && store.SavePage(key) && allDone;
   }
-  ui.hideProgress();
   return allDone;
 }
 

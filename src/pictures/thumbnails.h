@@ -6,9 +6,11 @@
 #include "pagetree/page_store.h"
 #include "pictures/bildkonvertierer.h"
 #include "platform/dao/database.h"
+#include "platform/image/image.h"
 #include "platform/ui/editing_surface.h"
 #include "platform/ui/tree_control.h"
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -25,6 +27,10 @@ std::string telephoneName(std::string_view pfad);
 /// The same for telephones: `<base>_xs.gif` of at most 120 pixels in `imode\pix` of the export directory, made only where it is
 /// missing; on disk its name is in lower case, as pages refer to it.
 std::string vorschaubild_gif(std::string_view pfad, const settings::Fields& fields);
+
+/// Writes the picture as a GIF file of at most 120 pixels on its longer side: one that is small enough in its own size, with its
+/// own colour table where it has one. False, and no file, for a picture that the format cannot hold. Throws base::Error.
+bool writeSmallGif(std::string_view pfad, std::string_view target, image::Colour background = image::kWhite);
 
 class Thumbnails {
 public:
@@ -48,7 +54,13 @@ public:
   /// or was stopped: the page is then as it was.
   bool MakeThumbs(std::string_view seite);
   /// After a question: renews the tables of all pages that have one. False when one could not be made or stored.
-  bool allevorschaubilderneu(pagetree::PageStore& store);
+  bool allevorschaubilderneu(pagetree::PageStore& store) { return isRenewalWanted() && renewAll(store); }
+  /// The question, and what follows a Yes, for those who have something to do in between.
+  bool isRenewalWanted();
+  bool renewAll(pagetree::PageStore& store);
+
+  /// Pictures that could not be made small so far; each was told, and its place in the table is empty.
+  std::size_t damaged() const { return damaged_; }
 
 private:
   bool makeThumbs(std::string_view seite);
@@ -60,6 +72,7 @@ private:
   void putIntoPage(const std::string& table);
 
   Parts parts_;
+  std::size_t damaged_ = 0;
 };
 
 } // namespace mrd::pictures

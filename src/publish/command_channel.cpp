@@ -1,6 +1,7 @@
 #include "publish/command_channel.h"
 
 #include "base/format.h"
+#include "base/number_text.h"
 #include "base/text.h"
 
 #include <array>
@@ -30,8 +31,6 @@ constexpr std::array<std::string_view, 12> kStates{
 };
 
 } // namespace
-
-std::string numberText(int number) { return base::format("{: }", number); }
 
 std::string stateText(int State)
 {
@@ -106,6 +105,7 @@ void CommandChannel::showDisplay(bool isVisible)
 void CommandChannel::ExecuteSynchron(const std::string& URL, const std::string& Befehl, std::string& Fehler)
 {
   Fehler.clear();
+  failure.clear();
   try {
     ui_.pointer(ui::Pointer::Wait);
     showDisplay(true);
@@ -114,7 +114,8 @@ void CommandChannel::ExecuteSynchron(const std::string& URL, const std::string& 
     Inet1.Execute(URL, Befehl);
     waitForEnd();
   } catch (const base::Error& error) {
-    Fehler = numberText(error.number());
+    Fehler = base::numberText(error.number());
+    failure = error.description();
   }
   showDisplay(false);
   ui_.pointer(ui::Pointer::Default);

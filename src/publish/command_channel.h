@@ -14,9 +14,6 @@
 
 namespace mrd::publish {
 
-/// A number as text: a blank stands in the place of the sign.
-std::string numberText(int number);
-
 /// The words for a state of the client; its number for a state without words.
 std::string stateText(int State);
 
@@ -57,6 +54,8 @@ public:
   std::function<void()> changed = [] {};
   bool Abbruch = false;
   std::string ftpURL, ftpListe, ftpSammelfehler;
+  /// In words why the last command did not start, which `Fehler` tells by a number; empty where it did.
+  std::string failure;
   std::int16_t Versuch = 0;
 
 private:

@@ -1,6 +1,9 @@
 #include "publish/controls.h"
 
+#include "base/errors.h"
+
 #include <algorithm>
+#include <limits>
 
 namespace mrd::publish {
 
@@ -12,9 +15,14 @@ std::size_t ListBox::selectedCount() const
 void itempos(const ListBox& Listbox, std::string_view Eintrag, std::int16_t& Position)
 {
   Position = -1;
-  for (std::size_t i = 0; i < Listbox.entries.size() && Position < 0; ++i)
-    if (Listbox.entries[i].text == Eintrag)
-      Position = static_cast<std::int16_t>(i);
+  const auto& entries = Listbox.entries;
+  const auto found = std::find_if(entries.begin(), entries.end(), [&](const auto& entry) { return entry.text == Eintrag; });
+  if (found == entries.end())
+    return;
+  const auto index = found - entries.begin();
+  if (index > std::numeric_limits<std::int16_t>::max())
+    throw base::Error(base::ErrorNumber::SubscriptOutOfRange, "Die Liste ist zu lang.");
+  Position = static_cast<std::int16_t>(index);
 }
 
 } // namespace mrd::publish

@@ -20,7 +20,7 @@ struct ListBox {
   std::size_t selectedCount() const;
 };
 
-/// The index of the first entry with the text, or -1.
+/// The index of the first entry with the text, or -1. Throws base::Error behind the last index that the type can tell.
 void itempos(const ListBox& Listbox, std::string_view Eintrag, std::int16_t& Position);
 
 struct ProgressBar {

@@ -17,6 +17,8 @@ struct DialogKind {
   bool stallAnswerReachesClient;
   /// There is the display of the seconds, and a click on it gives up waiting.
   bool hasSecondsDisplay;
+  /// Giving up to wait at a page, by that click or at the question, leaves out the pages behind it.
+  bool pagesEndAtAbbruch;
   /// A command that did not start is an error of the click, and its text is shown.
   bool looksAtFailures;
   std::string_view pagesQuery;
@@ -29,12 +31,14 @@ inline constexpr DialogKind kHtmlExport{
     true,
     true,
     true,
+    true,
     "SELECT * FROM Dateien WHERE [dateityp-id]=1 "};
 
 /// The edition for telephones.
 inline constexpr DialogKind kImode{
     &settings::Fields::tbftpverzeichnisimode,
     "Das Übertragen dieser Datei dauert schon länger als 60 Sekunden. Soll jetzt mit der nächsten fortgefahren werden?",
+    false,
     false,
     false,
     false,

@@ -1,7 +1,9 @@
 #include "publish/publishing.h"
 
 #include "base/format.h"
+#include "base/number_text.h"
 #include "platform/ftp/address.h"
+#include "publish/words.h"
 
 namespace mrd::publish {
 namespace {
@@ -32,12 +34,14 @@ void Publishing::click(const std::function<void()>& work)
   {
     const Run run(isRunning_);
     channel.begin();
+    channel.Inet1.Sprache = Sprache();
     explanation.clear();
+    reported_.clear();
     try {
       work();
     } catch (const Stopped&) {
       channel.hideProgress();
-      channel.showState("FTP: abgebrochen");
+      channel.showState(textOf(Words::StoppedState, Sprache()));
       ui_.pointer(ui::Pointer::Default);
     }
   }
@@ -57,24 +61,39 @@ void Publishing::command(const std::string& Befehl, std::string& Fehler)
 
 bool Publishing::isAnswered() { return channel.Inet1.ResponseCode() == ftp::code::kNone; }
 
-void Publishing::explain()
+void Publishing::raiseFailure(const std::string& Fehler) { throw ftp::clientError(kOwnError, Fehler); }
+
+/// Whether the server did what it was told, and was waited for.
+bool Publishing::isDone(const std::string& Fehler) { return Fehler.empty() && isAnswered() && !channel.Abbruch; }
+
+/// Beside a text that tells a number: the same thing in words, unless a message has said it already.
+void Publishing::explain(const std::string& text)
 {
-  if (isAnswered())
-    return;
-  explanation = channel.Inet1.ResponseInfo();
-  ui_.warning(explanation);
+  if (!text.empty() && text != reported_ && text != explanation)
+    ui_.warning(text);
+  explanation = text;
 }
 
-void Publishing::actionFailed(const std::string& value)
+std::string Publishing::reasonOf(const base::Error& error)
 {
-  explain();
+  if (!channel.failure.empty())
+    return channel.failure;
+  if (!isAnswered())
+    return channel.Inet1.ResponseInfo();
+  return error.number() == kOwnError ? "" : error.description();
+}
+
+void Publishing::actionFailed(const base::Error& error, const std::string& value)
+{
+  explain(reasonOf(error));
   environment_.language.GetMsg(kMessageStillFails, value, value.empty() ? "" : "R");
 }
 
 void Publishing::reportProblem()
 {
   const auto& client = channel.Inet1;
-  environment_.language.GetMsg(kMessageRefused, base::format("{}: {}", client.ResponseCode(), client.ResponseInfo()), "R");
+  reported_ = client.ResponseInfo();
+  environment_.language.GetMsg(kMessageRefused, base::format("{}: {}", client.ResponseCode(), reported_), "R");
 }
 
 void Publishing::readFields()
@@ -101,8 +120,8 @@ void Publishing::cbftpverbindung_Click()
 
 void Publishing::connectAndCompare()
 {
-  readFields();
   isConnected = false;
+  readFields();
   ui_.pointer(ui::Pointer::Wait);
   channel.ProgressBar1.maximum = kStepsOfConnecting;
   channel.showProgress(1);
@@ -126,49 +145,64 @@ void Publishing::connect(std::string& Fehler)
   Labelftpverzeichnis = server_ + directory_;
   command("cd " + directory_, Fehler);
   if (kind_.looksAtFailures && !Fehler.empty())
-    throw ftp::clientError(kOwnError, Fehler);
-  if (!isAnswered() && !enterDirectory(Fehler))
+    raiseFailure(Fehler);
+  const auto entry = enterDirectory(Fehler);
+  if (entry == Entry::Ended)
     return;
   if (!kind_.looksAtFailures || Fehler.empty()) {
-    readHtmlDirectory(Fehler);
-    readPictureDirectory(Fehler);
+    const bool hasPages = readHtmlDirectory(Fehler);
+    const bool hasPictures = readPictureDirectory(Fehler);
+    isConnected = entry == Entry::Reached && hasPages && hasPictures;
   }
   showConnected(Fehler);
 }
 
-/// After the directory was not entered: makes it where the server says that it is not there. False when the click has ended.
-bool Publishing::enterDirectory(std::string& Fehler)
+/// Behind the first change to the directory: makes it where the server says that it is not there.
+Publishing::Entry Publishing::enterDirectory(std::string& Fehler)
 {
+  if (isAnswered())
+    return isDone(Fehler) ? Entry::Reached : Entry::Missed;
   if (channel.Inet1.ResponseCode() != ftp::code::kRefused) {
     reportProblem();
-    return true;
+    return Entry::Missed;
   }
   command("mkdir " + directory_, Fehler);
   if (kind_.looksAtFailures && !Fehler.empty())
-    return true;
+    return Entry::Missed;
   if (!isAnswered()) {
     reportProblem();
     const auto& client = channel.Inet1;
     channel.showState(base::format("Probleme bei FTP-Verbindung:\r\n{}: {}", client.ResponseCode(), client.ResponseInfo()));
-    return false;
+    return Entry::Ended;
   }
   command("cd " + directory_, Fehler);
   if ((!kind_.looksAtFailures || Fehler.empty()) && !isAnswered())
     reportProblem();
-  return true;
+  return isDone(Fehler) ? Entry::Reached : Entry::Missed;
 }
 
-void Publishing::readHtmlDirectory(std::string& Fehler)
+/// True when the listing is all of it. The texts of the dialog say nothing of one that is lacking.
+bool Publishing::list(std::string& Fehler)
+{
+  command("dir", Fehler);
+  const bool isListed = isDone(Fehler);
+  if (!isListed)
+    explain(Fehler.empty() ? channel.Inet1.ResponseInfo() : channel.failure);
+  channel.readChunks();
+  return isListed;
+}
+
+bool Publishing::readHtmlDirectory(std::string& Fehler)
 {
   channel.showState("FTP: HTML-Verzeichnis wird eingelesen");
-  command("dir", Fehler);
-  channel.readChunks();
+  const bool isListed = list(Fehler);
   channel.showProgress(2);
   createlist(channel.ftpListe, kPageTypes, ListFTPHTML, db_, environment_.language);
   listsChanged();
+  return isListed;
 }
 
-void Publishing::readPictureDirectory(std::string& Fehler)
+bool Publishing::readPictureDirectory(std::string& Fehler)
 {
   channel.showState("FTP: Bildverzeichnis wird eingelesen");
   channel.showProgress(3);
@@ -182,28 +216,30 @@ void Publishing::readPictureDirectory(std::string& Fehler)
     if (!isAnswered())
       reportProblem();
   }
+  const bool isEntered = isDone(Fehler);
   channel.pump();
   // The reply to the change of directory is read and forgotten.
   channel.readChunks();
   channel.showProgress(4);
-  command("dir", Fehler);
-  channel.readChunks();
+  const bool isListed = list(Fehler);
   channel.showProgress(5);
-  isConnected = Fehler.empty() && isAnswered();
   createlist(channel.ftpListe, kPictureTypes, ListFTPpix, db_, environment_.language);
   listsChanged();
+  return isEntered && isListed;
 }
 
 void Publishing::showConnected(const std::string& Fehler)
 {
   const bool isFine = !kind_.looksAtFailures || Fehler.empty();
   channel.showState(isFine ? "FTP: Verbindung hergestellt!" : "Problem : " + Fehler);
+  if (!Fehler.empty())
+    explain(channel.failure);
 }
 
 void Publishing::connectFailed(const base::Error& error)
 {
-  explain();
-  const auto number = numberText(error.number());
+  explain(reasonOf(error));
+  const auto number = base::numberText(error.number());
   channel.showState(number);
   environment_.language.GetMsg(kMessageNoConnection, number, "Z");
 }

@@ -45,7 +45,6 @@ public:
   /// Ends the click that is under way.
   void stop();
   bool isRunning() const { return isRunning_; }
-  const DialogKind& kind() const { return kind_; }
   const std::string& Sprache() const { return environment_.language.Sprache(); }
 
   CommandChannel channel;
@@ -55,8 +54,10 @@ public:
   std::string Labelftpverzeichnis;
   /// The files of the last run, in the order in which they are sent.
   RunFiles files;
-  /// Whether the last reading of the server went to its end without a failure.
+  /// Whether the last reading of the server went to its end, with an answer to each of its commands: what the lists hold is all.
   bool isConnected = false;
+  /// Whether the last run came to its end, whatever became of each file.
+  bool isRunComplete = false;
   /// What the client said to the failure that ended a click, which the texts of the dialog tell by a number.
   std::string explanation;
   /// Told when the entries of one of the two lists are other ones.
@@ -70,15 +71,21 @@ private:
   void click(const std::function<void()>& work);
   void command(const std::string& Befehl, std::string& Fehler);
   bool isAnswered();
-  void actionFailed(const std::string& value);
-  void explain();
+  /// A command that did not start becomes an error of the click.
+  [[noreturn]] static void raiseFailure(const std::string& Fehler);
+  bool isDone(const std::string& Fehler);
+  void actionFailed(const base::Error& error, const std::string& value);
+  void explain(const std::string& text);
+  std::string reasonOf(const base::Error& error);
 
   void readFields();
   void connectAndCompare();
   void connect(std::string& Fehler);
-  bool enterDirectory(std::string& Fehler);
-  void readHtmlDirectory(std::string& Fehler);
-  void readPictureDirectory(std::string& Fehler);
+  enum class Entry { Reached, Missed, Ended };
+  Entry enterDirectory(std::string& Fehler);
+  bool list(std::string& Fehler);
+  bool readHtmlDirectory(std::string& Fehler);
+  bool readPictureDirectory(std::string& Fehler);
   void showConnected(const std::string& Fehler);
   void reportProblem();
   void connectFailed(const base::Error& error);
@@ -110,6 +117,8 @@ private:
   /// The texts of failures that a run tells at its end: of connecting, of the last change of directory, of the last file. They
   /// last until the next of their kind.
   std::string connectFailure_, directoryFailure_, fileFailure_;
+  /// What the last message said of a command.
+  std::string reported_;
 };
 
 } // namespace mrd::publish

@@ -2,9 +2,9 @@
 
 #include "base/errors.h"
 #include "base/format.h"
+#include "base/number_text.h"
 #include "base/text.h"
 #include "frame/paths/paths.h"
-#include "publish/command_channel.h"
 
 #include <cstdint>
 #include <optional>
@@ -37,11 +37,12 @@ std::string keyOf(std::string_view name, std::string_view extension)
 /// The project's files of one type by name: a listing of thousands of names takes time by their number, not by its square.
 class OwnFiles {
 public:
-  OwnFiles(dao::Database& db, project::Dateityp type)
+  void read(dao::Database& db, project::Dateityp type)
   {
     auto rows = db.openSnapshot("SELECT dateiname, erweiterung, [dateityp-id] FROM Dateien");
     for (std::size_t position = 0; !rows.eof(); rows.moveNext(), ++position)
-      if (rows.value(2).integer() == static_cast<int>(type))
+      // A search never finds a column that is unset.
+      if (rows.value(2).integer() == static_cast<int>(type) && !rows.value(1).isNull())
         positions_.try_emplace(keyOf(rows.text(0), rows.text(1)), position);
   }
 
@@ -77,63 +78,125 @@ std::vector<std::string> linesOf(std::string_view Liste)
   }
 }
 
-void clearFlags(dao::Database& db, const std::unordered_set<std::size_t>& positions)
-{
-  auto rows = db.openRecordset("SELECT * FROM Dateien");
-  for (std::size_t position = 0; !rows.eof(); rows.moveNext(), ++position) {
-    if (!positions.contains(position) || !rows.value("übertragen").yes())
-      continue;
-    rows.edit();
-    rows.set("übertragen", dao::Value::yesNo(false));
-    rows.update();
+/// One reconciliation: each statement that fails is told, and the next one follows.
+class Reconciliation {
+public:
+  Reconciliation(const ListTypes& types, ListBox& list, dao::Database& db, messages::Language& language)
+      : types_(types), list_(list), db_(db), language_(language)
+  {
   }
-}
+
+  void run(std::string_view Liste)
+  {
+    attempt([&] { db_.execute("DELETE * FROM Dateien WHERE [Dateityp-ID]=?", {static_cast<int>(types_.server)}); });
+    list_.entries.clear();
+    const bool canSearch = attempt([&] {
+      ownFiles_.read(db_, types_.project);
+      search_.emplace(db_.openRecordset("SELECT * FROM Dateien"));
+    });
+    for (const auto& line : linesOf(Liste))
+      take(line, canSearch);
+    // One transaction: a listing can have thousands of names.
+    std::optional<dao::Transaction> transaction;
+    attempt([&] { transaction.emplace(db_); });
+    attempt([&] { clearFlags(); });
+    addRows();
+    if (transaction)
+      attempt([&] { transaction->commit(); });
+  }
+
+private:
+  /// False when the statement failed, which is told.
+  template <class Statement>
+  bool attempt(Statement&& statement)
+  {
+    try {
+      statement();
+      return true;
+    } catch (const base::Error& error) {
+      language_.GetMsg(kGeneralFailure, "createlist " + base::numberText(error.number()), "R");
+      return false;
+    }
+  }
+
+  void take(const std::string& line, bool canSearch)
+  {
+    list_.entries.push_back({line, false});
+    found_.push_back(paths::teile_dateipfad(line));
+    // Not selected where the search fails: nothing is to be deleted because of that.
+    if (canSearch)
+      attempt([&] { judge(line, found_.back()); });
+  }
+
+  void judge(const std::string& line, const paths::PathParts& parts)
+  {
+    if (breaksSearch(parts))
+      search_->findFirst(criteria(parts, types_.project));
+    const auto position = ownFiles_.find(parts);
+    if (!position)
+      select(line);
+    else if (types_.project != project::Dateityp::Page && !isAlwaysDue(line, parts))
+      present_.insert(*position);
+  }
+
+  /// A line that came before selects its first entry once more.
+  void select(const std::string& line)
+  {
+    auto place = list_.entries.size() - 1;
+    if (!unowned_.insert(line).second) {
+      std::int16_t Position = -1;
+      itempos(list_, line, Position);
+      place = static_cast<std::size_t>(Position);
+    }
+    list_.entries[place].isSelected = true;
+  }
+
+  void clearFlags()
+  {
+    if (present_.empty())
+      return;
+    auto rows = db_.openRecordset("SELECT * FROM Dateien");
+    for (std::size_t position = 0; !rows.eof(); rows.moveNext(), ++position)
+      if (present_.contains(position) && rows.value("übertragen").yes())
+        attempt([&] {
+          rows.edit();
+          rows.set("übertragen", dao::Value::yesNo(false));
+          rows.update();
+        });
+  }
+
+  void addRows()
+  {
+    for (const auto& parts : found_)
+      attempt([&] {
+        db_.execute("INSERT INTO Dateien (dateiname, erweiterung, [dateityp-id]) VALUES (?, ?, ?)",
+                    {parts.name, parts.erweiterung.empty() ? dao::Value(dao::Null{}) : dao::Value(parts.erweiterung),
+                     static_cast<int>(types_.server)});
+      });
+  }
+
+  const ListTypes& types_;
+  ListBox& list_;
+  dao::Database& db_;
+  messages::Language& language_;
+  OwnFiles ownFiles_;
+  std::optional<dao::Recordset> search_;
+  std::vector<paths::PathParts> found_;
+  std::unordered_set<std::size_t> present_;
+  std::unordered_set<std::string> unowned_;
+};
 
 } // namespace
 
 void createlist(std::string_view Liste, const ListTypes& types, ListBox& list, dao::Database& db, messages::Language& language)
 {
-  db.execute("DELETE * FROM Dateien WHERE [Dateityp-ID]=?", {static_cast<int>(types.server)});
-  list.entries.clear();
-  const OwnFiles ownFiles(db, types.project);
-  auto search = db.openRecordset("SELECT * FROM Dateien");
-  std::unordered_set<std::size_t> present;
-  std::vector<paths::PathParts> found;
-  std::unordered_map<std::string, std::size_t> firstWithText;
-  for (auto& line : linesOf(Liste)) {
-    list.entries.push_back({line, false});
-    const auto first = firstWithText.try_emplace(line, list.entries.size() - 1).first->second;
-    auto parts = paths::teile_dateipfad(line);
-    try {
-      if (breaksSearch(parts))
-        search.findFirst(criteria(parts, types.project));
-      const auto position = ownFiles.find(parts);
-      if (!position)
-        list.entries[first].isSelected = true;
-      else if (types.project != project::Dateityp::Page && !isAlwaysDue(line, parts))
-        present.insert(*position);
-    } catch (const base::Error& error) {
-      // Not selected: nothing is to be deleted because its search failed.
-      language.GetMsg(kGeneralFailure, "createlist " + numberText(error.number()), "R");
-    }
-    found.push_back(std::move(parts));
-  }
-
-  dao::Transaction transaction(db);
-  if (!present.empty())
-    clearFlags(db, present);
-  for (const auto& parts : found)
-    db.execute("INSERT INTO Dateien (dateiname, erweiterung, [dateityp-id]) VALUES (?, ?, ?)",
-               {parts.name, parts.erweiterung.empty() ? dao::Value(dao::Null{}) : dao::Value(parts.erweiterung),
-                static_cast<int>(types.server)});
-  transaction.commit();
+  Reconciliation(types, list, db, language).run(Liste);
 }
 
 void markAsDue(std::string_view name, project::Dateityp type, dao::Recordset& rows)
 {
   const auto parts = paths::teile_dateipfad(name);
-  const std::string_view extension = parts.erweiterung.empty() ? "(erweiterung = ?) or (erweiterung IS NULL)" : "erweiterung = ?";
-  rows.findFirst(base::format("(dateiname = ?) and ({}) and ([dateityp-id]={})", extension, static_cast<int>(type)),
+  rows.findFirst(base::format("(dateiname = ?) and (erweiterung = ?) and ([dateityp-id]={})", static_cast<int>(type)),
                  {parts.name, parts.erweiterung});
   if (rows.noMatch())
     return;

@@ -19,7 +19,8 @@ inline constexpr ListTypes kPageTypes{project::Dateityp::Page, project::Dateityp
 inline constexpr ListTypes kPictureTypes{project::Dateityp::Picture, project::Dateityp::ServerPicture};
 
 /// Puts a listing into its list: files that no row owns are selected. Rows of the server's type are made anew, and a picture that
-/// the server has is no longer due. A line whose search fails is told and left alone.
+/// the server has is no longer due. Each failure of the database is told, and the rest goes on; a line whose search fails is left
+/// alone.
 void createlist(std::string_view Liste, const ListTypes& types, ListBox& list, dao::Database& db, messages::Language& language);
 
 /// Marks the first row that owns the name as due again, if there is one.

@@ -7,6 +7,7 @@ namespace mrd::publish {
 namespace {
 
 constexpr std::string_view kSection = "FTPServer";
+constexpr int kMessageChangedAndRefused = 180;
 
 /// A certificate or a host key that is not known, or that is not the one of the last time.
 int messageFor(bool isHostKey, bool hasChanged)
@@ -25,11 +26,17 @@ std::string description(const ftp::ServerIdentity& identity)
 
 } // namespace
 
+bool RememberedServers::isKnown(const std::string& server) const { return !settings_.value(kSection, server, "").empty(); }
+
 bool RememberedServers::trusts(const ftp::ServerIdentity& identity)
 {
   const auto known = settings_.value(kSection, identity.server, "");
   if (known == identity.fingerprint)
     return true;
+  if (!known.empty() && onChange_ == OnChange::Refuse) {
+    language_.GetMsg(kMessageChangedAndRefused, description(identity) + "\r\n\r\n" + settings_.file(), "R");
+    return false;
+  }
   if (language_.GetMsg(messageFor(identity.isHostKey, !known.empty()), description(identity), "Z") != ui::Button::Yes)
     return false;
   settings_.setValue(kSection, identity.server, identity.fingerprint);

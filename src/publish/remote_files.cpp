@@ -1,5 +1,6 @@
 // Publishing: deleting what is selected, and one more file.
 
+#include "base/number_text.h"
 #include "base/text.h"
 #include "frame/paths/paths.h"
 #include "publish/publishing.h"
@@ -41,7 +42,7 @@ void Publishing::cbftplöschen_Click()
       return;
     channel.withRetries([&] { deleteSelected(shown); },
                         [this](const base::Error& error) {
-                          actionFailed(numberText(error.number()));
+                          actionFailed(error, base::numberText(error.number()));
                           channel.hideProgress();
                         });
   });
@@ -83,8 +84,8 @@ void Publishing::deleteFile(std::size_t index, dao::Recordset& rows)
 {
   const auto file = files[index];
   command("DELETE " + file.name, fileFailure_);
-  const bool isDone = fileFailure_.empty() && isAnswered() && !channel.Abbruch;
-  files.settle(index, isDone ? RunFile::Fate::Done : RunFile::Fate::Failed, channel.Inet1.ResponseInfo());
+  const auto problem = channel.failure.empty() ? channel.Inet1.ResponseInfo() : channel.failure;
+  files.settle(index, isDone(fileFailure_) ? RunFile::Fate::Done : RunFile::Fate::Failed, problem);
   markAsDue(file.name, file.type, rows);
 }
 
@@ -93,8 +94,8 @@ void Publishing::cbzusätzlichftp_Click()
   click([this] {
     const auto shown = shownList();
     channel.withRetries([&] { sendExtraFile(shown); },
-                        [this](const base::Error&) {
-                          actionFailed("");
+                        [this](const base::Error& error) {
+                          actionFailed(error, "");
                           channel.hideProgress();
                         });
   });

@@ -1,6 +1,7 @@
 #include "publish/run_files.h"
 
 #include "base/format.h"
+#include "publish/words.h"
 
 #include <algorithm>
 #include <array>
@@ -11,26 +12,23 @@ namespace {
 using Deed = RunFile::Deed;
 using Fate = RunFile::Fate;
 
-struct Words {
+struct Outcome {
   Deed deed;
   Fate fate;
-  std::string_view german, english;
+  Words words;
 };
 
-constexpr std::array kWords{
-    Words{Deed::Send, Fate::Waiting, "noch offen", "waiting"},
-    Words{Deed::Send, Fate::Done, "übertragen", "sent"},
-    Words{Deed::Send, Fate::Failed, "nicht übertragen", "not sent"},
-    Words{Deed::Delete, Fate::Waiting, "noch offen", "waiting"},
-    Words{Deed::Delete, Fate::Done, "gelöscht", "deleted"},
-    Words{Deed::Delete, Fate::Failed, "nicht gelöscht", "not deleted"},
+constexpr std::array kOutcomes{
+    Outcome{Deed::Send, Fate::Waiting, Words::Waiting}, Outcome{Deed::Send, Fate::Done, Words::Sent},
+    Outcome{Deed::Send, Fate::Failed, Words::NotSent},  Outcome{Deed::Delete, Fate::Waiting, Words::Waiting},
+    Outcome{Deed::Delete, Fate::Done, Words::Deleted},  Outcome{Deed::Delete, Fate::Failed, Words::NotDeleted},
 };
 
 std::string_view wordsFor(Deed deed, Fate fate, std::string_view Sprache)
 {
-  const auto* const words =
-      std::find_if(kWords.begin(), kWords.end(), [&](const Words& w) { return w.deed == deed && w.fate == fate; });
-  return Sprache == "ENG" ? words->english : words->german;
+  const auto* const outcome =
+      std::find_if(kOutcomes.begin(), kOutcomes.end(), [&](const Outcome& o) { return o.deed == deed && o.fate == fate; });
+  return textOf(outcome->words, Sprache);
 }
 
 } // namespace

@@ -1,7 +1,9 @@
 // Publishing: the run that sends the site.
 
 #include "base/format.h"
+#include "base/number_text.h"
 #include "publish/publishing.h"
+#include "publish/words.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,7 +12,6 @@ namespace mrd::publish {
 namespace {
 
 constexpr int kMessageUploadFinished = 31;
-constexpr int kOwnError = 99;
 constexpr std::string_view kPicturesQuery = "SELECT * FROM Dateien WHERE ([dateityp-id]=2) and (übertragen=TRUE)";
 
 } // namespace
@@ -19,6 +20,9 @@ void Publishing::cbftp_Click()
 {
   click([this] {
     channel.Abbruch = false;
+    isRunComplete = false;
+    // What an earlier run came to says nothing of this one, which may fail before its first file.
+    files.assign({});
     channel.withRetries([this] { upload(); }, [this](const base::Error& error) { uploadFailed(error); });
     channel.hideProgress();
     ui_.pointer(ui::Pointer::Default);
@@ -30,7 +34,7 @@ void Publishing::upload()
   channel.showProgress(channel.ProgressBar1.value);
   command("CD /" + directory_, directoryFailure_);
   if (kind_.looksAtFailures && !directoryFailure_.empty())
-    throw ftp::clientError(kOwnError, directoryFailure_);
+    raiseFailure(directoryFailure_);
   channel.showState("FTP: HTML-Dateien werden übertragen!");
   planRun();
   sendPages();
@@ -71,7 +75,7 @@ void Publishing::sendPages()
 {
   setMaximum(project::Dateityp::Page);
   std::size_t counter = 0;
-  for (std::size_t i = 0; i < files.size() && !(kind_.hasSecondsDisplay && channel.Abbruch); ++i) {
+  for (std::size_t i = 0; i < files.size() && !(kind_.pagesEndAtAbbruch && channel.Abbruch); ++i) {
     if (files[i].type != project::Dateityp::Page)
       continue;
     channel.showProgress(++counter);
@@ -107,21 +111,23 @@ void Publishing::send(std::size_t index)
   try {
     command("PUT \"" + file.path + "\" " + file.name, fileFailure_);
   } catch (const Stopped&) {
-    files.settle(index, RunFile::Fate::Failed, "Die Übertragung wurde abgebrochen.");
+    files.settle(index, RunFile::Fate::Failed, std::string(textOf(Words::Stopped, Sprache())));
     throw;
   }
   if (!fileFailure_.empty())
-    files.settle(index, RunFile::Fate::Failed, isAnswered() ? "Fehler" + fileFailure_ : client.ResponseInfo());
+    files.settle(index, RunFile::Fate::Failed,
+                 channel.failure.empty() ? std::string(textOf(Words::Failure, Sprache())) + fileFailure_ : channel.failure);
   else if (!isAnswered())
     files.settle(index, RunFile::Fate::Failed, client.ResponseInfo());
   else if (channel.Abbruch)
-    files.settle(index, RunFile::Fate::Failed, "Auf das Ende der Übertragung wurde nicht gewartet.");
+    files.settle(index, RunFile::Fate::Failed, std::string(textOf(Words::NotWaitedFor, Sprache())));
   else
     files.settle(index, RunFile::Fate::Done);
 }
 
 void Publishing::endUpload()
 {
+  isRunComplete = true;
   channel.ftpSammelfehler = connectFailure_ + directoryFailure_ + fileFailure_;
   channel.hideProgress();
   channel.showState("Fertig!");
@@ -134,10 +140,10 @@ void Publishing::endUpload()
 void Publishing::uploadFailed(const base::Error& error)
 {
   if (!kind_.looksAtFailures) {
-    actionFailed(numberText(error.number()));
+    actionFailed(error, base::numberText(error.number()));
     return;
   }
-  explain();
+  explain(reasonOf(error));
   ui_.messageBox({"Fehler bei der FTPÜbertragung: " + error.description(), ""});
   channel.showState(error.description());
 }

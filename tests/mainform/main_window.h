@@ -11,6 +11,7 @@
 #include "editor/table_properties.h"
 #include "mainform/about.h"
 #include "mainform/assistant.h"
+#include "mainform/backup_dialog.h"
 #include "mainform/mainform.h"
 #include "open_window.h"
 #include "pagetree/page_id.h"
@@ -102,6 +103,7 @@ struct RecordedScreen : MainScreen {
 /// What a user does in each dialog. One that a test does not expect fails it.
 struct UsedDialogs : Dialogs {
   std::function<void(FrmAssistent&)> assistant;
+  std::function<void(FrmSicherung&)> backups;
   std::function<void(frmAbout&)> about;
   std::function<void(pagetree::frmMove1&)> move;
   std::function<void(publish::frmHTMLExport&)> exporting;
@@ -118,6 +120,7 @@ struct UsedDialogs : Dialogs {
   std::vector<std::string> beside;
 
   void showModal(FrmAssistent& form) override { use(assistant, form, "FrmAssistent"); }
+  void showModal(FrmSicherung& form) override { use(backups, form, "FrmSicherung"); }
   void showModal(frmAbout& form) override { use(about, form, "frmAbout"); }
   void showModal(pagetree::frmMove1& form) override { use(move, form, "frmMove1"); }
   void showModal(publish::frmHTMLExport& form) override { use(exporting, form, "frmHTMLExport"); }
@@ -293,6 +296,8 @@ struct MainWindow : Surroundings {
   {
     paths::SchreibeIni("LastFile", "File1", projectFile, files().iniFile());
     window.Form_Load();
+    // Beside what a test does then, the day's backup would come at any time.
+    window.project().finishBackup();
   }
 
   void click(const std::string& key) { window.treeMouse().TreeView1_MouseDown(key); }

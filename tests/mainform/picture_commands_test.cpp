@@ -167,6 +167,23 @@ TEST_F(PictureCommandsTest, renew_all_tables_and_come_back_to_the_page)
   EXPECT_THAT(surface.bodyInnerHtml(), HasSubstr("Haus mit Dach"));
 }
 
+TEST_F(PictureCommandsTest, save_nothing_and_stay_where_the_user_is_when_the_tables_are_to_stay)
+{
+  surface.type("<h3 id=\"ueberschrift\">Haus mit Dach</h3>");
+  ui.expect(0, "Sollen jetzte", ui::Button::No);
+  window.menu_Click("pixsub", 4);
+
+  EXPECT_THAT(text("01", "html"), Not(HasSubstr("Haus mit Dach")));
+  EXPECT_TRUE(window.pages().PageDirty());
+
+  window.pages().SavePage();
+  selectTreeTab(static_cast<int>(TreeTab::Head));
+  ui.expect(0, "Sollen jetzte", ui::Button::No);
+  window.menu_Click("pixsub", 4);
+
+  EXPECT_EQ(window.pages().document.kind, DocumentKind::Head);
+}
+
 TEST_F(PictureCommandsTest, never_take_the_head_for_a_page)
 {
   project.db().execute("UPDATE Seite SET html = '<h3 id=\"ueberschrift\">Garten</h3><div id=thumbs></div>' WHERE ID = '02'");

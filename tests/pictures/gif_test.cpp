@@ -115,42 +115,6 @@ TEST(Gif, fills_blocks_of_255_bytes)
   EXPECT_EQ(at, bytes.size() - 2);
 }
 
-TEST(GifColours, are_the_nearest_of_a_cube_with_red_outermost)
-{
-  auto source = Image::create(3, 1);
-  source.fillRectangle({0, 0, 1, 1}, {255, 60, 100});
-  source.fillRectangle({1, 0, 1, 1}, {33, 224, 223});
-  source.fillRectangle({2, 0, 1, 1}, {32, 96, 160});
-
-  const auto out = indexed(source);
-
-  EXPECT_THAT(out.pixels, testing::ElementsAre(4 * 25 + 1 * 5 + 2, 1 * 25 + 4 * 5 + 3, 0 * 25 + 1 * 5 + 2));
-  EXPECT_EQ(out.palette[4 * 25 + 1 * 5 + 2], (Colour{255, 64, 128}));
-  EXPECT_EQ(out.palette[124], (Colour{255, 255, 255}));
-  for (std::size_t at = 125; at < 256; ++at)
-    EXPECT_EQ(out.palette[at], (Colour{0, 0, 0}));
-}
-
-TEST(GifColours, of_a_file_with_a_table_are_its_own)
-{
-  const auto path = files::systemPath(std::filesystem::path(MRD_TEST_DATA) / "pictures" / "gif-named.jpg");
-  const auto picture = Image::loadWithPalette(path);
-
-  const auto out = indexed(picture);
-
-  EXPECT_THAT(picture.palette(), testing::SizeIs(256));
-  for (int at = 0; at < 128; at += 5)
-    EXPECT_EQ(out.palette[out.pixels[static_cast<std::size_t>(at) * 128 + 17]], picture.pixel(17, at));
-}
-
-TEST(GifColours, of_a_changed_picture_go_through_the_cube)
-{
-  const auto path = files::systemPath(std::filesystem::path(MRD_TEST_DATA) / "pictures" / "gif-named.jpg");
-  const auto out = indexed(Image::loadWithPalette(path).resized({50, 50}));
-
-  EXPECT_EQ(out.palette[1], (Colour{0, 0, 64}));
-}
-
 struct GifFile : testing::Test {
   support::TemporaryDirectory directory;
 };

@@ -191,13 +191,28 @@ TEST_F(ShadowFile, stays_where_the_picture_has_gone)
   EXPECT_FALSE(schatten_entfernen(pix("weg_shd.jpg"), ui));
 }
 
-TEST_F(ShadowFile, leaves_a_page_without_pictures_as_it_is)
+TEST_F(ShadowFile, of_a_very_small_picture_is_saved)
 {
+  photo("..\\export\\pix\\a.jpg", 1, 1);
+
+  erzeuge_schatten(pix(), "a", "jpg", "ffffff");
+
+  EXPECT_EQ(Image::sizeOf(pix("a_shd.jpg")), (Size{14, 14}));
+}
+
+TEST_F(ShadowFile, leaves_a_page_without_pictures_as_it_is_and_lets_the_window_flash)
+{
+  std::vector<std::string> flashes;
+  window.window.show = [&] { flashes.emplace_back("shown"); };
+  window.window.unload = [&] { flashes.emplace_back("unloaded"); };
   surface.setBodyInnerHtml("<p>Text</p>");
 
   EXPECT_EQ(schatten_fuer_seite({surface, ui, window}, "ffffff"), 0u);
 
   EXPECT_EQ(surface.bodyInnerHtml(), "<p>Text</p>");
+  EXPECT_THAT(flashes, testing::ElementsAre("shown", "unloaded"));
+  EXPECT_THAT(ui.statusTexts, testing::IsEmpty());
+  EXPECT_THAT(pixNames(), testing::IsEmpty());
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "pagetree/page_desk.h"
 #include "pictures/picture_desk.h"
+#include "pictures/plain_surface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -77,6 +78,14 @@ struct ThumbnailTable : testing::Test, PictureDesk {
   }
   std::string picture(const std::string& name) { return "<p><img src=\"file://" + photo(name, 300, 200) + "\"></p>"; }
   std::string body() const { return desk.surface.bodyInnerHtml(); }
+  /// What a page without a table gets, as it is written.
+  std::string written(const std::string& seite)
+  {
+    PlainSurface surface;
+    Thumbnails({desk.project.db(), desk.program.language, fields, surface, desk.tree, desk.active, desk.fields, window})
+        .MakeThumbs(seite);
+    return surface.body;
+  }
 
   pagetree::PageDesk desk{{"00", "Start", "<p>x</p>"}, {"01", "Haus", "<h3 id=ueberschrift>Haus</h3>"}};
   frmBildkonvertierer window;
@@ -86,11 +95,7 @@ struct ThumbnailTable : testing::Test, PictureDesk {
 
 TEST_F(ThumbnailTable, of_a_page_without_sub_pages_still_closes_a_row)
 {
-  desk.surface.setBodyInnerHtml("<p>Text</p>");
-
-  EXPECT_TRUE(thumbnails.MakeThumbs("01"));
-
-  EXPECT_THAT(body(), StartsWith("<p>Text</p>\r\n<div align=\"center\" id=\"thumbs\"><table border=\"0\"></table></div>"));
+  EXPECT_EQ(written("01"), "<p>da</p>\r\n<div align=center id=thumbs><table border=\"0\"></tr></table></div>");
   EXPECT_TRUE(desk.active.PageDirty);
 }
 
@@ -109,12 +114,23 @@ TEST_F(ThumbnailTable, shows_the_first_picture_of_each_direct_sub_page)
 TEST_F(ThumbnailTable, bears_titles_where_they_are_wanted)
 {
   fields.OptionVorschauMitTitel = true;
-  addChild("0101", "Küche & <Bad>", picture("kueche.jpg"), "kueche*.html");
+  addChild("0101", " Küche ", picture("kueche.jpg"), "kueche*.html");
 
-  thumbnails.MakeThumbs("01");
+  EXPECT_THAT(written("01"), HasSubstr("<tr><td align=\"center\"><a href=\"kueche0101.html\" title=\"Küche\"><img src=\"" +
+                                       fotos() + "kueche_xs.jpg\" border=\"0\"><br>Küche</a></td></tr></table>"));
+}
 
-  EXPECT_THAT(body(), HasSubstr("href=\"kueche0101.html\""));
-  EXPECT_THAT(body(), HasSubstr("<br>Küche &amp; &lt;Bad&gt;</a>"));
+TEST_F(ThumbnailTable, leaves_html_in_a_heading_html)
+{
+  fields.OptionVorschauMitTitel = true;
+  addChild("0101", "Küche & <b>Bad</b>", picture("kueche.jpg"));
+  addChild("0102", "Flur & <i>Keller</i>", "<p>Text</p>");
+
+  const auto table = written("01");
+
+  EXPECT_THAT(table, HasSubstr("title=\"Küche & <b>Bad</b>\"><img"));
+  EXPECT_THAT(table, HasSubstr("<br>Küche & <b>Bad</b></a></td>"));
+  EXPECT_THAT(table, HasSubstr("<td align='center'><a href='0102.htm'>Flur & <i>Keller</i></a></td>"));
 }
 
 TEST_F(ThumbnailTable, shows_a_page_without_a_picture_of_its_own_as_text)
@@ -136,6 +152,7 @@ TEST_F(ThumbnailTable, goes_on_behind_a_picture_that_cannot_be_read)
 
   EXPECT_TRUE(thumbnails.MakeThumbs("01"));
 
+  EXPECT_EQ(thumbnails.damaged(), 1u);
   EXPECT_THAT(body(), HasSubstr("kaputt_xs.jpg"));
   EXPECT_THAT(body(), HasSubstr("gut_xs.jpg"));
 }
@@ -145,17 +162,20 @@ TEST_F(ThumbnailTable, has_full_rows_and_no_empty_one)
   for (int n = 1; n <= 8; ++n)
     addChild("010" + std::to_string(n), "Seite", "<p></p>");
 
-  thumbnails.MakeThumbs("01");
+  std::string expected = "<p>da</p>\r\n<div align=center id=thumbs><table border=\"0\">";
+  for (int n = 1; n <= 8; ++n)
+    expected += std::string(n % 4 == 1 ? "<tr>" : "") + "<td align='center'><a href='010" + std::to_string(n) +
+                ".htm'>Seite</a></td>" + (n % 4 == 0 ? "</tr>" : "");
+  EXPECT_EQ(written("01"), expected + "</table></div>");
+}
 
-  const auto rows = [&](std::string_view tag) {
-    std::size_t count = 0;
-    for (auto at = body().find(tag); at != std::string::npos; at = body().find(tag, at + 1))
-      ++count;
-    return count;
-  };
-  EXPECT_EQ(rows("<tr>"), 2u);
-  EXPECT_EQ(rows("</tr>"), 2u);
-  EXPECT_EQ(rows("<td"), 8u);
+TEST_F(ThumbnailTable, ends_no_row_at_a_number_of_cells_that_no_row_has)
+{
+  addChild("0101", "Seite", "<p></p>");
+  for (const char* number : {"1e30", "-1e30", "1.5", "0"}) {
+    fields.tbVorschauAnzahl = number;
+    EXPECT_THAT(written("01"), HasSubstr("Seite</a></td></tr></table>")) << number;
+  }
 }
 
 TEST_F(ThumbnailTable, is_refilled_by_a_second_run)

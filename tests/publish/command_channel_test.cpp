@@ -23,7 +23,6 @@ struct ChannelTest : testing::Test {
 TEST_F(ChannelTest, asks_once_about_a_command_of_61_seconds)
 {
   Desk desk;
-  desk.client.always.rounds = 60;
   desk.timer.step = 1;
   desk.program.ui.expect(0, kStalled, Button::Yes);
   desk.client.always.rounds = 62;
@@ -79,6 +78,7 @@ TEST_F(ChannelTest, tells_a_busy_client_by_its_number_and_leaves_the_dialog_in_o
   desk.client.always.error = ftp::code::kStillExecuting;
 
   EXPECT_EQ(run(desk), " 35764");
+  EXPECT_EQ(desk.dialog.channel.failure, "kaputt");
   EXPECT_FALSE(desk.dialog.channel.labelSekunden.isVisible);
   EXPECT_EQ(desk.program.ui.pointerShape, ui::Pointer::Default);
 }

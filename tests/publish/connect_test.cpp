@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <gmock/gmock.h>
+#include <set>
 
 namespace mrd::publish {
 namespace {
@@ -28,6 +29,21 @@ TEST(Connecting, gives_its_commands_in_their_order)
   EXPECT_EQ(desk.client.logins, 1);
 }
 
+TEST(Connecting, goes_to_its_directory_from_the_login_and_sending_from_the_root)
+{
+  Desk desk;
+  std::set<std::string> places;
+  desk.dialog.channel.changed = [&] { places.insert(desk.dialog.Labelftpverzeichnis); };
+  desk.program.ui.expect(31, "", ui::Button::No);
+
+  desk.connect();
+  desk.dialog.cbftp_Click();
+
+  EXPECT_EQ(desk.client.commands.front(), "cd web");
+  EXPECT_EQ(desk.client.commands[4], "CD /web");
+  EXPECT_THAT(places, testing::IsSupersetOf({"ftp.example.orgweb", "ftp.example.org/web/pix/"}));
+}
+
 TEST(Connecting, asks_for_user_and_password_that_are_missing_and_stores_neither)
 {
   Desk desk;
@@ -49,6 +65,7 @@ TEST(Connecting, makes_the_directories_of_a_new_account)
   desk.connect();
 
   EXPECT_THAT(desk.client.commands, ElementsAre("cd web", "mkdir web", "cd web", "dir", "cd pix", "mkdir pix", "cd pix", "dir"));
+  EXPECT_TRUE(desk.dialog.isConnected);
   EXPECT_THAT(desk.dialog.ListFTPHTML.entries, IsEmpty());
 }
 
@@ -77,6 +94,99 @@ TEST(Connecting, ends_where_the_directory_cannot_be_made)
   EXPECT_FALSE(desk.dialog.isConnected);
 }
 
+TEST(Connecting, ends_with_the_failure_where_making_the_directory_does_not_start)
+{
+  Desk desk;
+  desk.client.answers["cd web"] = {{12003, "550 no"}};
+  desk.client.answers["mkdir web"] = {{0, "der Befehl ist ungültig", "", 5}};
+
+  desk.connect();
+
+  EXPECT_THAT(desk.client.commands, ElementsAre("cd web", "mkdir web"));
+  EXPECT_EQ(desk.state(), "Problem :  5");
+  EXPECT_EQ(desk.dialog.explanation, "der Befehl ist ungültig");
+  EXPECT_FALSE(desk.dialog.isConnected);
+}
+
+TEST(Connecting, ends_with_the_failure_where_the_second_change_of_directory_does_not_start)
+{
+  Desk desk;
+  desk.client.answers["cd web"] = {{12003, "550 no"}, {0, "", "", 12029}};
+
+  desk.connect();
+
+  EXPECT_THAT(desk.client.commands, ElementsAre("cd web", "mkdir web", "cd web"));
+  EXPECT_EQ(desk.state(), "Problem :  12029");
+  EXPECT_FALSE(desk.dialog.isConnected);
+}
+
+TEST(Connecting, reports_a_refused_second_change_of_directory_and_goes_on_without_being_connected)
+{
+  Desk desk;
+  desk.client.answers["cd web"] = {{12003, "550 no"}};
+  desk.program.ui.expect(35, "12003: 550 no");
+
+  desk.connect();
+
+  EXPECT_THAT(desk.client.commands, ElementsAre("cd web", "mkdir web", "cd web", "dir", "cd pix", "dir"));
+  EXPECT_EQ(desk.state(), "FTP: Verbindung hergestellt!");
+  EXPECT_FALSE(desk.dialog.isConnected);
+}
+
+TEST(Connecting, of_the_telephone_edition_looks_at_no_failure_of_making_the_directory)
+{
+  Desk desk(kImode);
+  desk.client.answers["cd i"] = {{12003, "550 no"}, {0, "", "", 12029}};
+  desk.client.answers["mkdir i"] = {{0, "", "", 5}};
+
+  desk.connect();
+
+  EXPECT_THAT(desk.client.commands, ElementsAre("cd i", "mkdir i", "cd i", "dir", "cd pix", "dir"));
+  EXPECT_EQ(desk.state(), "FTP: Verbindung hergestellt!");
+  EXPECT_FALSE(desk.dialog.isConnected);
+}
+
+TEST(Connecting, is_done_only_when_each_listing_was_answered)
+{
+  for (const bool isFirst : {true, false}) {
+    Desk desk;
+    const Answer lost{12030, "weg"};
+    desk.client.answers["dir"] = {isFirst ? lost : Answer{}, isFirst ? Answer{} : lost};
+
+    desk.connect();
+
+    EXPECT_FALSE(desk.dialog.isConnected) << isFirst;
+    EXPECT_EQ(desk.dialog.explanation, "weg");
+  }
+}
+
+TEST(Connecting, is_not_done_when_a_listing_was_not_waited_for)
+{
+  Desk desk;
+  desk.client.answers["dir"] = {{}, {0, "", "", 0, 1000}};
+  desk.client.onRound = [&] {
+    if (desk.client.turns["dir"] == 2)
+      desk.dialog.labelSekunden_Click();
+  };
+
+  desk.connect();
+
+  EXPECT_FALSE(desk.dialog.isConnected);
+}
+
+TEST(Connecting, is_undone_by_a_later_reading_that_fails)
+{
+  Desk desk;
+  desk.client.answers["cd web"] = {{}, {12030, "weg"}};
+  desk.connect();
+  EXPECT_TRUE(desk.dialog.isConnected);
+  desk.program.ui.expect(35, "12030: weg");
+
+  desk.connect();
+
+  EXPECT_FALSE(desk.dialog.isConnected);
+}
+
 TEST(Connecting, reports_another_code_and_goes_on)
 {
   Desk desk;
@@ -86,6 +196,7 @@ TEST(Connecting, reports_another_code_and_goes_on)
   desk.connect();
 
   EXPECT_THAT(desk.client.commands, ElementsAre("cd web", "dir", "cd pix", "dir"));
+  EXPECT_FALSE(desk.dialog.isConnected);
 }
 
 TEST(Connecting, reports_refused_pictures_twice_and_goes_on)
@@ -98,6 +209,7 @@ TEST(Connecting, reports_refused_pictures_twice_and_goes_on)
   desk.connect();
 
   EXPECT_THAT(desk.client.commands, ElementsAre("cd web", "dir", "cd pix", "mkdir pix", "cd pix", "dir"));
+  EXPECT_FALSE(desk.dialog.isConnected);
 }
 
 TEST(Connecting, shows_a_failure_of_the_last_command)
@@ -180,6 +292,52 @@ TEST(Reconciling, tells_an_apostrophe_and_leaves_the_file_alone)
   EXPECT_EQ(desk.rows(5), 2u);
 }
 
+TEST(Reconciling, tells_each_statement_that_fails_and_goes_on_with_the_next)
+{
+  Desk desk;
+  desk.addFile("haus", "jpg", 2);
+  desk.project.db().execute("CREATE UNIQUE INDEX einmal ON Dateien (dateiname, erweiterung)");
+  desk.list("index.htm\r\n", "haus.jpg\r\nneu.jpg\r\n");
+  desk.program.ui.expect(1, "createlist  ");
+
+  desk.connect();
+
+  EXPECT_FALSE(desk.isDue("haus"));
+  EXPECT_EQ(desk.rows(5), 1u);
+  EXPECT_EQ(desk.rows(4), 1u);
+  EXPECT_EQ(desk.state(), "FTP: Verbindung hergestellt!");
+  EXPECT_EQ(desk.client.commands.size(), 4u);
+}
+
+TEST(Reconciling, selects_nothing_for_deletion_where_the_table_cannot_be_searched)
+{
+  Desk desk;
+  desk.list("alt.htm\r\n", "");
+  desk.breakDatabase();
+  desk.program.ui.acceptAll();
+
+  desk.connect();
+
+  EXPECT_EQ(desk.dialog.ListFTPHTML.entries.size(), 1u);
+  EXPECT_THAT(desk.selected(desk.dialog.ListFTPHTML), IsEmpty());
+  EXPECT_THAT(desk.program.ui.messages, testing::Each(testing::Field(&ui::MessageBox::number, 1)));
+  EXPECT_EQ(desk.client.commands.size(), 4u);
+}
+
+TEST(Reconciling, finds_no_file_without_extension_whose_column_is_unset)
+{
+  Desk desk;
+  desk.addFile("liesmich", "", 1);
+  desk.addFile("bild", "", 2);
+  desk.list("liesmich\r\n", "bild\r\n");
+
+  desk.connect();
+
+  EXPECT_THAT(desk.selected(desk.dialog.ListFTPHTML), ElementsAre("liesmich"));
+  EXPECT_THAT(desk.selected(desk.dialog.ListFTPpix), ElementsAre("bild"));
+  EXPECT_TRUE(desk.isDue("bild"));
+}
+
 TEST(Reconciling, marks_the_first_of_two_equal_entries)
 {
   Desk desk;
@@ -219,6 +377,16 @@ TEST(ListPosition, is_that_of_the_first_equal_entry_or_minus_one)
   EXPECT_EQ(position, 1);
   itempos(list, "c", position);
   EXPECT_EQ(position, -1);
+}
+
+TEST(ListPosition, behind_the_last_one_that_can_be_told_is_an_error)
+{
+  ListBox list;
+  list.entries.resize(32768);
+  list.entries.push_back({"x", false});
+  std::int16_t position = 7;
+
+  EXPECT_THROW(itempos(list, "x", position), base::Error);
 }
 
 } // namespace

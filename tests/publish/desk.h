@@ -40,7 +40,7 @@ struct RecordingClient : ftp::Client {
     rounds = answer.rounds;
     isRead = false;
     if (answer.error != 0)
-      throw ftp::clientError(answer.error, "kaputt");
+      throw ftp::clientError(answer.error, answer.info.empty() ? "kaputt" : answer.info);
   }
   bool StillExecuting() override
   {
@@ -57,6 +57,7 @@ struct RecordingClient : ftp::Client {
     ++chunksRead;
     return std::exchange(isRead, true) ? "" : answer.text;
   }
+  bool isLink(std::string_view) const override { return false; }
   int ResponseCode() const override { return answer.code; }
   std::string ResponseInfo() const override { return answer.info; }
   void backToLogin() override { ++logins; }
@@ -98,6 +99,8 @@ struct Desk {
     return project.db().openSnapshot("SELECT * FROM Dateien WHERE [dateityp-id]=?", {type}).recordCount();
   }
   void list(const std::string& html, const std::string& pix) { client.answers["dir"] = {{0, "", html}, {0, "", pix}}; }
+  /// From here on no statement about files succeeds.
+  void breakDatabase() { project.db().execute("DROP TABLE Dateien"); }
   void connect() { dialog.cbftpverbindung_Click(); }
   void forgetCommands() { client.commands.clear(); }
   std::vector<std::string> selected(const ListBox& list) const

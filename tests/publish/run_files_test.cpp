@@ -107,6 +107,22 @@ TEST_F(RunListTest, stops_also_between_two_attempts)
   EXPECT_EQ(desk.state(), "FTP: abgebrochen");
 }
 
+TEST_F(RunListTest, tells_what_became_of_a_file_in_the_users_language)
+{
+  desk.program.language.setSprache("ENG");
+  desk.client.answers["PUT \"\\site\\haus.htm\" haus.htm"] = {{0, "", "", 0, 1000}};
+  desk.client.onRound = [&] {
+    if (desk.client.commands.back().starts_with("PUT \"\\site\\haus.htm"))
+      desk.dialog.stop();
+  };
+
+  desk.dialog.cbftp_Click();
+
+  EXPECT_EQ(desk.client.Sprache, "ENG");
+  EXPECT_EQ(fateText(desk.dialog.files[1], "ENG"), "not sent: The transfer was stopped.");
+  EXPECT_EQ(desk.state(), "FTP: stopped");
+}
+
 TEST_F(RunListTest, takes_no_second_click_meanwhile)
 {
   desk.client.always.rounds = 1;
@@ -172,14 +188,16 @@ TEST(RememberedServersTest, are_asked_about_once_and_again_when_they_change)
   support::TestProgram program;
   const support::TemporaryDirectory folder;
   files::UserSettings settings((folder.native() / "settings.ini").string());
-  RememberedServers servers(settings, program.language);
+  RememberedServers servers(settings, program.language, OnChange::Ask);
   ftp::ServerIdentity identity{"ftp.example.org:21", "SHA256:a", "self-signed", false};
 
   program.ui.expect(116, "SHA256:a", Button::No);
   EXPECT_FALSE(servers.trusts(identity));
+  EXPECT_FALSE(servers.isKnown(identity.server));
   program.ui.expect(116, "ftp.example.org:21", Button::Yes);
   EXPECT_TRUE(servers.trusts(identity));
   EXPECT_TRUE(servers.trusts(identity));
+  EXPECT_TRUE(servers.isKnown(identity.server));
 
   identity.fingerprint = "SHA256:b";
   program.ui.expect(117, "SHA256:b", Button::No);
@@ -191,6 +209,23 @@ TEST(RememberedServersTest, are_asked_about_once_and_again_when_they_change)
   identity.fingerprint = "SHA256:d";
   program.ui.expect(119, "SHA256:d", Button::Yes);
   EXPECT_TRUE(servers.trusts(identity));
+}
+
+TEST(RememberedServersTest, that_have_changed_are_refused_where_nobody_is_asked_and_stay_as_they_were_known)
+{
+  support::TestProgram program;
+  const support::TemporaryDirectory folder;
+  files::UserSettings settings((folder.native() / "settings.ini").string());
+  RememberedServers servers(settings, program.language, OnChange::Refuse);
+  program.ui.expect(116, "SHA256:a", Button::Yes).expect(118, "SHA256:c", Button::Yes);
+  EXPECT_TRUE(servers.trusts({"ftp.example.org:21", "SHA256:a", "", false}));
+  EXPECT_TRUE(servers.trusts({"ftp.example.org:22", "SHA256:c", "", true}));
+
+  program.ui.expect(180, "SHA256:b").expect(180, settings.file());
+  EXPECT_FALSE(servers.trusts({"ftp.example.org:21", "SHA256:b", "", false}));
+  EXPECT_FALSE(servers.trusts({"ftp.example.org:22", "SHA256:d", "", true}));
+
+  EXPECT_TRUE(servers.trusts({"ftp.example.org:21", "SHA256:a", "", false}));
 }
 
 } // namespace

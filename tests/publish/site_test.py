@@ -55,11 +55,12 @@ class Site(unittest.TestCase):
         self.addCleanup(end)
         place = json.loads(server.stdout.readline())
         self.password = place["password"]
+        self.server = f"127.0.0.1:{place['port']}"
         directory = place["directory"].lstrip("/")
         self.web = self.root / directory / "web"
         if place["home"]:
             self.environment["HOME"] = place["home"]
-        self.mrd("settings", self.project, f"ftpserver={scheme}127.0.0.1:{place['port']}", f"ftpuser={place['user']}",
+        self.mrd("settings", self.project, f"ftpserver={scheme}{self.server}", f"ftpuser={place['user']}",
                  f"ftppasswort={self.password}", f"ftpverzeichnis={directory + '/' if directory else ''}web")
 
     def publish(self, *words, **how):
@@ -137,6 +138,67 @@ class Site(unittest.TestCase):
         self.assertIn("SHA256:", result.stderr)
         self.assertFalse(self.web.exists())
 
+    def test_a_server_that_has_changed_is_not_trusted_by_a_general_yes(self):
+        self.serve("vsftpd-tls", scheme="ftpes://")
+        settings = self.work / "config" / "mirandel" / "settings.ini"
+        settings.parent.mkdir(parents=True)
+        known = f"[FTPServer]\n{self.server}=SHA256:another\n"
+        settings.write_text(known)
+        result = self.mrd("--yes", "publish", self.project, status=1)
+        self.assertIn("message 180", result.stderr)
+        self.assertIn(str(settings), result.stderr)
+        self.assertEqual(settings.read_text(), known)
+        self.assertFalse(self.web.exists())
+
+    def test_pictures_are_counted_as_sent_or_as_there_already_and_never_as_both(self):
+        self.serve("pyftpdlib")
+        first = self.publish()
+        self.assertEqual((first["sent"], first["kept"]), (len([p for p in self.site.rglob("*") if p.is_file()]), 0))
+
+    def test_a_server_that_is_gone_for_good_before_the_run_is_a_failure(self):
+        self.serve("scripted", "die=MLSD:2")
+        result = self.mrd("publish", self.project, status=1)
+        self.assertIn("Fehler bei der FTPÜbertragung:", result.stderr)
+        self.assertIn("nimmt keine Verbindung an", result.stderr)
+
+    def test_a_listing_that_is_lacking_sends_nothing_and_is_told(self):
+        self.web = self.root / "web"
+        self.web.mkdir()
+        (self.web / "alt.htm").write_text("alt")
+        self.serve("scripted", "refuse=MKD")
+        result = self.mrd("--yes", "publish", self.project, "--delete-orphans", status=1)
+        self.assertIn("message 35", result.stderr)
+        self.assertIn("message 181", result.stderr)
+        self.assertEqual(result.stdout, "")
+        self.assertEqual([path.name for path in self.web.iterdir()], ["alt.htm"])
+
+    def test_all_that_is_printed_is_in_the_language_of_the_program(self):
+        self.serve("scripted", "refuse-name=hafen", "no-size")
+        result = self.mrd("--lang", "ENG", "publish", self.project, status=1)
+        self.assertIn("not sent: pix/hafen.jpg: 553 this file is not allowed", result.stderr)
+        self.assertRegex(result.stdout, r"Sent: \d+\. On the server already: 0\. Without a page: 0\. Deleted: 0\. Failed: 1\.")
+        result = self.mrd("publish", self.project, status=1)
+        self.assertIn("nicht übertragen: pix/hafen.jpg: 553", result.stderr)
+        self.assertIn("Übertragen: ", result.stdout)
+
+    def test_a_link_that_somebody_put_there_is_no_orphan(self):
+        for kind, scheme in (("vsftpd", ""), ("sftp", "sftp://")):
+            with self.subTest(kind):
+                self.root = self.work / kind
+                self.root.mkdir()
+                self.serve(kind, scheme=scheme)
+                self.publish()
+                (self.web / "alt.htm").write_text("alt")
+                (self.web / "cgi").symlink_to(self.root)
+                self.assertEqual(self.publish("--delete-orphans")["deleted"], ["alt.htm"])
+                self.assertTrue((self.web / "cgi").is_symlink())
+
+    def test_a_listing_without_end_is_told_as_the_reason(self):
+        self.serve("scripted", "endless")
+        result = self.mrd("publish", self.project, status=1)
+        self.assertEqual(result.stderr.count("64 MB"), 1)
+        self.assertIn("message 181", result.stderr)
+
     def test_a_full_disk_names_each_file_and_fails(self):
         self.serve("scripted", "full=10")
         summary = self.publish(status=1)
@@ -156,6 +218,8 @@ class Site(unittest.TestCase):
         self.mrd("settings", self.project, "ftppasswort=")
         self.mrd("publish", self.project, standard_input=self.password + "\n")
         self.assert_same_tree()
+        # The server is read a second time, with the same password.
+        self.mrd("--yes", "publish", self.project, standard_input=self.password + "\n")
 
     def test_orphans_stay_without_the_users_yes(self):
         self.serve("pyftpdlib")

@@ -7,6 +7,7 @@ namespace {
 
 using testing::ElementsAre;
 using ui::Button;
+using Steps = std::vector<std::pair<std::size_t, std::size_t>>;
 
 struct UploadTest : testing::Test {
   static void prepare(Desk& desk)
@@ -37,6 +38,8 @@ TEST_F(UploadTest, sends_all_pages_and_the_pictures_that_are_due)
   EXPECT_THAT(desk.program.ui.statusTexts,
               ElementsAre("FTP: HTML-Dateien werden übertragen!", "FTP: index.htm  erfolgreich übertragen.",
                           "FTP: mrdnav.js  erfolgreich übertragen.", "FTP: haus.jpg  erfolgreich übertragen.", "Fertig!"));
+  EXPECT_EQ(desk.program.ui.progressSteps, (Steps{{5, 6}, {1, 2}, {2, 2}, {1, 1}}));
+  EXPECT_FALSE(desk.dialog.channel.ProgressBar1.isVisible);
   EXPECT_EQ(desk.dialog.files.size(), 3u);
   EXPECT_TRUE(desk.dialog.files[2].isConfirmed());
   EXPECT_TRUE(desk.isDue("haus"));
@@ -101,6 +104,7 @@ TEST_F(UploadTest, shows_a_page_that_did_not_start_and_goes_on)
 
   EXPECT_THAT(desk.program.ui.statusTexts, testing::Contains("Problem :  53"));
   EXPECT_EQ(desk.client.commands, kAllCommands);
+  EXPECT_EQ(desk.dialog.files[0].problem, "kaputt");
   EXPECT_FALSE(desk.dialog.files[0].isConfirmed());
 }
 
@@ -149,7 +153,7 @@ TEST_F(UploadTest, keeps_in_its_list_what_the_server_refused_and_sends_that_alon
   EXPECT_TRUE(desk.dialog.files[1].isConfirmed());
 }
 
-TEST_F(UploadTest, stalls_at_one_file_and_goes_on_with_the_next)
+TEST_F(UploadTest, that_is_cancelled_at_a_page_leaves_the_other_pages_out_and_sends_the_pictures)
 {
   Desk desk;
   prepare(desk);
@@ -164,6 +168,24 @@ TEST_F(UploadTest, stalls_at_one_file_and_goes_on_with_the_next)
   EXPECT_THAT(desk.program.ui.statusTexts, testing::Contains("FTP: index.htm  erfolgreich übertragen."));
   EXPECT_THAT(desk.client.commands, ElementsAre(kAllCommands[0], kAllCommands[1], kAllCommands[3], kAllCommands[4]));
   EXPECT_FALSE(desk.dialog.files[0].isConfirmed());
+}
+
+TEST_F(UploadTest, that_is_cancelled_at_a_picture_goes_on_with_the_next_one)
+{
+  Desk desk;
+  prepare(desk);
+  desk.addFile("zweites", "jpg", 2);
+  desk.client.answers[kAllCommands[4]] = {{0, "", "", 0, 1000}};
+  desk.timer.step = 1;
+  desk.program.ui.expect(0, "abgebrochen", Button::Yes).expect(31, "", Button::No);
+
+  desk.dialog.cbftp_Click();
+
+  EXPECT_EQ(desk.client.cancelled, 1);
+  EXPECT_EQ(desk.client.commands.back(), "PUT \"\\site\\zweites.jpg\" zweites.jpg");
+  EXPECT_THAT(desk.program.ui.statusTexts, testing::Contains("FTP: haus.jpg  erfolgreich übertragen."));
+  EXPECT_FALSE(desk.dialog.files[2].isConfirmed());
+  EXPECT_TRUE(desk.dialog.files[3].isConfirmed());
 }
 
 TEST_F(UploadTest, begins_again_from_the_first_page_after_an_error_of_its_own)
@@ -192,6 +214,39 @@ TEST_F(UploadTest, tells_the_error_that_remained_after_all_attempts)
   desk.dialog.cbftp_Click();
 
   EXPECT_EQ(desk.state(), " 12029");
+  EXPECT_EQ(desk.dialog.explanation, "kaputt");
+  EXPECT_FALSE(desk.dialog.isRunComplete);
+}
+
+TEST_F(UploadTest, that_never_began_keeps_nothing_of_an_earlier_run)
+{
+  Desk desk;
+  prepare(desk);
+  desk.program.ui.expect(31, "", Button::No).expect(0, "Fehler bei der FTPÜbertragung:");
+  desk.dialog.cbftp_Click();
+  EXPECT_TRUE(desk.dialog.isRunComplete);
+  desk.client.answers["CD /web"] = {{0, "", "", 12029}};
+  desk.timer.step = 0.25F;
+
+  desk.dialog.cbftp_Click();
+
+  EXPECT_FALSE(desk.dialog.isRunComplete);
+  EXPECT_EQ(desk.dialog.files.size(), 0u);
+}
+
+TEST_F(UploadTest, of_the_telephone_edition_tells_by_message_34_that_the_database_fails_at_every_attempt)
+{
+  Desk desk(kImode);
+  prepare(desk);
+  desk.breakDatabase();
+  desk.timer.step = 0.25F;
+  desk.program.ui.expect(34, " 3");
+
+  desk.dialog.cbftp_Click();
+
+  EXPECT_EQ(desk.client.commands, std::vector<std::string>(6, "CD /i"));
+  EXPECT_FALSE(desk.dialog.explanation.empty());
+  EXPECT_FALSE(desk.dialog.isRunComplete);
 }
 
 TEST_F(UploadTest, of_the_telephone_edition_looks_at_no_failure_and_ends_with_the_question)
@@ -256,7 +311,7 @@ TEST_F(DeleteTest, deletes_the_selected_pictures_and_makes_the_projects_own_due_
   EXPECT_TRUE(desk.isDue("haus"));
   EXPECT_TRUE(desk.dialog.ListFTPpix.entries.empty());
   EXPECT_EQ(desk.rows(5), 2u);
-  EXPECT_EQ(desk.program.ui.progressSteps, (std::vector<std::pair<std::size_t, std::size_t>>{{0, 2}, {1, 2}, {2, 2}}));
+  EXPECT_EQ(desk.program.ui.progressSteps, (Steps{{0, 2}, {1, 2}, {2, 2}}));
   EXPECT_EQ(desk.state(), "Fertig!");
 }
 
@@ -272,7 +327,7 @@ TEST_F(DeleteTest, works_on_the_pages_of_the_other_tab)
   EXPECT_THAT(desk.client.commands, ElementsAre("CD /web", "DELETE alt.htm"));
 }
 
-TEST_F(DeleteTest, keeps_the_names_that_the_server_would_not_delete)
+TEST_F(DeleteTest, takes_from_the_list_also_what_the_server_refused_and_tells_it_in_the_list_of_the_run)
 {
   Desk desk;
   prepareLists(desk);
@@ -281,8 +336,39 @@ TEST_F(DeleteTest, keeps_the_names_that_the_server_would_not_delete)
 
   desk.dialog.cbftplöschen_Click();
 
+  ASSERT_EQ(desk.dialog.ListFTPpix.entries.size(), 1u);
+  EXPECT_EQ(desk.dialog.ListFTPpix.entries[0].text, "haus.jpg");
   EXPECT_EQ(desk.dialog.files[0].fate, RunFile::Fate::Failed);
   EXPECT_EQ(fateText(desk.dialog.files[0], "GER"), "nicht gelöscht: 550 no");
+}
+
+TEST_F(DeleteTest, makes_no_file_without_extension_due_again_whose_column_is_unset)
+{
+  Desk desk;
+  prepareLists(desk);
+  desk.addFile("bild", "", 2, false);
+  desk.dialog.ListFTPpix.entries = {{"bild", true}};
+  desk.program.ui.expect(33, "", Button::Yes);
+
+  desk.dialog.cbftplöschen_Click();
+
+  EXPECT_FALSE(desk.isDue("bild"));
+}
+
+TEST_F(DeleteTest, tells_by_message_34_that_the_database_fails_at_every_attempt_and_keeps_the_list)
+{
+  Desk desk;
+  prepareLists(desk);
+  desk.breakDatabase();
+  desk.timer.step = 0.25F;
+  desk.program.ui.expect(33, "", Button::Yes).expect(34, " 3");
+
+  desk.dialog.cbftplöschen_Click();
+
+  EXPECT_TRUE(desk.client.commands.empty());
+  EXPECT_EQ(desk.program.ui.progressSteps, Steps(6, {0, 1}));
+  EXPECT_EQ(desk.dialog.ListFTPpix.entries.size(), 2u);
+  EXPECT_FALSE(desk.dialog.channel.ProgressBar1.isVisible);
 }
 
 TEST(ExtraFile, is_sent_and_listed_in_lower_case)
@@ -290,6 +376,7 @@ TEST(ExtraFile, is_sent_and_listed_in_lower_case)
   Desk desk;
   desk.connect();
   desk.forgetCommands();
+  desk.program.ui.progressSteps.clear();
   desk.program.ui.answerOpenDialog("\\Bilder\\FOTO.JPG");
 
   desk.dialog.cbzusätzlichftp_Click();
@@ -300,6 +387,27 @@ TEST(ExtraFile, is_sent_and_listed_in_lower_case)
   EXPECT_EQ(desk.program.ui.fileDialogs[0].title, "Zusätzliche Datei übertragen");
   EXPECT_EQ(desk.program.ui.fileDialogs[0].filter, "*.*|*.*");
   EXPECT_EQ(desk.rows(5), 0u);
+  EXPECT_EQ(desk.program.ui.progressSteps, (Steps{{1, 3}, {2, 3}, {3, 3}}));
+  EXPECT_EQ(desk.state(), "Fertig!");
+}
+
+TEST(ExtraFile, opens_the_chooser_at_every_attempt_and_tells_the_failure_that_remains_by_message_34_without_value)
+{
+  Desk desk;
+  desk.connect();
+  desk.forgetCommands();
+  for (int i = 0; i < 6; ++i)
+    desk.program.ui.answerOpenDialog("\\Bilder\\FOTO.JPG");
+  desk.dialog.files.replaced = [] { throw base::Error(base::ErrorNumber::EngineError, "kaputt"); };
+  desk.timer.step = 0.25F;
+  desk.program.ui.expect(34);
+
+  desk.dialog.cbzusätzlichftp_Click();
+
+  EXPECT_EQ(desk.program.ui.fileDialogs.size(), 6u);
+  EXPECT_THAT(desk.program.ui.messages.back().text, testing::Not(testing::HasSubstr("3146")));
+  EXPECT_FALSE(desk.dialog.channel.ProgressBar1.isVisible);
+  EXPECT_EQ(desk.dialog.explanation, "kaputt");
 }
 
 TEST(ExtraFile, left_with_cancel_sends_no_command_and_shows_no_progress)

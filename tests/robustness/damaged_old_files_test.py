@@ -144,13 +144,15 @@ class DamagedOldFiles(OldFiles):
 
     def judge(self, name, data, folder, done, opened):
         err = done.stderr.decode("utf-8", "replace")
-        left = {path.name: path.read_bytes() for path in folder.iterdir()}
+        left = {path.name: path.read_bytes() if path.is_file() else None for path in folder.iterdir()}
         if done.returncode == 1:
             if not re.search(r"^message( \d+)?: \S", err, re.MULTILINE):
                 return "refused", "no message"
             return "refused", None if left == {"haus.mdb": data} else f"left {sorted(left)}"
         if done.returncode != 0:
             return "fell", f"status {done.returncode}: {err[-2000:]}"
+        # A new project that is worked with at once is backed up at once.
+        left.pop("haus.mdb.sicherung", None)
         if set(left) != {"haus.mdb", "haus.jet.mdb"} or left["haus.jet.mdb"] != data:
             return "taken over", f"left {sorted(left)}"
         return self.judge_project(name, folder / "haus.mdb", err, opened)

@@ -44,9 +44,9 @@ class ExportDirectory(House):
         self.assert_project_is_as_before()
 
     def test_an_empty_name_is_none(self):
-        before = snapshot(self.work)
+        before = set(snapshot(self.work))
         self.assert_refused("generate", self.file, "--export", "")
-        self.assertEqual(set(snapshot(self.work)), set(before))
+        self.assertEqual({path for path in snapshot(self.work) if not path.startswith("haus.mdb.sicherung")}, before)
 
     def test_a_directory_that_takes_nothing(self):
         # Nobody can make a file there, whoever he is.

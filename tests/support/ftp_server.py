@@ -16,10 +16,16 @@ misbehaves as its faults say:
     drop-data=N       closes both connections after N bytes of a file, the first time
     drop-idle=COMMAND says 421 and closes after having answered it, the first time
     refuse=COMMAND    answers it with 550      short           keeps only half of what it gets, and says so by SIZE
+    answer=COMMAND:TEXT   answers it with this text (%P is the password)
+    no-size           knows MLST, but not SIZE
+    die=COMMAND:N     is gone for good behind the Nth of these commands
     refuse-name=NAME  refuses to store a file of this name
     forgives          refuses by name twice, with and without the part's ending, and then no more
+    endless           a listing never ends
     listing=FILE      answers a listing with this file's bytes
     home=DIR          the directory of the login
+    tls               can encrypt
+    bare-data         of the first data connection that is to be encrypted the handshake fails
 """
 import argparse
 import ctypes
@@ -30,6 +36,7 @@ import pwd
 import shutil
 import signal
 import socket
+import ssl
 import subprocess
 import sys
 import tempfile
@@ -182,7 +189,7 @@ Subsystem sftp internal-sftp -d {arguments.root}
 class Scripted:
     """A server of few words for one client at a time or several."""
 
-    def __init__(self, arguments):
+    def __init__(self, arguments, work):
         self.root = pathlib.Path(arguments.root)
         self.log = open(arguments.log or os.devnull, "a", buffering=1, encoding="utf-8", errors="surrogateescape")
         self.faults = {}
@@ -190,7 +197,11 @@ class Scripted:
             name, _, value = fault.partition("=")
             self.faults[name] = value
         self.once = set()
+        self.seen = {}
         self.refused = 0
+        if self.has("tls"):
+            self.tls = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+            self.tls.load_cert_chain(certificate(work))
 
     def has(self, fault, value=None, once=False):
         if fault not in self.faults or (value is not None and self.faults[fault] != value) or (once and fault in self.once):
@@ -199,12 +210,22 @@ class Scripted:
             self.once.add(fault)
         return True
 
+    def encrypted(self, connection):
+        return self.tls.wrap_socket(connection, server_side=True)
+
+    def is_last(self, word):
+        self.seen[word] = self.seen.get(word, 0) + 1
+        return self.has("die", f"{word}:{self.seen[word]}")
+
     def serve(self):
-        listener = socket.create_server(("127.0.0.1", 0))
+        listener = self.listener = socket.create_server(("127.0.0.1", 0))
         announce(listener.getsockname()[1], USER, PASSWORD, "")
         threading.Thread(target=lambda: (sys.stdin.read(), os._exit(0)), daemon=True).start()
         while True:
-            connection, _ = listener.accept()
+            try:
+                connection, _ = listener.accept()
+            except OSError:
+                return threading.Event().wait()
             connection.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
             threading.Thread(target=Talk(self, connection).run, daemon=True).start()
 
@@ -220,6 +241,7 @@ class Talk:
         self.reader = connection.makefile("rb")
         self.directory = server.faults.get("home", "/")
         self.user = self.rename = self.passive = None
+        self.protects = False
 
     def say(self, text):
         self.connection.sendall((text + "\r\n").encode(self.encoding, "surrogateescape"))
@@ -234,7 +256,7 @@ class Talk:
             if self.server.has("hang", "greeting"):
                 time.sleep(3600)
             self.say("220 ready")
-            for line in self.reader:
+            while line := self.reader.readline():
                 # A password has no encoding of its own: it comes as it was typed.
                 encoding = "utf-8" if line.startswith(b"PASS") else self.encoding
                 line = line.decode(encoding, "surrogateescape").rstrip("\r\n")
@@ -258,13 +280,34 @@ class Talk:
             raise Gone
         if has("refuse", word):
             return self.say("550 refused")
+        if has("answer") and self.server.faults["answer"].startswith(word + ":"):
+            return self.say(self.server.faults["answer"].partition(":")[2].replace("%P", PASSWORD))
         handler = getattr(self, "do_" + word, None)
-        if handler is None or (has("no-features") and word in ("FEAT", "MLSD", "SIZE", "MLST", "EPSV")):
+        if handler is None or (has("no-features") and word in ("FEAT", "MLSD", "SIZE", "MLST", "EPSV")) or \
+                (has("no-size") and word == "SIZE"):
             return self.say("500 what?")
         handler(rest)
+        if self.server.is_last(word):
+            self.server.listener.shutdown(socket.SHUT_RDWR)
+            self.server.listener.close()
+            raise Gone
         if has("drop-idle", word, once=True):
             self.say("421 timeout")
             raise Gone
+
+    def do_AUTH(self, _):
+        if not self.server.has("tls"):
+            return self.say("502 not here")
+        self.say("234 go on")
+        self.connection = self.server.encrypted(self.connection)
+        self.reader = self.connection.makefile("rb")
+
+    def do_PBSZ(self, _):
+        self.say("200 ok")
+
+    def do_PROT(self, rest):
+        self.protects = rest == "P"
+        self.say("200 ok")
 
     def do_USER(self, rest):
         self.user = rest
@@ -322,7 +365,13 @@ class Talk:
     def data(self):
         connection, _ = self.passive.accept()
         self.passive.close()
-        return connection
+        if not self.protects:
+            return connection
+        if self.server.has("bare-data", once=True):
+            connection.sendall(b"this is no handshake\r\n" * 10)
+            connection.close()
+            raise Gone
+        return self.server.encrypted(connection)
 
     def entries(self, form):
         if self.server.has("listing"):
@@ -343,6 +392,8 @@ class Talk:
         self.say("150 here it comes")
         with self.data() as data:
             data.sendall(text)
+            while self.server.has("endless"):
+                data.sendall(b"type=file;size=1; " + b"a" * 60000 + b"\r\n")
         self.say("226 done")
 
     def do_LIST(self, _):
@@ -380,7 +431,9 @@ class Talk:
         self.say(f"213 {local.stat().st_size}" if local.is_file() else "550 no such file")
 
     def do_MLST(self, rest):
-        self.say("550 no such file")
+        local = self.local(rest)[1]
+        self.say(f"250-Facts\r\n type=file;size={local.stat().st_size}; {rest}\r\n250 End" if local.is_file() else
+                 "550 no such file")
 
     def do_DELE(self, rest):
         local = self.local(rest)[1]
@@ -424,7 +477,7 @@ def main():
         elif arguments.kind == "sftp":
             sftp(arguments, work)
         else:
-            Scripted(arguments).serve()
+            Scripted(arguments, work).serve()
 
 
 if __name__ == "__main__":

@@ -105,8 +105,21 @@ void PageTree::mouseReleaseEvent(QMouseEvent* event)
     events_.cancelled();
 }
 
+bool PageTree::event(QEvent* event)
+{
+  // Elsewhere the key belongs to the page's text.
+  if (event->type() == QEvent::ShortcutOverride && dynamic_cast<QKeyEvent&>(*event).matches(QKeySequence::Undo) &&
+      events_.canUndo()) {
+    event->accept();
+    return true;
+  }
+  return QTreeWidget::event(event);
+}
+
 void PageTree::keyPressEvent(QKeyEvent* event)
 {
+  if (event->matches(QKeySequence::Undo))
+    return events_.undo();
   if (dragging_ && event->key() == Qt::Key_Escape) {
     endDrag();
     return events_.cancelled();

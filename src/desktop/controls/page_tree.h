@@ -27,6 +27,9 @@ public:
     std::function<void()> cancelled = [] {};
     /// A node has been opened by the user.
     std::function<void(const std::string&)> opened = [](const std::string&) {};
+    /// Whether the key for undoing belongs to the tree, and what it does then.
+    std::function<bool()> canUndo = [] { return false; };
+    std::function<void()> undo = [] {};
   };
 
   explicit PageTree(QWidget* parent = nullptr);
@@ -47,6 +50,7 @@ public:
   void setQuiet(bool quiet) { quiet_ = quiet; }
 
 protected:
+  bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;

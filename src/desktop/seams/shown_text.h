@@ -10,6 +10,9 @@ namespace mrd::desktop {
 
 inline QString shown(std::string_view utf8) { return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())); }
 
+/// For tool tips, which take text with angle brackets for markup.
+inline QString shownToolTip(std::string_view utf8) { return "<p>" + shown(utf8).toHtmlEscaped() + "</p>"; }
+
 /// A path of the system as users of this machine write it; what is no path of this machine is shown as it stands.
 QString shownPath(std::string_view systemPath);
 /// The other way, for what a user typed.

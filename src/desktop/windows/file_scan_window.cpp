@@ -150,7 +150,8 @@ void FrmFileScanWindow::connectLists()
     act("Listpix_OLEDragDrop", [&] { form_.dropFiles(paths); });
   };
   chosen.textDropped = [this](const QString& text) {
-    QStringList lines = text.split('\n');
+    // Where lines end with one sign, the last of them begins no further line.
+    QStringList lines = (text.contains('\r') || !text.endsWith('\n') ? text : text.chopped(1)).split('\n');
     for (QString& line : lines)
       line = shown(typedPath(line.remove('\r')));
     act("Listpix_OLEDragDrop", [&] { form_.dropText(lines.join("\r\n").toStdString()); });

@@ -14,6 +14,7 @@
 #include "desktop/windows/objekt_anzeigen_window.h"
 #include "desktop/windows/schriftart_window.h"
 #include "desktop/windows/shop_window.h"
+#include "desktop/windows/sicherung_window.h"
 #include "desktop/windows/suchen_ersetzen_window.h"
 #include "desktop/windows/tabelleneigenschaften_window.h"
 #include "desktop/windows/verweis_window.h"
@@ -58,6 +59,12 @@ void FormDialogs::closeAll()
 void FormDialogs::showModal(mainform::FrmAssistent& form)
 {
   FrmAssistentWindow dialog(form, &owner_);
+  run(dialog, owner_);
+}
+
+void FormDialogs::showModal(mainform::FrmSicherung& form)
+{
+  SicherungWindow dialog(form, &owner_);
   run(dialog, owner_);
 }
 

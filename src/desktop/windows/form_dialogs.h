@@ -25,6 +25,7 @@ public:
   void closeAll();
 
   void showModal(mainform::FrmAssistent& form) override;
+  void showModal(mainform::FrmSicherung& form) override;
   void showModal(mainform::frmAbout& form) override;
   void showModal(pagetree::frmMove1& form) override;
   void showModal(publish::frmHTMLExport& form) override;

@@ -445,6 +445,8 @@ void MainformFields::showMenus()
     action.setCheckable(state.checked || action.isCheckable());
     action.setChecked(state.checked);
   }
+  ui_.mnuSeitenZurueck->setText(shown(form_.treeUndoCaption()));
+  ui_.mnuSeitenZurueck->setEnabled(form_.pages().treeChange() != pagetree::TreeUndo::Change::None);
   if (!form_.editor().positionCaption().empty())
     ui_.D2DSub_0->setText(shown(form_.editor().positionCaption()));
 }

@@ -143,6 +143,8 @@ void MainformWindow::connectTree()
   events.drop = [this](const PageTree::Hit& hit) { form_->treeMouse().TreeView1_DragDrop(hit); };
   events.cancelled = [this] { form_->treeMouse().dragCancelled(); };
   events.opened = [this](const std::string& key) { tree_.opened(key); };
+  events.canUndo = [this] { return form_->pages().treeChange() != pagetree::TreeUndo::Change::None; };
+  events.undo = [this] { form_->mnuSeitenZurueck_Click(); };
   ui_->TreeView1->setEvents(std::move(events));
 }
 

@@ -70,6 +70,9 @@ PublishingView::PublishingView(QWidget& window, publish::Publishing& publishing)
   publishing_.listsChanged = [this] { showLists(); };
   publishing_.files.replaced = [this] { showFiles(); };
   publishing_.files.changed = [this](std::size_t index) { showFile(index); };
+  // Servers have a word in these.
+  for (auto* const label : {&labelSeite_, &LabelErklärung_, &Labelftpverzeichnis_, &LabelLauf_})
+    label->setTextFormat(Qt::PlainText);
   keepPlace(find<QProgressBar>(window, "ProgressBar1"));
   if (labelSekunden_)
     keepPlace(*labelSekunden_);
@@ -124,10 +127,10 @@ void PublishingView::takeSelection(QListWidget& list, publish::ListBox& entries)
 
 void PublishingView::fill(QTreeWidgetItem& item, const publish::RunFile& file) const
 {
-  const auto text = shown(publish::fateText(file, publishing_.Sprache()));
+  const auto text = publish::fateText(file, publishing_.Sprache());
   item.setText(Name, shown(file.shownName()));
-  item.setText(Fate, text);
-  item.setToolTip(Fate, text);
+  item.setText(Fate, shown(text));
+  item.setToolTip(Fate, shownToolTip(text));
   // Not by the words alone: one refused file among a thousand is to be seen.
   item.setIcon(Name,
                file.fate == publish::RunFile::Fate::Failed ? qApp->style()->standardIcon(QStyle::SP_MessageBoxWarning) : QIcon());

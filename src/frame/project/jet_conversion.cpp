@@ -2,15 +2,14 @@
 
 #include "base/errors.h"
 #include "base/format.h"
-#include "base/text.h"
 #include "frame/paths/paths.h"
 #include "frame/project/jet_content.h"
+#include "frame/project/project.h"
+#include "platform/dao/database_copy.h"
 #include "platform/files/path.h"
 #include "platform/files/succession.h"
 
 #include <unistd.h>
-
-#include <array>
 
 namespace mrd::project {
 namespace {
@@ -19,14 +18,6 @@ using base::Error;
 using base::ErrorNumber;
 
 constexpr std::string_view kJetEnding = ".jet.mdb";
-/// Files in which the engine keeps what a killed program left open.
-constexpr std::array<std::string_view, 3> kCompanions{"-journal", "-wal", "-shm"};
-
-void removeCompanions(const std::string& path)
-{
-  for (const auto companion : kCompanions)
-    files::removeLeftOver(path + std::string(companion));
-}
 
 /// The project on its way: under a name beside its place, and gone when it does not get there.
 class Draft {
@@ -60,7 +51,7 @@ public:
 private:
   void remove()
   {
-    removeCompanions(path_);
+    dao::removeCompanions(path_);
     files::removeLeftOver(path_);
   }
 
@@ -72,14 +63,6 @@ void checkWritable(std::string_view path)
   const auto native = files::nativePath(path);
   if (::access(native.c_str(), W_OK) != 0)
     throw Error(ErrorNumber::AccessDenied, base::format("Die Datei '{}' ist schreibgeschützt.", native.native()));
-}
-
-/// "C:\haus.mdb" to "C:\haus".
-std::string stemOf(const std::string& path)
-{
-  constexpr std::string_view kEnding = ".mdb";
-  const bool hasEnding = base::lower(base::right(path, kEnding.size())) == kEnding;
-  return hasEnding ? path.substr(0, path.size() - kEnding.size()) : path;
 }
 
 } // namespace
@@ -97,9 +80,9 @@ std::optional<Conversion> convertInPlace(std::string_view path, const dao::JetRe
   Draft draft(place);
   Conversion out;
   out.leftOut = draft.write(place, reading);
-  out.oldFile = files::keepAs(place, stemOf(place), kJetEnding);
+  out.oldFile = files::keepAs(place, withoutEnding(place), kJetEnding);
   // A journal that an earlier file of this name left would be taken for one of the new project.
-  removeCompanions(place);
+  dao::removeCompanions(place);
   files::takePlaceOf(place, draft.path());
   return out;
 }
@@ -112,7 +95,7 @@ Conversion convertTo(std::string_view jetFile, std::string_view target, const da
   Draft draft(target);
   Conversion out{std::string(jetFile), draft.write(jetFile, reading)};
   if (!paths::datei_vorhanden(target))
-    removeCompanions(std::string(target));
+    dao::removeCompanions(target);
   if (!files::takeNewName(draft.path(), target))
     throw Error(ErrorNumber::PathFileAccess,
                 base::format("Die Datei '{}' ist schon vorhanden.", files::nativePath(target).native()));

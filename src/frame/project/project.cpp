@@ -57,6 +57,13 @@ void checkTables(dao::Database& db, std::string_view DbName)
     checkTable(db, DbName, table);
 }
 
+std::string withoutEnding(std::string_view DbName)
+{
+  constexpr std::string_view kEnding = ".mdb";
+  const bool hasEnding = base::lower(base::right(DbName, kEnding.size())) == kEnding;
+  return std::string(DbName.substr(0, DbName.size() - (hasEnding ? kEnding.size() : 0)));
+}
+
 void copyTemplate(std::string_view templateFile, std::string_view target) { files::copyFile(templateFile, target); }
 
 } // namespace mrd::project

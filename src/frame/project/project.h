@@ -16,6 +16,9 @@ dao::Database openProject(std::string_view DbName);
 /// user knows the file.
 void checkTables(dao::Database& db, std::string_view DbName);
 
+/// "C:\haus.mdb" to "C:\haus".
+std::string withoutEnding(std::string_view DbName);
+
 /// Copies the empty template over a new file. Throws base::Error.
 void copyTemplate(std::string_view templateFile, std::string_view target);
 

@@ -4,9 +4,9 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "platform/dao/database_file.h"
+#include "platform/dao/database_state.h"
 #include "platform/dao/dialect.h"
 #include "platform/dao/expression.h"
-#include "platform/dao/file_schema.h"
 #include "platform/dao/recordset_state.h"
 #include "platform/files/path.h"
 
@@ -16,13 +16,6 @@ namespace mrd::dao {
 
 using base::ErrorNumber;
 using base::format;
-
-struct Database::State {
-  explicit State(std::unique_ptr<Connection> opened) : connection(std::move(opened)), schema(*connection) {}
-
-  std::unique_ptr<Connection> connection;
-  FileSchema schema;
-};
 
 namespace {
 

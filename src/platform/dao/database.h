@@ -12,6 +12,7 @@
 #include "platform/dao/value.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -50,6 +51,7 @@ public:
   std::vector<std::string> columns(std::string_view table) const;
 
 private:
+  friend class KeptRows;
   friend class Recordset;
   friend class Transaction;
   struct State;
@@ -104,6 +106,10 @@ public:
   /// Text form without a copy, an open edit left out of account; valid until the cursor moves or the row is written.
   std::string_view text(std::size_t column) const;
   bool isNull(std::size_t column) const;
+
+  /// The engine's number of the row under the cursor, which stays the same whatever is changed in the row. Throws
+  /// NoCurrentRecord, and EngineError where rows have none.
+  std::int64_t rowNumber() const;
 
   /// Column names of the rows, in their order.
   std::vector<std::string> columns() const;

@@ -108,11 +108,12 @@ bool Statement::isNull(int column) const { return sqlite3_column_type(statement_
 bool Statement::isInteger(int column) const { return sqlite3_column_type(statement_.get(), column) == SQLITE_INTEGER; }
 bool Statement::isNumber(int column) const { return sqlite3_column_type(statement_.get(), column) == SQLITE_FLOAT; }
 
+bool Statement::isBlob(int column) const { return sqlite3_column_type(statement_.get(), column) == SQLITE_BLOB; }
+
 std::string_view Statement::bytes(int column) const
 {
-  const bool isBlob = sqlite3_column_type(statement_.get(), column) == SQLITE_BLOB;
-  const void* data = isBlob ? sqlite3_column_blob(statement_.get(), column)
-                            : static_cast<const void*>(sqlite3_column_text(statement_.get(), column));
+  const void* data = isBlob(column) ? sqlite3_column_blob(statement_.get(), column)
+                                    : static_cast<const void*>(sqlite3_column_text(statement_.get(), column));
   const int size = sqlite3_column_bytes(statement_.get(), column);
   return data == nullptr ? std::string_view() : std::string_view(static_cast<const char*>(data), static_cast<std::size_t>(size));
 }
@@ -193,9 +194,36 @@ void Connection::limitWork(int steps) const
   sqlite3_progress_handler(handle_.get(), steps == 0 ? 0 : kStepsPerLook, steps == 0 ? nullptr : +look, &looksLeft_);
 }
 
+PageCopy::PageCopy(const Connection& source, const Connection& target)
+    : source_(source), target_(target), copy_(sqlite3_backup_init(target.handle_.get(), "main", source.handle_.get(), "main"))
+{
+  if (!copy_)
+    target_.fail(sqlite3_errcode(target_.handle_.get()));
+}
+
+bool PageCopy::step(int pages)
+{
+  switch (const int code = sqlite3_backup_step(copy_.get(), pages); code & 0xFF) {
+  case SQLITE_OK:
+    return false;
+  case SQLITE_DONE:
+    return true;
+  case SQLITE_FULL:
+  case SQLITE_CANTOPEN:
+  case SQLITE_READONLY:
+    target_.fail(code);
+  default:
+    (code == SQLITE_IOERR_WRITE ? target_ : source_).fail(code);
+  }
+}
+
+void PageCopy::Finish::operator()(sqlite3_backup* copy) const { sqlite3_backup_finish(copy); }
+
 void Connection::fail(int code) const
 {
-  const std::string reason = handle_ ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(code);
+  // What failed between two files is not known to either of them.
+  const bool isKnown = handle_ && sqlite3_errcode(handle_.get()) != SQLITE_OK;
+  const std::string reason = isKnown ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(code);
   switch (code & 0xFF) {
   case SQLITE_BUSY:
   case SQLITE_LOCKED:

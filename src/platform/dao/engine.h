@@ -11,6 +11,7 @@
 #include <string_view>
 
 struct sqlite3;
+struct sqlite3_backup;
 struct sqlite3_stmt;
 
 namespace mrd::dao {
@@ -42,6 +43,7 @@ public:
   bool isNull(int column) const;
   bool isInteger(int column) const;
   bool isNumber(int column) const;
+  bool isBlob(int column) const;
   /// Bytes of a text or blob, as stored; valid until the next step or reset.
   std::string_view bytes(int column) const;
   Value value(int column) const;
@@ -87,12 +89,31 @@ public:
   [[noreturn]] void fail(int code) const;
 
 private:
+  friend class PageCopy;
   struct Close {
     void operator()(sqlite3* connection) const;
   };
   std::string path_;
   mutable int looksLeft_ = 0;
   std::unique_ptr<sqlite3, Close> handle_;
+};
+
+/// Copies the pages of an open file into another one, piece by piece. Between two pieces others may write; when they do, the copy
+/// begins anew, so that what it ends with is the state of one moment. Must not outlive the connections.
+class PageCopy {
+public:
+  PageCopy(const Connection& source, const Connection& target);
+
+  /// Copies so many pages, all that are left for -1. True when the copy is complete.
+  bool step(int pages);
+
+private:
+  struct Finish {
+    void operator()(sqlite3_backup* copy) const;
+  };
+  const Connection& source_;
+  const Connection& target_;
+  std::unique_ptr<sqlite3_backup, Finish> copy_;
 };
 
 } // namespace mrd::dao

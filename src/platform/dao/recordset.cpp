@@ -307,6 +307,15 @@ void Recordset::set(std::string_view column, Value value)
   state_->pending[position] = std::move(value);
 }
 
+std::int64_t Recordset::rowNumber() const
+{
+  if (!state_->reader)
+    failReadOnly();
+  if (state_->cursor != State::Cursor::OnRow)
+    failNoRecord();
+  return state_->keys[state_->at];
+}
+
 std::vector<std::string> Recordset::columns() const { return state_->names; }
 
 } // namespace mrd::dao

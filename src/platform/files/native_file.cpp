@@ -67,7 +67,10 @@ int openFile(const NativePath& native, int flags)
   return uninterrupted([&] { return ::open(native.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666); });
 }
 
-bool lockFile(int descriptor) { return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK; }
+bool lockFile(int descriptor, bool shared)
+{
+  return ::flock(descriptor, (shared ? LOCK_SH : LOCK_EX) | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
 
 bool isStillNamed(int descriptor, const NativePath& native)
 {

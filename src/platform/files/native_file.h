@@ -39,9 +39,9 @@ private:
 /// Opening must not wait for somebody at the other end of a pipe, which a page's reference may name.
 int openFile(const std::filesystem::path& native, int flags);
 
-/// Locks an open file for as long as it is open. False when another program of ours has it; a file system without locks gives the
-/// file to whoever comes.
-bool lockFile(int descriptor);
+/// Locks an open file for as long as it is open, alone or beside others who share it. False when another program of ours keeps it
+/// from that; a file system without locks gives the file to whoever comes.
+bool lockFile(int descriptor, bool shared = false);
 
 /// Whether the name still leads to the open file: one that was locked before may have been renamed or removed since.
 bool isStillNamed(int descriptor, const std::filesystem::path& native);

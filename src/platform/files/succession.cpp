@@ -65,13 +65,13 @@ struct FileLock::State {
   Descriptor file;
 };
 
-FileLock::FileLock(std::string_view path)
+FileLock::FileLock(std::string_view path, Kind kind)
 {
   auto native = nativePath(path);
   Descriptor file(openFile(native, O_RDONLY));
   if (file.get() < 0)
     fail(errno, native);
-  if (!lockFile(file.get()))
+  if (!lockFile(file.get(), kind == Kind::Shared))
     throw base::Error(base::ErrorNumber::DatabaseLocked,
                       base::format("Die Datei '{}' wird gerade von einem anderen Programm benutzt.", native.native()));
   state_ = std::make_unique<State>(State{std::move(native), std::move(file)});
@@ -117,13 +117,19 @@ std::string keepAs(std::string_view path, std::string_view stem, std::string_vie
   }
 }
 
+void giveAccessOf(std::string_view model, std::string_view path)
+{
+  const auto native = nativePath(model);
+  struct stat status {};
+  if (::stat(native.c_str(), &status) != 0)
+    fail(errno, native);
+  giveAwayTo(nativePath(path), status);
+}
+
 void takePlaceOf(std::string_view path, std::string_view finished)
 {
   const auto from = nativePath(finished), to = nativePath(path);
-  struct stat old {};
-  if (::stat(to.c_str(), &old) != 0)
-    fail(errno, to);
-  giveAwayTo(from, old);
+  giveAccessOf(path, finished);
   syncFile(from);
   if (::rename(from.c_str(), to.c_str()) != 0)
     fail(errno, to);

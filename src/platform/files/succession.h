@@ -8,11 +8,12 @@
 
 namespace mrd::files {
 
-/// Keeps a file to one program of ours at a time, for as long as it lives.
+/// Keeps a file, or a directory, to one program of ours at a time, for as long as it lives; or to several that share it.
 class FileLock {
 public:
+  enum class Kind { Alone, Shared };
   /// Throws FileNotFound or PathFileAccess, and DatabaseLocked when another program has it.
-  explicit FileLock(std::string_view path);
+  explicit FileLock(std::string_view path, Kind kind = Kind::Alone);
   ~FileLock();
   FileLock(const FileLock&) = delete;
   FileLock& operator=(const FileLock&) = delete;
@@ -35,6 +36,9 @@ void removeLeftOver(std::string_view path);
 /// `ending` ("haus" + ".jet.mdb"), with a number before its last part where another file has it ("haus.jet2.mdb"); a file of the
 /// same bytes, which an interrupted attempt left there, is taken for done. Returns the name's path.
 std::string keepAs(std::string_view path, std::string_view stem, std::string_view ending);
+
+/// Lets a file of ours be read and written by those who may read and write `model`, and by nobody else. Throws PathFileAccess.
+void giveAccessOf(std::string_view model, std::string_view path);
 
 /// Renames a finished file over `path`, with that file's mode; durable when it returns.
 void takePlaceOf(std::string_view path, std::string_view finished);

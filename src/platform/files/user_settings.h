@@ -13,6 +13,8 @@ public:
   /// A store in a file of its own, for tests and portable use; native path.
   explicit UserSettings(std::string file);
 
+  /// Where they are kept; native path.
+  const std::string& file() const { return file_; }
   std::string value(std::string_view section, std::string_view key, std::string_view fallback) const;
   void setValue(std::string_view section, std::string_view key, std::string_view value);
 

@@ -3,7 +3,9 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "platform/ftp/client.h"
+#include "platform/ftp/explanations.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <optional>
@@ -54,34 +56,41 @@ std::string unescaped(std::string_view text)
   return out;
 }
 
-[[noreturn]] void refuse()
+[[noreturn]] void refuse(std::string_view Sprache)
 {
   // The text is not quoted: it may hold a password.
-  throw clientError(static_cast<int>(base::ErrorNumber::InvalidCall), "Die Adresse des FTP-Servers ist ungültig.");
+  throw clientError(static_cast<int>(base::ErrorNumber::InvalidCall), textOf(Words::InvalidAddress, Sprache));
+}
+
+bool holdsControl(std::string_view text)
+{
+  return std::any_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 0x7f; });
 }
 
 /// Splits "host", "host:port" or "[::1]:port".
-void readHost(std::string_view text, Address& address)
+void readHost(std::string_view text, Address& address, std::string_view Sprache)
 {
   const std::size_t closing = text.starts_with('[') ? text.find(']') : 0;
   if (closing == std::string_view::npos)
-    refuse();
+    refuse(Sprache);
   const std::size_t colon = text.find(':', closing);
   address.host = text.starts_with('[') ? text.substr(1, closing - 1) : text.substr(0, colon);
   if (colon != std::string_view::npos) {
     const auto port = text.substr(colon + 1);
     const auto [end, error] = std::from_chars(port.data(), port.data() + port.size(), address.port);
     if (error != std::errc() || end != port.data() + port.size() || address.port < 1 || address.port > 65535)
-      refuse();
+      refuse(Sprache);
   }
   for (const char c : address.host)
     if (static_cast<unsigned char>(c) <= ' ' || c == '/' || c == '@' || c == '%' || c == '\\')
-      refuse();
+      refuse(Sprache);
   if (address.host.empty())
-    refuse();
+    refuse(Sprache);
 }
 
 } // namespace
+
+std::string Address::server() const { return base::format("{}:{}", host, port); }
 
 std::string escaped(std::string_view text)
 {
@@ -122,12 +131,12 @@ std::string addressOf(std::string_view server, std::string_view user, std::strin
   return carried + std::string(kSeparator) + escaped(user) + ":" + escaped(password) + "@" + std::string(host);
 }
 
-Address parseAddress(std::string_view url)
+Address parseAddress(std::string_view url, std::string_view Sprache)
 {
   const auto separator = url.find(kSeparator);
   const auto at = url.rfind('@');
   if (separator == std::string_view::npos || at == std::string_view::npos || at < separator)
-    refuse();
+    refuse(Sprache);
   Address address;
   bool isKnown = false;
   for (const auto& scheme : kSchemes)
@@ -139,10 +148,13 @@ Address parseAddress(std::string_view url)
   const auto login = url.substr(separator + kSeparator.size(), at - separator - kSeparator.size());
   const auto colon = login.find(':');
   if (!isKnown || colon == std::string_view::npos)
-    refuse();
+    refuse(Sprache);
   address.user = unescaped(login.substr(0, colon));
   address.password = unescaped(login.substr(colon + 1));
-  readHost(url.substr(at + 1), address);
+  // They go out in a line each: what followed a line end would be a command of its own.
+  if (holdsControl(address.user) || holdsControl(address.password))
+    refuse(Sprache);
+  readHost(url.substr(at + 1), address, Sprache);
   return address;
 }
 

@@ -24,6 +24,8 @@ struct Address {
   int port = 21;
   std::string user, password;
 
+  /// Host, colon, port: what a server is remembered by.
+  std::string server() const;
   bool operator==(const Address&) const = default;
 };
 
@@ -32,8 +34,9 @@ struct Address {
 /// a meaning are escaped in user and password, so that any text can be one.
 std::string addressOf(std::string_view server, std::string_view user, std::string_view password);
 
-/// The parts of such an address, escapes resolved. Throws base::Error for a text that is none.
-Address parseAddress(std::string_view url);
+/// The parts of such an address, escapes resolved. Throws base::Error for a text that is none, and for control characters in
+/// user or password, in words of the language.
+Address parseAddress(std::string_view url, std::string_view Sprache = "GER");
 
 /// The text with every character escaped that is no letter, digit or one of "-._~".
 std::string escaped(std::string_view text);

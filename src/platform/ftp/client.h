@@ -26,6 +26,8 @@ inline constexpr int kNotTrusted = 12045;
 inline constexpr int kNoEncryption = 12157;
 /// The server has another number of bytes than the local file, or does not tell.
 inline constexpr int kNotConfirmed = 12170;
+/// A listing of more bytes than any directory's.
+inline constexpr int kTooLong = 12171;
 inline constexpr int kStillExecuting = 35764;
 } // namespace code
 
@@ -71,6 +73,8 @@ public:
   virtual void Cancel() = 0;
   /// The next piece of the reply, at most `size` bytes of whole characters; empty at its end. Data type 0 is text.
   virtual std::string GetChunk(std::size_t size, int dataType) = 0;
+  /// Whether a listing since the login told of a symbolic link by this name. What that leads to is not known.
+  virtual bool isLink(std::string_view name) const = 0;
   /// Number of the last command's error, 0 for none.
   virtual int ResponseCode() const = 0;
   /// Text of the last command's error; holds no password.
@@ -78,6 +82,8 @@ public:
   /// Lets the next command start in the directory of the login, and a refused login be tried again.
   virtual void backToLogin() = 0;
 
+  /// The language of what the client says of itself, "GER" or "ENG"; from the next command on.
+  std::string Sprache = "GER";
   /// Told of every change of the connection.
   std::function<void(State)> StateChanged = [](State) {};
 };
@@ -92,6 +98,9 @@ struct ServerIdentity {
   std::string problem;
   bool isHostKey = false;
 };
+
+/// Whether a server (host, colon, port) is known by a certificate that the user trusts.
+using KnownServers = std::function<bool(const std::string& server)>;
 
 /// Decides whether a server that cannot prove its identity is the right one; called on the client's thread of use.
 using TrustDecision = std::function<bool(const ServerIdentity&)>;

@@ -3,57 +3,28 @@
 #include "base/errors.h"
 #include "base/format.h"
 #include "base/text.h"
+#include "base/windows1252.h"
 #include "platform/files/path.h"
+#include "platform/ftp/endings.h"
 #include "platform/ftp/explanations.h"
 #include "platform/ftp/fingerprint.h"
+#include "platform/ftp/server_text.h"
+#include "platform/ftp/sockets.h"
+#include "platform/ftp/user_key.h"
 
 #include <algorithm>
 #include <array>
-#include <atomic>
-#include <cstdlib>
 #include <curl/curl.h>
-#include <filesystem>
 #include <fstream>
-#include <mutex>
-#include <poll.h>
-#include <set>
-#include <sys/socket.h>
-#include <unistd.h>
 #include <utility>
 
 namespace mrd::ftp {
 namespace {
 
 constexpr long kConnectSeconds = 120, kAnswerSeconds = 300;
-/// What a server says that closes the connection by itself.
-constexpr int kGoodbye = 421;
-constexpr int kLastWordsMs = 300;
+/// A listing without end must not fill the memory.
+constexpr std::size_t kLongestListing = std::size_t{64} * 1024 * 1024;
 constexpr int kShortestSleepMs = 4, kLongestSleepMs = 64;
-
-struct CodeOfEnding {
-  CURLcode ending;
-  int code;
-};
-
-/// Endings that are no refusal by the server. Whatever is not listed leaves the connection in doubt.
-constexpr std::array kCodes{
-    CodeOfEnding{CURLE_COULDNT_RESOLVE_HOST, code::kHostNotFound},
-    CodeOfEnding{CURLE_COULDNT_CONNECT, code::kCannotConnect},
-    CodeOfEnding{CURLE_OPERATION_TIMEDOUT, code::kTimedOut},
-    CodeOfEnding{CURLE_LOGIN_DENIED, code::kLoginDenied},
-    CodeOfEnding{CURLE_PEER_FAILED_VERIFICATION, code::kNotTrusted},
-    CodeOfEnding{CURLE_USE_SSL_FAILED, code::kNoEncryption},
-    CodeOfEnding{CURLE_SSL_CONNECT_ERROR, code::kNoEncryption},
-    CodeOfEnding{CURLE_ABORTED_BY_CALLBACK, code::kCancelled},
-    CodeOfEnding{CURLE_QUOTE_ERROR, code::kRefused},
-    CodeOfEnding{CURLE_UPLOAD_FAILED, code::kRefused},
-    CodeOfEnding{CURLE_REMOTE_DISK_FULL, code::kRefused},
-    CodeOfEnding{CURLE_REMOTE_ACCESS_DENIED, code::kRefused},
-    CodeOfEnding{CURLE_REMOTE_FILE_NOT_FOUND, code::kRefused},
-    CodeOfEnding{CURLE_REMOTE_FILE_EXISTS, code::kRefused},
-    CodeOfEnding{CURLE_FTP_COULDNT_RETR_FILE, code::kRefused},
-    CodeOfEnding{CURLE_BAD_DOWNLOAD_RESUME, code::kNotConfirmed},
-};
 
 void initialiseLibrary()
 {
@@ -62,19 +33,6 @@ void initialiseLibrary()
 }
 
 bool isSftp(const Address& address) { return address.protocol == Protocol::Sftp; }
-
-/// The user's own key for host logins, where there is one of the kinds that servers of today take.
-std::string usersKey()
-{
-  const char* const home = std::getenv("HOME");
-  for (const std::string_view name : {"id_ed25519", "id_ecdsa", "id_rsa"}) {
-    const auto file = std::filesystem::path(home == nullptr ? "" : home) / ".ssh" / name;
-    std::error_code error;
-    if (std::filesystem::is_regular_file(file, error))
-      return file.string();
-  }
-  return "";
-}
 
 class CommandList {
 public:
@@ -102,7 +60,8 @@ Reply TransferOutcome::reply(std::string_view command) const
 }
 
 struct Connection::State {
-  State(Address whom, ConnectionEvents told) : address(std::move(whom)), events(std::move(told))
+  State(Address whom, ConnectionEvents told)
+      : address(std::move(whom)), events(std::move(told)), sockets(events.stateChanged), talk(events.stateChanged)
   {
     initialiseLibrary();
     multi = curl_multi_init();
@@ -118,6 +77,7 @@ struct Connection::State {
 
   Address address;
   ConnectionEvents events;
+  std::string Sprache;
   CURLM* multi = nullptr;
   CURL* easy = nullptr;
   std::array<char, CURL_ERROR_SIZE> errorText{};
@@ -126,14 +86,11 @@ struct Connection::State {
   /// Fingerprint that the user trusts, and what the server showed in this transfer.
   std::string trusted, shown;
 
-  std::atomic<bool> cancelled = false;
-  std::mutex socketsLock;
-  std::set<curl_socket_t> sockets;
-  curl_socket_t control = CURL_SOCKET_BAD;
+  Sockets sockets;
 
   // The transfer at hand.
+  Talk talk;
   bool mayConnect = false;
-  bool commandSent = false;
   bool moved = false;
   std::ifstream upload;
   TransferOutcome outcome;
@@ -149,9 +106,7 @@ struct Connection::State {
   static int onHostKey(void* self, int type, const char* key, size_t size);
   static CURLcode onTls(CURL*, void* context, void* self);
 
-  void command(std::string_view line);
-  void answer(std::string_view line);
-  void readLastWords();
+  void readLastWords(int control);
   void setAddress(const Transfer& transfer);
   void setSecurity();
   void setCallbacks();
@@ -160,43 +115,17 @@ struct Connection::State {
   CURLcode perform(const Transfer& transfer);
   TransferOutcome runOnce(const Transfer& transfer);
   std::string explanation(int code) const;
-  std::string server() const { return base::format("{}:{}", address.host, address.port); }
 };
-
-void Connection::State::command(std::string_view line)
-{
-  commandSent = true;
-  noteCommand(outcome.replies, line);
-  events.stateChanged(ftp::State::Requesting);
-  events.stateChanged(ftp::State::RequestSent);
-}
-
-void Connection::State::answer(std::string_view line)
-{
-  if (outcome.replies.empty())
-    events.stateChanged(ftp::State::Connected);
-  if (!noteAnswer(outcome.replies, line))
-    return;
-  events.stateChanged(ftp::State::ReceivingResponse);
-  events.stateChanged(ftp::State::ResponseReceived);
-}
 
 /// A server that takes no more of a file closes the data connection and says why on the other one, which the library gives up
 /// without listening. What is encrypted is not understood here, and left.
-void Connection::State::readLastWords()
+void Connection::State::readLastWords(int control)
 {
-  if (cancelled || outcome.replies.empty() || !outcome.replies.back().command.starts_with("STOR ") ||
-      outcome.replies.back().last >= 200)
+  if (sockets.isCancelled() || !talk.isStoring())
     return;
-  pollfd waiting{control, POLLIN, 0};
-  std::array<char, 512> buffer{};
-  if (::poll(&waiting, 1, kLastWordsMs) <= 0)
-    return;
-  const auto count = ::recv(control, buffer.data(), buffer.size(), MSG_DONTWAIT);
-  const std::string_view words(buffer.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
-  const auto line = words.substr(0, words.find('\n'));
+  const auto line = Sockets::lastWords(control);
   if (!line.empty() && (line.front() == '4' || line.front() == '5'))
-    answer(line);
+    talk.answer(line);
 }
 
 int Connection::State::onDebug(CURL*, curl_infotype type, char* data, size_t size, void* self)
@@ -204,15 +133,18 @@ int Connection::State::onDebug(CURL*, curl_infotype type, char* data, size_t siz
   auto& state = *static_cast<State*>(self);
   state.moved = state.moved || type != CURLINFO_TEXT;
   if (type == CURLINFO_HEADER_OUT)
-    state.command({data, size});
+    state.talk.command({data, size});
   if (type == CURLINFO_HEADER_IN)
-    state.answer({data, size});
+    state.talk.answer({data, size});
   return 0;
 }
 
 size_t Connection::State::onData(char* data, size_t size, size_t count, void* self)
 {
-  static_cast<State*>(self)->outcome.data.append(data, size * count);
+  auto& received = static_cast<State*>(self)->outcome.data;
+  if (received.size() + size * count > kLongestListing)
+    return 0;
+  received.append(data, size * count);
   return size * count;
 }
 
@@ -226,7 +158,7 @@ size_t Connection::State::onRead(char* buffer, size_t size, size_t count, void* 
 int Connection::State::onResolve(void*, void*, void* self)
 {
   auto& state = *static_cast<State*>(self);
-  if (!state.commandSent && state.mayConnect)
+  if (!state.talk.hasCommand() && state.mayConnect)
     state.events.stateChanged(ftp::State::ResolvingHost);
   return 0;
 }
@@ -235,45 +167,26 @@ int Connection::State::onResolve(void*, void*, void* self)
 curl_socket_t Connection::State::onOpenSocket(void* self, curlsocktype, curl_sockaddr* where)
 {
   auto& state = *static_cast<State*>(self);
-  const bool isControl = !state.commandSent;
-  if (state.cancelled || (isControl && !state.mayConnect)) {
-    state.outcome.lacksConnection = !state.cancelled;
+  const bool mayControl = !state.talk.hasCommand();
+  if (mayControl && !state.mayConnect) {
+    state.outcome.lacksConnection = !state.sockets.isCancelled();
     return CURL_SOCKET_BAD;
   }
-  const curl_socket_t socket = ::socket(where->family, where->socktype | SOCK_CLOEXEC, where->protocol);
-  if (socket < 0)
-    return CURL_SOCKET_BAD;
-  const std::lock_guard lock(state.socketsLock);
-  state.sockets.insert(socket);
-  if (isControl) {
-    state.control = socket;
-    state.events.stateChanged(ftp::State::HostResolved);
-    state.events.stateChanged(ftp::State::Connecting);
-  }
-  return socket;
+  return state.sockets.open(where->family, where->socktype, where->protocol, mayControl);
 }
 
 int Connection::State::onCloseSocket(void* self, curl_socket_t socket)
 {
   auto& state = *static_cast<State*>(self);
-  const std::lock_guard lock(state.socketsLock);
-  state.sockets.erase(socket);
-  const bool isControl = socket == state.control;
-  if (isControl) {
-    state.readLastWords();
-    state.events.stateChanged(ftp::State::Disconnecting);
-  }
-  ::close(socket);
-  if (isControl) {
-    state.control = CURL_SOCKET_BAD;
-    state.events.stateChanged(ftp::State::Disconnected);
-  }
+  if (state.sockets.isControl(socket))
+    state.readLastWords(socket);
+  state.sockets.close(socket);
   return 0;
 }
 
 int Connection::State::onProgress(void* self, curl_off_t, curl_off_t, curl_off_t, curl_off_t)
 {
-  return static_cast<State*>(self)->cancelled ? 1 : 0;
+  return static_cast<State*>(self)->sockets.isCancelled() ? 1 : 0;
 }
 
 int Connection::State::onHostKey(void* self, int, const char* key, size_t size)
@@ -308,6 +221,8 @@ void Connection::State::setAddress(const Transfer& transfer)
   curl_easy_setopt(easy, CURLOPT_SERVER_RESPONSE_TIMEOUT, kAnswerSeconds);
   curl_easy_setopt(easy, CURLOPT_TCP_KEEPALIVE, 1L);
   curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+  // A name server that does not answer holds up no end: the thread that waits for it is left to itself.
+  curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
   curl_easy_setopt(easy, CURLOPT_FTP_FILEMETHOD, long{CURLFTPMETHOD_NOCWD});
   const auto key = isSftp(address) ? usersKey() : std::string();
   const long keys = CURLSSH_AUTH_AGENT | (key.empty() ? 0 : CURLSSH_AUTH_PUBLICKEY);
@@ -320,7 +235,8 @@ void Connection::State::setSecurity()
 {
   switch (address.protocol) {
   case Protocol::FtpTryTls:
-    curl_easy_setopt(easy, CURLOPT_USE_SSL, long{CURLUSESSL_TRY});
+    // Who has shown a certificate that the user trusts can encrypt, also when the connection is made again.
+    curl_easy_setopt(easy, CURLOPT_USE_SSL, trusted.empty() ? long{CURLUSESSL_TRY} : long{CURLUSESSL_ALL});
     break;
   case Protocol::FtpExplicitTls:
   case Protocol::FtpImplicitTls:
@@ -393,7 +309,7 @@ CURLcode Connection::State::drive()
       return CURLE_FAILED_INIT;
     if (running == 0)
       break;
-    if (cancelled)
+    if (sockets.isCancelled())
       return CURLE_ABORTED_BY_CALLBACK;
     sleepMs = moved ? 0 : std::clamp(sleepMs * 2, kShortestSleepMs, kLongestSleepMs);
     curl_multi_poll(multi, nullptr, 0, sleepMs, nullptr);
@@ -415,57 +331,44 @@ CURLcode Connection::State::perform(const Transfer& transfer)
   curl_easy_setopt(easy, CURLOPT_QUOTE, before.get());
   curl_easy_setopt(easy, CURLOPT_POSTQUOTE, after.get());
   curl_multi_add_handle(multi, easy);
-  const CURLcode ending = cancelled ? CURLE_ABORTED_BY_CALLBACK : drive();
+  const CURLcode ending = sockets.isCancelled() ? CURLE_ABORTED_BY_CALLBACK : drive();
   curl_multi_remove_handle(multi, easy);
   return ending;
 }
 
+/// Only what the server said can hold the password. In a text of our own the gap would tell it.
 std::string Connection::State::explanation(int code) const
 {
-  std::string text;
-  const bool isServersWord = code == code::kRefused || code == code::kLoginDenied;
-  if (isServersWord && !outcome.replies.empty() && outcome.replies.back().last >= 400)
-    text = outcome.replies.back().lastText;
-  if (const auto words = wordsFor(code, address.host); text.empty() && !words.empty())
-    return words;
-  if (text.empty())
-    text = errorText.data();
-  // Some servers repeat what they were told.
-  if (!address.password.empty() && base::contains(text, address.password))
-    text = base::replaceAll(text, address.password, "***");
-  return base::repairUtf8(text);
+  if (isServersWord(code, talk))
+    return outcome.words;
+  const auto words = wordsFor(code);
+  return words ? textOf(*words, Sprache, {address.host}) : shownText(errorText.data(), address.password);
 }
 
 TransferOutcome Connection::State::runOnce(const Transfer& transfer)
 {
   outcome = {};
+  talk.begin();
   shown.clear();
-  commandSent = false;
   mayConnect = transfer.mayConnect;
   if (transfer.kind == TransferKind::Upload) {
     upload = std::ifstream(files::nativePath(transfer.file), std::ios::binary);
     if (!upload)
-      throw base::Error(base::ErrorNumber::PathFileAccess,
-                        base::format("Die Datei „{}“ kann nicht gelesen werden.", transfer.file));
+      throw base::Error(base::ErrorNumber::PathFileAccess, textOf(Words::FileUnreadable, Sprache, {transfer.file}));
   }
   const CURLcode ending = perform(transfer);
   upload.close();
+  outcome.words = shownText(base::decodeText(talk.last().text), address.password);
+  outcome.lacksRoom = tellsOfNoRoom(ending, talk);
   if (ending == CURLE_OK) {
     char* path = nullptr;
     if (curl_easy_getinfo(easy, CURLINFO_FTP_ENTRY_PATH, &path) == CURLE_OK && path != nullptr && *path != '\0')
       loginDirectory = path;
   } else {
-    const auto* const known =
-        std::find_if(kCodes.begin(), kCodes.end(), [&](const CodeOfEnding& c) { return c.ending == ending; });
-    outcome.code = cancelled ? code::kCancelled : known != kCodes.end() ? known->code : code::kConnectionLost;
-    const Reply last = outcome.replies.empty() ? Reply{} : outcome.replies.back();
-    if (last.last == kGoodbye)
-      outcome.code = last.command.empty() ? code::kCannotConnect : code::kConnectionLost;
-    // What the server refuses behind a complete transfer, for example because its disk is full, is no loss of the connection.
-    else if (outcome.code == code::kConnectionLost && last.isRefused())
-      outcome.code = code::kRefused;
+    outcome.code = sockets.isCancelled() ? code::kCancelled : codeOfEnding(ending, talk);
     outcome.info = explanation(outcome.code);
   }
+  outcome.replies = talk.take();
   return std::move(outcome);
 }
 
@@ -482,26 +385,27 @@ TransferOutcome Connection::run(const Transfer& transfer)
   if (outcome.code != code::kNotTrusted || state_->shown.empty() || state_->shown == state_->trusted)
     return outcome;
   const bool isHostKey = isSftp(state_->address);
-  const std::string problem = isHostKey ? "" : state_->errorText.data();
+  const auto problem = isHostKey ? "" : shownText(state_->errorText.data(), state_->address.password);
   const auto fingerprint = state_->shown;
-  if (!state_->events.trusts({state_->server(), fingerprint, problem, isHostKey}))
+  if (!state_->events.trusts({state_->address.server(), fingerprint, problem, isHostKey}))
     return outcome;
   state_->trusted = fingerprint;
   return state_->runOnce(transfer);
 }
 
+void Connection::speak(const std::string& Sprache) { state_->Sprache = Sprache; }
+
+const std::string& Connection::Sprache() const { return state_->Sprache; }
+
 const std::string& Connection::loginDirectory() const { return state_->loginDirectory; }
 
 void Connection::cancel()
 {
-  state_->cancelled = true;
+  state_->sockets.cancel();
   // Wakes the library also where it waits for an answer by itself.
-  const std::lock_guard lock(state_->socketsLock);
-  for (const auto socket : state_->sockets)
-    ::shutdown(socket, SHUT_RDWR);
   curl_multi_wakeup(state_->multi);
 }
 
-void Connection::resume() { state_->cancelled = false; }
+void Connection::resume() { state_->sockets.resume(); }
 
 } // namespace mrd::ftp

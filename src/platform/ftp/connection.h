@@ -40,11 +40,15 @@ struct Transfer {
 struct TransferOutcome {
   int code = code::kNone;
   std::string info = {};
+  /// The server's last answer as it may be shown, whatever it says.
+  std::string words = {};
   /// Bytes that the server sent.
   std::string data = {};
   std::vector<Reply> replies = {};
   /// Nothing was done, because there is no connection any more.
   bool lacksConnection = false;
+  /// The server has no room, or allows no more: what it has already is to be left alone.
+  bool lacksRoom = false;
 
   /// The last reply to a command that begins so; an empty one where it was not sent.
   Reply reply(std::string_view command) const;
@@ -66,6 +70,9 @@ public:
   /// Runs one transfer to its end; asleep while the server is silent. A server whose identity nothing proves is asked about and,
   /// once trusted, known by its fingerprint.
   TransferOutcome run(const Transfer& transfer);
+  /// The language of its explanations.
+  void speak(const std::string& Sprache);
+  const std::string& Sprache() const;
   /// The directory of the login, known once there was a connection; "/" where the server does not tell.
   const std::string& loginDirectory() const;
   /// Ends what runs, now or as soon as it begins; from any thread.

@@ -1,5 +1,6 @@
 #include "platform/ftp/curl_client.h"
 
+#include "platform/ftp/explanations.h"
 #include "platform/ftp/session.h"
 
 #include <algorithm>
@@ -7,8 +8,10 @@
 #include <condition_variable>
 #include <csignal>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <thread>
 #include <utility>
@@ -33,35 +36,45 @@ bool isNoWay(int code) { return code == code::kCannotConnect || code == code::kT
 } // namespace
 
 struct CurlClient::Worker {
-  explicit Worker(TrustDecision decision) : trusts(std::move(decision)), thread([this] { work(); }) {}
+  Worker(TrustDecision decision, KnownServers servers)
+      : trusts(std::move(decision)), isKnown(std::move(servers)), thread([this] { work(); })
+  {
+  }
   ~Worker();
   Worker(const Worker&) = delete;
   Worker& operator=(const Worker&) = delete;
 
   void work();
+  /// Throws base::Error while a command runs.
+  void prepareForCommand(std::string_view Sprache);
+  void begin(Operation operation);
   SessionResult carryOut(Session& current, const Operation& operation);
+  void replaceSession(Address address);
   void post(State state);
   bool ask(const ServerIdentity& identity);
   ConnectionEvents events();
 
   TrustDecision trusts;
+  KnownServers isKnown;
 
   // Shared, under the lock.
   std::mutex lock;
   std::condition_variable changed;
   std::optional<Operation> job;
-  bool isBusy = false, isLeaving = false;
+  bool isBusy = false, isCancelling = false, isLeaving = false;
   std::deque<State> states;
   std::optional<ServerIdentity> question;
   std::optional<bool> answer;
   SessionResult result;
   std::optional<base::Error> failure;
-  /// Made and replaced by the caller's thread while nothing runs.
+
+  /// Made and replaced by the caller's thread while nothing runs, never under the lock: a session tells of its end, and may wait.
   std::unique_ptr<Session> session;
 
   // The caller's alone.
   std::string url, text;
   std::size_t read = 0;
+  std::set<std::string, std::less<>> links;
   /// Why no command is tried before the next login.
   std::optional<base::Error> refusal;
 
@@ -74,11 +87,39 @@ CurlClient::Worker::~Worker()
   {
     const std::lock_guard guard(lock);
     isLeaving = true;
-    if (session)
-      session->cancel();
   }
   changed.notify_all();
+  if (session)
+    session->cancel();
   thread.join();
+}
+
+void CurlClient::Worker::replaceSession(Address address)
+{
+  if (address.protocol == Protocol::FtpTryTls && isKnown(address.server()))
+    address.protocol = Protocol::FtpExplicitTls;
+  // No farewell is waited for: the old server may be silent.
+  if (session)
+    session->cancel();
+  session = makeSession(address, events());
+}
+
+void CurlClient::Worker::prepareForCommand(std::string_view Sprache)
+{
+  const std::lock_guard guard(lock);
+  if (isBusy)
+    throw clientError(code::kStillExecuting, textOf(Words::StillExecuting, Sprache));
+  result = {};
+  failure.reset();
+}
+
+void CurlClient::Worker::begin(Operation operation)
+{
+  const std::lock_guard guard(lock);
+  job = std::move(operation);
+  isBusy = true;
+  isCancelling = false;
+  changed.notify_all();
 }
 
 void CurlClient::Worker::post(State state)
@@ -94,7 +135,7 @@ bool CurlClient::Worker::ask(const ServerIdentity& identity)
   answer.reset();
   question = identity;
   changed.notify_all();
-  changed.wait(guard, [&] { return answer.has_value() || isLeaving; });
+  changed.wait(guard, [&] { return answer.has_value() || isCancelling || isLeaving; });
   question.reset();
   return answer.value_or(false);
 }
@@ -142,33 +183,30 @@ void CurlClient::Worker::work()
   }
 }
 
-CurlClient::CurlClient(TrustDecision trusts) : worker_(std::make_unique<Worker>(std::move(trusts))) {}
+CurlClient::CurlClient(TrustDecision trusts, KnownServers known)
+    : worker_(std::make_unique<Worker>(std::move(trusts), std::move(known)))
+{
+}
 
 CurlClient::~CurlClient() = default;
 
 void CurlClient::Execute(std::string_view url, std::string_view operation)
 {
   auto& w = *worker_;
-  std::unique_lock guard(w.lock);
-  if (w.isBusy)
-    throw clientError(code::kStillExecuting, "Der letzte FTP-Befehl läuft noch.");
+  w.prepareForCommand(Sprache);
   const bool isSameAddress = w.session && w.url == url;
-  w.result = {};
   w.text.clear();
   w.read = 0;
   if (isSameAddress && w.refusal)
     throw *w.refusal;
-  auto parsed = parseOperation(operation);
+  auto parsed = parseOperation(operation, Sprache);
   if (!isSameAddress) {
-    w.session = makeSession(parseAddress(url), w.events());
+    w.replaceSession(parseAddress(url, Sprache));
     w.url = url;
     w.refusal.reset();
   }
   w.session->resume();
-  w.failure.reset();
-  w.job = std::move(parsed);
-  w.isBusy = true;
-  w.changed.notify_all();
+  w.begin(std::move(parsed));
 }
 
 bool CurlClient::StillExecuting()
@@ -197,6 +235,7 @@ bool CurlClient::StillExecuting()
     w.refusal = clientError(w.result.code, w.result.info);
   if (!w.result.text.empty())
     w.text = std::exchange(w.result.text, {});
+  w.links.insert(w.result.links.begin(), w.result.links.end());
   if (const auto failure = std::exchange(w.failure, std::nullopt))
     throw *failure;
   return false;
@@ -208,9 +247,11 @@ void CurlClient::Cancel()
   std::unique_lock guard(w.lock);
   if (!w.isBusy)
     return;
-  w.session->cancel();
-  w.answer = false;
+  w.isCancelling = true;
   w.changed.notify_all();
+  guard.unlock();
+  w.session->cancel();
+  guard.lock();
   w.changed.wait_for(guard, kPatienceOfCancel, [&] { return !w.isBusy; });
 }
 
@@ -225,6 +266,8 @@ std::string CurlClient::GetChunk(std::size_t size, int)
   w.read = end;
   return piece;
 }
+
+bool CurlClient::isLink(std::string_view name) const { return worker_->links.contains(name); }
 
 int CurlClient::ResponseCode() const
 {
@@ -241,8 +284,9 @@ std::string CurlClient::ResponseInfo() const
 void CurlClient::backToLogin()
 {
   auto& w = *worker_;
-  const std::lock_guard guard(w.lock);
   w.refusal.reset();
+  w.links.clear();
+  const std::lock_guard guard(w.lock);
   if (w.session && !w.isBusy)
     w.session->backToLogin();
 }

@@ -9,7 +9,9 @@ namespace mrd::ftp {
 
 class CurlClient : public Client {
 public:
-  explicit CurlClient(TrustDecision trusts);
+  /// A server that is `known`, and for which the address leaves it open, must encrypt: it could before.
+  explicit CurlClient(
+      TrustDecision trusts, KnownServers known = [](const std::string&) { return false; });
   /// Ends what runs.
   ~CurlClient() override;
 
@@ -17,6 +19,7 @@ public:
   bool StillExecuting() override;
   void Cancel() override;
   std::string GetChunk(std::size_t size, int dataType) override;
+  bool isLink(std::string_view name) const override;
   int ResponseCode() const override;
   std::string ResponseInfo() const override;
   void backToLogin() override;

@@ -1,20 +1,17 @@
 #include "platform/ftp/ftp_session.h"
 
-#include "base/format.h"
 #include "base/text.h"
 #include "base/windows1252.h"
 #include "platform/files/files.h"
-#include "platform/ftp/listing.h"
+#include "platform/ftp/explanations.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <optional>
 
 namespace mrd::ftp {
 namespace {
-
-/// What a server says that closes the connection by itself.
-constexpr int kGoodbye = 421;
 
 SessionResult resultOf(const TransferOutcome& outcome) { return {outcome.code, outcome.info}; }
 
@@ -38,6 +35,14 @@ std::optional<std::uintmax_t> sizeInFacts(const Reply& reply)
   const auto text = base::lower(reply.text);
   const auto at = text.find("size=");
   return reply.isRefused() || at == std::string::npos ? std::nullopt : numberBehind(text, at + 5);
+}
+
+/// Whether a server does not take a file for its name, before any byte: under the name that is its own it may. What is refused
+/// for another reason, as for want of room, would be so there too, and the old file were lost.
+bool refusesName(const Reply& reply)
+{
+  constexpr std::array kRefusals{501, 550, 553};
+  return std::find(kRefusals.begin(), kRefusals.end(), reply.first) != kRefusals.end();
 }
 
 } // namespace
@@ -77,7 +82,12 @@ TransferOutcome FtpSession::connect()
     preparation.before.push_back("*OPTS UTF8 ON");
   for (const auto& directory : way_)
     preparation.before.push_back("CWD " + encoded(directory));
-  return preparation.before.empty() ? outcome : connection_.run(preparation);
+  if (preparation.before.empty())
+    return outcome;
+  outcome = connection_.run(preparation);
+  // Where the way is not open any more nothing is done in another directory.
+  isConnected_ = outcome.code == code::kNone;
+  return outcome;
 }
 
 TransferOutcome FtpSession::run(Transfer transfer)
@@ -96,7 +106,7 @@ TransferOutcome FtpSession::run(Transfer transfer)
     }
     outcome = connection_.run(transfer);
     const bool nothingDone = outcome.lacksConnection || (outcome.code == code::kConnectionLost && outcome.replies.size() <= 1 &&
-                                                         (outcome.reply("").last == 0 || outcome.reply("").last == kGoodbye));
+                                                         (outcome.reply("").last == 0 || outcome.reply("").isGoodbye()));
     if (!nothingDone)
       break;
     isConnected_ = false;
@@ -113,7 +123,7 @@ TransferOutcome FtpSession::command(const std::string& line)
   auto outcome = run({TransferKind::Nothing, "", {"*" + encoded(line)}});
   if (outcome.code == code::kNone && !outcome.replies.empty() && outcome.replies.back().isRefused()) {
     outcome.code = code::kRefused;
-    outcome.info = base::decodeText(outcome.replies.back().text);
+    outcome.info = outcome.words;
   }
   return outcome;
 }
@@ -165,45 +175,58 @@ SessionResult FtpSession::list()
   if (outcome.code != code::kNone)
     return resultOf(outcome);
   namesAreWindows1252_ = namesAreWindows1252_ || !base::isValidUtf8(outcome.data);
-  return {code::kNone, "", asLines(parseListing(outcome.data, listsFacts_ ? ListingForm::Facts : ListingForm::Columns))};
+  return listingResult(outcome.data, listsFacts_ ? ListingForm::Facts : ListingForm::Columns);
 }
 
-SessionResult FtpSession::confirmed(const TransferOutcome& outcome, const std::string& remoteName, std::uintmax_t size)
+void FtpSession::confirm(Sent& sent, const std::string& remoteName, std::uintmax_t size)
 {
-  auto onServer = sizeIn(outcome.reply("SIZE"));
-  if (!onServer)
-    onServer = sizeInFacts(command("MLST " + remoteName).reply("MLST"));
-  if (!onServer)
-    return {code::kNotConfirmed, base::format("„{}“: Der Server bestätigt die Größe der Datei nicht.", remoteName)};
-  if (*onServer != size)
-    return {code::kNotConfirmed,
-            base::format("„{}“: Auf dem Server sind {} von {} Bytes angekommen.", remoteName, *onServer, size)};
-  return {};
+  auto onServer = sizeIn(sent.outcome.reply("SIZE"));
+  if (!onServer) {
+    const auto facts = command("MLST " + remoteName);
+    if (facts.code != code::kNone && facts.code != code::kRefused) {
+      sent.result = resultOf(facts);
+      return;
+    }
+    onServer = sizeInFacts(facts.reply("MLST"));
+  }
+  if (onServer == size) {
+    sent.arrival = Arrival::Whole;
+    return;
+  }
+  sent.arrival = onServer ? Arrival::CutOff : Arrival::Unknown;
+  sent.result = {code::kNotConfirmed,
+                 onServer ? textOf(Words::CutOff, Sprache(), {remoteName, std::to_string(*onServer), std::to_string(size)})
+                          : textOf(Words::SizeUnknown, Sprache(), {remoteName})};
 }
 
-SessionResult FtpSession::send(const std::string& file, const std::string& remoteName, TransferOutcome& outcome)
+FtpSession::Sent FtpSession::send(const std::string& file, const std::string& remoteName)
 {
   const auto size = files::fileSize(file);
   Transfer transfer{TransferKind::Upload, encoded(remoteName), {}, {"*SIZE " + encoded(remoteName)}};
   transfer.file = file;
   transfer.size = size;
-  outcome = run(transfer);
-  return outcome.code == code::kNone ? confirmed(outcome, remoteName, size) : resultOf(outcome);
+  Sent sent;
+  sent.outcome = run(transfer);
+  sent.result = resultOf(sent.outcome);
+  if (sent.result.code == code::kNone)
+    confirm(sent, remoteName, size);
+  return sent;
 }
 
-SessionResult FtpSession::renamed(const std::string& from, const std::string& to)
+TransferOutcome FtpSession::rename(const std::string& from, const std::string& to)
 {
-  const auto outcome = run({TransferKind::Nothing, "", {"*RNFR " + encoded(from), "*RNTO " + encoded(to)}});
-  if (outcome.code != code::kNone)
-    return resultOf(outcome);
+  auto outcome = run({TransferKind::Nothing, "", {"*RNFR " + encoded(from), "*RNTO " + encoded(to)}});
   const auto reply = outcome.reply("RNTO");
-  return reply.isRefused() ? SessionResult{code::kRefused, base::decodeText(reply.text)} : SessionResult{};
+  if (outcome.code == code::kNone && reply.isRefused()) {
+    outcome.code = code::kRefused;
+    outcome.info = outcome.words;
+  }
+  return outcome;
 }
 
 SessionResult FtpSession::putDirectly(const std::string& file, const std::string& name)
 {
-  TransferOutcome outcome;
-  auto result = send(file, name, outcome);
+  auto result = send(file, name).result;
   // From here on no further file asks for what this server does not allow.
   usesPartFiles_ = usesPartFiles_ && result.code != code::kNone;
   return result;
@@ -214,29 +237,21 @@ SessionResult FtpSession::put(const std::string& file, const std::string& name)
   if (!usesPartFiles_)
     return putDirectly(file, name);
   const auto part = name + std::string(kPartSuffix);
-  TransferOutcome outcome;
-  const auto sent = send(file, part, outcome);
-  // The name itself was refused, before any byte: the old file is not in danger.
-  if (sent.code == code::kRefused && outcome.reply("STOR").first >= 500)
+  const auto sent = send(file, part);
+  if (sent.outcome.code == code::kRefused && refusesName(sent.outcome.reply("STOR")))
     return putDirectly(file, name);
-  if (sent.code != code::kNone && outcome.code != code::kNone) {
-    if (outcome.code != code::kCancelled)
+  if (sent.arrival == Arrival::CutOff) {
+    if (sent.result.code != code::kCancelled)
       command("DELE " + part);
-    return sent;
+    return sent.result;
   }
-  // A server that cannot tell sizes has still taken the file; one that tells another size has not.
-  const bool isWhole = sent.code == code::kNone || !sizeIn(outcome.reply("SIZE"));
-  if (!isWhole) {
-    command("DELE " + part);
-    return sent;
-  }
-  const auto result = renamed(part, name);
-  if (result.code == code::kNone)
-    return sent;
-  if (result.code != code::kRefused)
-    return result;
+  const auto renamed = rename(part, name);
+  if (renamed.code == code::kNone)
+    return sent.result;
+  if (renamed.code != code::kRefused)
+    return resultOf(renamed);
   command("DELE " + part);
-  return putDirectly(file, name);
+  return renamed.lacksRoom ? resultOf(renamed) : putDirectly(file, name);
 }
 
 SessionResult FtpSession::remove(const std::string& name) { return simple("DELE " + name); }

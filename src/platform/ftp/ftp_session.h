@@ -20,15 +20,24 @@ protected:
   SessionResult remove(const std::string& name) override;
 
 private:
+  enum class Arrival { CutOff, Whole, Unknown };
+  /// What became of a file.
+  struct Sent {
+    SessionResult result = {};
+    TransferOutcome outcome = {};
+    /// A server that cannot tell sizes has still taken the file.
+    Arrival arrival = Arrival::CutOff;
+  };
+
   TransferOutcome connect();
   void readFeatures(const std::string& text);
   /// Runs a transfer in the current directory, over a new connection where the old one is gone.
   TransferOutcome run(Transfer transfer);
   TransferOutcome command(const std::string& line);
   SessionResult simple(const std::string& line);
-  SessionResult send(const std::string& file, const std::string& remoteName, TransferOutcome& outcome);
-  SessionResult confirmed(const TransferOutcome& outcome, const std::string& remoteName, std::uintmax_t size);
-  SessionResult renamed(const std::string& from, const std::string& to);
+  Sent send(const std::string& file, const std::string& remoteName);
+  void confirm(Sent& sent, const std::string& remoteName, std::uintmax_t size);
+  TransferOutcome rename(const std::string& from, const std::string& to);
   SessionResult putDirectly(const std::string& file, const std::string& name);
   std::string encoded(std::string_view text) const;
 

@@ -30,8 +30,8 @@ std::optional<ListingEntry> entryOfFacts(std::string_view line)
   const auto facts = base::lower(line.substr(0, blank));
   if (base::contains(facts, "type=cdir") || base::contains(facts, "type=pdir"))
     return std::nullopt;
-  // A link to a directory is told as "type=OS.unix=slink:..." by some servers; what it leads to is not known then.
-  return ListingEntry{std::string(line.substr(blank + 1)), base::contains(facts, "type=dir")};
+  const bool isLink = base::contains(facts, "type=os.unix=slink") || base::contains(facts, "type=os.unix=symlink");
+  return ListingEntry{std::string(line.substr(blank + 1)), base::contains(facts, "type=dir"), isLink};
 }
 
 /// The name of a symbolic link without what it leads to.
@@ -83,7 +83,7 @@ std::optional<ListingEntry> entryOfUnix(std::string_view line)
       for (std::size_t i = 0; i < count; ++i)
         takeWord(line);
       const auto name = line.empty() ? line : line.substr(1);
-      return ListingEntry{std::string(isLink ? withoutLinkTarget(name) : name), isDirectory};
+      return ListingEntry{std::string(isLink ? withoutLinkTarget(name) : name), isDirectory, isLink};
     }
     before = takeWord(line);
   }
@@ -142,6 +142,15 @@ std::string asLines(const std::vector<ListingEntry>& entries)
   for (const auto& entry : entries)
     lines += entry.name + (entry.isDirectory ? "/" : "") + std::string(base::kCrLf);
   return lines;
+}
+
+std::vector<std::string> linksOf(const std::vector<ListingEntry>& entries)
+{
+  std::vector<std::string> names;
+  for (const auto& entry : entries)
+    if (entry.isLink)
+      names.push_back(entry.name);
+  return names;
 }
 
 } // namespace mrd::ftp

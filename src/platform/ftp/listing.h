@@ -18,6 +18,8 @@ enum class ListingForm {
 struct ListingEntry {
   std::string name;
   bool isDirectory = false;
+  /// What it leads to, a file or a directory, is not known.
+  bool isLink = false;
   bool operator==(const ListingEntry&) const = default;
 };
 
@@ -27,5 +29,7 @@ std::vector<ListingEntry> parseListing(std::string_view text, ListingForm form);
 
 /// One entry a line, each ended by CR LF; a "/" behind the name of a directory.
 std::string asLines(const std::vector<ListingEntry>& entries);
+/// The names of the symbolic links.
+std::vector<std::string> linksOf(const std::vector<ListingEntry>& entries);
 
 } // namespace mrd::ftp

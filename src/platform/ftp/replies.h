@@ -1,8 +1,12 @@
 #pragma once
 // What is said on the control connection.
 
+#include "platform/ftp/client.h"
+
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace mrd::ftp {
@@ -15,11 +19,35 @@ struct Reply {
   std::string text = {}, lastText = {};
 
   bool isRefused() const { return last >= 400; }
+  /// The server closes the connection by itself.
+  bool isGoodbye() const { return last == 421; }
 };
 
-/// A command as it was sent. A password is left out.
-void noteCommand(std::vector<Reply>& replies, std::string_view line);
-/// A line of an answer to the last command, or of the greeting before any. True when the answer has ended with it.
-bool noteAnswer(std::vector<Reply>& replies, std::string_view line);
+/// The talk of one transfer, as it goes on. A password is left out.
+class Talk {
+public:
+  explicit Talk(std::function<void(State)> stateChanged) : stateChanged_(std::move(stateChanged)) {}
+
+  /// A new transfer.
+  void begin() { replies_.clear(); }
+  /// A command as it was sent.
+  void command(std::string_view line);
+  /// A line of an answer to the last command, or of the greeting before any.
+  void answer(std::string_view line);
+
+  const std::vector<Reply>& replies() const { return replies_; }
+  std::vector<Reply> take() { return std::exchange(replies_, {}); }
+  /// The last command with its answer; an empty one before the greeting.
+  Reply last() const { return replies_.empty() ? Reply{} : replies_.back(); }
+  bool hasCommand() const;
+  /// Whether anything was said that comes behind the login.
+  bool isBehindLogin() const;
+  /// Whether a file is on its way whose arrival the server has not told yet.
+  bool isStoring() const;
+
+private:
+  std::function<void(State)> stateChanged_;
+  std::vector<Reply> replies_;
+};
 
 } // namespace mrd::ftp

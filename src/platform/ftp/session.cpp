@@ -1,13 +1,20 @@
 #include "platform/ftp/session.h"
 
-#include "base/format.h"
+#include "platform/ftp/explanations.h"
 #include "platform/ftp/ftp_session.h"
 #include "platform/ftp/sftp_session.h"
 
 namespace mrd::ftp {
 
+SessionResult listingResult(std::string_view data, ListingForm form)
+{
+  const auto entries = parseListing(data, form);
+  return {code::kNone, "", asLines(entries), linksOf(entries)};
+}
+
 SessionResult Session::carryOut(const Operation& operation)
 {
+  connection_.speak(operation.Sprache);
   switch (operation.verb) {
   case Verb::ChangeDirectory: {
     auto result = changeDirectory(operation.target);
@@ -24,7 +31,7 @@ SessionResult Session::carryOut(const Operation& operation)
   }
   // A file must not land in, or vanish from, the directory that the server was left in by chance.
   if (isAstray_)
-    return {code::kRefused, base::format("„{}“: Das Verzeichnis auf dem Server wurde nicht erreicht.", operation.target)};
+    return {code::kRefused, textOf(Words::DirectoryNotReached, operation.Sprache, {operation.target})};
   return operation.verb == Verb::Put ? put(operation.file, operation.target) : remove(operation.target);
 }
 

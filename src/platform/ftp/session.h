@@ -2,11 +2,13 @@
 // The five commands as a server of one protocol carries them out. Calls wait for their end.
 
 #include "platform/ftp/connection.h"
+#include "platform/ftp/listing.h"
 #include "platform/ftp/operation.h"
 
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace mrd::ftp {
 
@@ -15,7 +17,12 @@ struct SessionResult {
   std::string info = {};
   /// The listing that `dir` asked for.
   std::string text = {};
+  /// Its symbolic links.
+  std::vector<std::string> links = {};
 };
+
+/// The result of a listing in the server's form.
+SessionResult listingResult(std::string_view data, ListingForm form);
 
 class Session {
 public:
@@ -35,6 +42,8 @@ protected:
   virtual SessionResult list() = 0;
   virtual SessionResult put(const std::string& file, const std::string& name) = 0;
   virtual SessionResult remove(const std::string& name) = 0;
+
+  const std::string& Sprache() const { return connection_.Sprache(); }
 
   Connection connection_;
   /// Whether the last `cd` was refused: what it was to protect is not touched then.

@@ -1,12 +1,14 @@
 #include "platform/ftp/sftp_session.h"
 
-#include "base/format.h"
 #include "base/text.h"
 #include "platform/files/files.h"
-#include "platform/ftp/listing.h"
+#include "platform/ftp/explanations.h"
 
 namespace mrd::ftp {
 namespace {
+
+/// Behind the name of a file that makes room for a new one.
+constexpr std::string_view kOldSuffix = ".mrd-old";
 
 /// An argument of a command, as the library's command reader takes it.
 std::string argumentOf(std::string_view path)
@@ -62,7 +64,7 @@ SessionResult SftpSession::readDirectory(const std::string& directory)
     return {code::kRefused, outcome.info};
   if (outcome.code != code::kNone)
     return {outcome.code, outcome.info};
-  return {code::kNone, "", asLines(parseListing(outcome.data, ListingForm::Columns))};
+  return listingResult(outcome.data, ListingForm::Columns);
 }
 
 SessionResult SftpSession::changeDirectory(const std::string& directory)
@@ -78,7 +80,7 @@ SessionResult SftpSession::changeDirectory(const std::string& directory)
   if (directory_.empty() && !isAbsolute)
     names_.noteReached(directory);
   directory_ = target;
-  listed_ = std::move(result.text);
+  listed_ = std::move(result);
   return {};
 }
 
@@ -87,6 +89,7 @@ SessionResult SftpSession::makeDirectory(const std::string& directory)
   SessionResult failure;
   if (!makeLogin(failure))
     return failure;
+  listed_.reset();
   return command("mkdir " + argumentOf(directory.starts_with('/') ? directory : pathOf(directory)));
 }
 
@@ -96,41 +99,51 @@ SessionResult SftpSession::list()
   if (!makeLogin(failure))
     return failure;
   if (listed_) {
-    SessionResult result{code::kNone, "", std::move(*listed_)};
+    auto result = std::move(*listed_);
     listed_.reset();
     return result;
   }
   return readDirectory(directory_.empty() ? connection_.loginDirectory() : directory_);
 }
 
-SessionResult SftpSession::send(const std::string& file, const std::string& path)
+TransferOutcome SftpSession::send(const std::string& file, const std::string& path)
 {
   const auto size = files::fileSize(file);
   Transfer upload{TransferKind::Upload, path};
   upload.file = file;
   upload.size = size;
-  const auto outcome = run(upload);
+  auto outcome = run(upload);
   if (outcome.code != code::kNone)
-    return {outcome.code, outcome.info};
+    return outcome;
   Transfer check{TransferKind::Size, path};
   check.size = size;
-  const auto answer = run(check);
-  if (answer.code == code::kNone && answer.data.empty())
-    return {};
-  return {code::kNotConfirmed, base::format("„{}“: Der Server bestätigt die Größe der Datei nicht.", path)};
+  auto answer = run(check);
+  const bool isAnswer = answer.code == code::kNone || answer.code == code::kRefused || answer.code == code::kNotConfirmed;
+  if (!isAnswer || (answer.code == code::kNone && answer.data.empty()))
+    return answer;
+  answer.code = code::kNotConfirmed;
+  answer.info = textOf(Words::SizeUnknown, Sprache(), {path});
+  return answer;
 }
 
-/// Most servers of this protocol rename over no other file.
+/// Most servers of this protocol rename over no other file. The old one makes room, and is back where the new one cannot come.
 SessionResult SftpSession::replaced(const std::string& part, const std::string& path)
 {
-  const auto rename = "rename " + argumentOf(part) + " " + argumentOf(path);
+  const auto rename = [](const std::string& from, const std::string& to) {
+    return "rename " + argumentOf(from) + " " + argumentOf(to);
+  };
   if (renameReplaces_) {
-    const auto result = command(rename);
-    if (result.code == code::kNone)
+    const auto result = command(rename(part, path));
+    if (result.code != code::kRefused)
       return result;
     renameReplaces_ = false;
   }
-  const auto outcome = run({TransferKind::Nothing, "/", {"*rm " + argumentOf(path), rename}});
+  const auto old = path + std::string(kOldSuffix);
+  const auto outcome = run({TransferKind::Nothing,
+                            "/",
+                            {"*rm " + argumentOf(old), "*" + rename(path, old), rename(part, path), "*rm " + argumentOf(old)}});
+  if (outcome.code != code::kNone && outcome.code != code::kCancelled)
+    run({TransferKind::Nothing, "/", {"*" + rename(old, path)}});
   return {outcome.code, outcome.info};
 }
 
@@ -141,21 +154,20 @@ SessionResult SftpSession::put(const std::string& file, const std::string& name)
     return failure;
   listed_.reset();
   const auto path = pathOf(name);
+  const auto resultOf = [](const TransferOutcome& outcome) { return SessionResult{outcome.code, outcome.info}; };
   if (!usesPartFiles_)
-    return send(file, path);
+    return resultOf(send(file, path));
   const auto part = path + std::string(kPartSuffix);
-  auto result = send(file, part);
-  if (result.code == code::kNone) {
+  const auto sent = send(file, part);
+  auto result = resultOf(sent);
+  if (result.code == code::kNone)
     result = replaced(part, path);
-    if (result.code == code::kNone)
-      return result;
-  }
   if (result.code != code::kRefused && result.code != code::kNotConfirmed)
     return result;
   run({TransferKind::Nothing, "/", {"*rm " + argumentOf(part)}});
-  if (result.code == code::kNotConfirmed)
+  if (result.code == code::kNotConfirmed || sent.lacksRoom)
     return result;
-  result = send(file, path);
+  result = resultOf(send(file, path));
   usesPartFiles_ = result.code != code::kNone;
   return result;
 }

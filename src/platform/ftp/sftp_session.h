@@ -23,7 +23,7 @@ private:
   TransferOutcome run(Transfer transfer);
   SessionResult command(const std::string& line);
   SessionResult readDirectory(const std::string& directory);
-  SessionResult send(const std::string& file, const std::string& path);
+  TransferOutcome send(const std::string& file, const std::string& path);
   SessionResult replaced(const std::string& part, const std::string& path);
   bool makeLogin(SessionResult& failure);
   std::string pathOf(const std::string& name) const;
@@ -32,7 +32,7 @@ private:
   /// From the root; empty before the first connection, where it is the login's.
   std::string directory_;
   /// The listing that the last `cd` had to read to know that there is a directory.
-  std::optional<std::string> listed_;
+  std::optional<SessionResult> listed_;
   DirectoryNames names_;
 };
 

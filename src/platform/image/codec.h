@@ -46,10 +46,10 @@ struct Raster {
   Pixels pixels;
 };
 
-/// How much of each pixel a drawing covers, 0 to 255, a byte each.
-struct Coverage {
+/// One byte for each pixel.
+struct Plane {
   Size size;
-  Pixels shares;
+  Pixels bytes;
 };
 
 /// Pixels of somebody else.
@@ -68,10 +68,14 @@ public:
   virtual Raster read(const std::string& file, Colour background) const = 0;
   /// As read() and resized(), without the whole picture in memory. Gives up on some pictures that read() can read.
   virtual Raster readReduced(const std::string& file, Size size, Colour background) const = 0;
+  /// Red of the pixels as the bytes of a file have it, whatever colour space they are in. Throws for a picture with transparent
+  /// places.
+  virtual Plane redOf(const std::string& bytes) const = 0;
   virtual Raster resized(RasterView picture, Size size) const = 0;
   virtual Raster rotated(RasterView picture) const = 0;
-  /// A line of text without line ends, in letters of this height and what hangs below them.
-  virtual Coverage textLine(const std::string& text, int heightPx) const = 0;
+  /// How much of each pixel a line of text without line ends covers, 0 to 255, in letters of this height and what hangs below
+  /// them.
+  virtual Plane textLine(const std::string& text, int heightPx) const = 0;
   /// A JPEG file of this quality, 1 to 100, without metadata.
   virtual std::string encodeJpeg(RasterView picture, int quality) const = 0;
 };

@@ -25,6 +25,8 @@ using base::ErrorNumber;
 constexpr long long kMostPixelsOfFile = 300'000'000;
 /// What a single picture may need while it is read, with what it becomes.
 constexpr long long kMostBytes = 430'000'000;
+/// A file of a picture with a colour table is rarely larger than its pixels, a byte each.
+constexpr long long kMostBytesWithTable = kMostPixels;
 
 void setPixel(std::uint8_t* pixel, Colour colour)
 {
@@ -54,6 +56,20 @@ long long bytesOf(Size size) { return static_cast<long long>(byteCount(size.widt
 
 RasterView viewOf(const Image& picture) { return {picture.size(), picture.bytes().data()}; }
 
+/// Numbers of the pixels; none where the file gives them to other pixels, or not to all.
+std::vector<std::uint8_t> numbersOf(const std::string& numbered, Size size)
+{
+  try {
+    const MemoryShare share(static_cast<long long>(numbered.size()) + bytesOf(size));
+    const auto red = codec().redOf(numbered);
+    if (red.size == size)
+      return {red.bytes.get(), red.bytes.get() + bytesOf(size) / kBands};
+  } catch (const Error&) {
+    // A picture that can be read without its numbers is still a picture.
+  }
+  return {};
+}
+
 } // namespace
 
 Pixels newPixels(int width, int height)
@@ -63,6 +79,25 @@ Pixels newPixels(int width, int height)
   if (!pixels)
     throw Error(ErrorNumber::InvalidPicture, base::format("Der Speicher reicht nicht für {} x {} Pixel.", width, height));
   return pixels;
+}
+
+void Image::State::take(ColourTable table)
+{
+  auto found = numbersOf(table.numbered, {width, height});
+  std::vector<bool> isSeen(table.colours.size());
+  for (std::size_t at = 0; at < found.size(); ++at) {
+    const auto* const pixel = pixels.get() + kBands * at;
+    const Colour colour{pixel[0], pixel[1], pixel[2]};
+    const auto number = found[at];
+    if (number >= isSeen.size() || (isSeen[number] && table.colours[number] != colour))
+      return;
+    isSeen[number] = true;
+    table.colours[number] = colour;
+  }
+  if (found.empty())
+    return;
+  numbers = std::move(found);
+  palette = std::move(table.colours);
 }
 
 Image::Image(std::shared_ptr<State> state) : state_(std::move(state)) {}
@@ -82,7 +117,10 @@ Image Image::load(std::string_view path, Colour background)
 Image Image::loadWithPalette(std::string_view path, Colour background)
 {
   auto picture = load(path, background);
-  picture.state_->palette = readPalette(files::readFile(path));
+  if (files::fileSize(path) > kMostBytesWithTable)
+    return picture;
+  if (auto table = readColourTable(files::readFile(path)))
+    picture.state_->take(*std::move(table));
   return picture;
 }
 
@@ -118,6 +156,8 @@ std::span<const std::uint8_t> Image::bytes() const { return {state_->pixels.get(
 
 const std::vector<Colour>& Image::palette() const { return state_->palette; }
 
+const std::vector<std::uint8_t>& Image::numbers() const { return state_->numbers; }
+
 Image::State& Image::changeable()
 {
   if (state_.use_count() > 1) {
@@ -127,6 +167,7 @@ Image::State& Image::changeable()
   }
   // A picture that is drawn on has other colours than its file's table.
   state_->palette.clear();
+  state_->numbers.clear();
   return *state_;
 }
 

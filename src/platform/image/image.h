@@ -35,7 +35,7 @@ public:
   /// `path` in the system's form. What is missing at the end of a damaged file stays as the library fills it. Throws
   /// FileNotFound, PathNotFound, PathFileAccess or InvalidPicture.
   static Image load(std::string_view path, Colour background = kWhite);
-  /// The same, and the colour table that the file has.
+  /// The same, and the pixels' numbers in the colour table that the file has.
   static Image loadWithPalette(std::string_view path, Colour background = kWhite);
   /// The same picture in another size, resampled while it is read: a large photograph is never in memory as a whole.
   static Image loadResized(std::string_view path, Size size, Colour background = kWhite);
@@ -49,8 +49,11 @@ public:
   Colour pixel(int x, int y) const;
   /// Red, green and blue of all pixels, row by row.
   std::span<const std::uint8_t> bytes() const;
-  /// Colour table of the file where loadWithPalette() found one of at most 256 entries; empty for a picture that was changed.
+  /// Colour table of the file where loadWithPalette() found one of at most 256 entries; empty for a picture that was changed. The
+  /// colours that pixels have are those of the pixels, so a transparent one has become its background.
   const std::vector<Colour>& palette() const;
+  /// Numbers of the pixels in that table, row by row.
+  const std::vector<std::uint8_t>& numbers() const;
 
   /// The picture in another size, resampled.
   Image resized(Size size) const;

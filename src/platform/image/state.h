@@ -2,6 +2,7 @@
 // The pixels of a picture. For the sources of this folder only.
 
 #include "platform/image/codec.h"
+#include "platform/image/palette.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -24,9 +25,14 @@ struct Image::State {
 
   std::uint8_t* at(int x, int y) const { return pixels.get() + byteCount(width, y) + byteCount(x, 1); }
 
+  /// Gives the picture its numbers and the table with the colours that its pixels have. Nothing of both where two pixels with one
+  /// number look different: then the table does not tell how the picture looks.
+  void take(ColourTable table);
+
   int width, height;
   Pixels pixels;
   std::vector<Colour> palette;
+  std::vector<std::uint8_t> numbers;
 };
 
 } // namespace mrd::image

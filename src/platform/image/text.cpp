@@ -31,8 +31,8 @@ void Image::drawText(std::string_view text, const Rectangle& bounds, int heightP
   auto& drawn = changeable();
   for (int y = std::max({0, bounds.top, top}); y < std::min({height(), bounds.top + bounds.height, top + size.height}); ++y)
     for (int x = std::max(0, bounds.left); x < std::min({width(), bounds.left + bounds.width, bounds.left + size.width}); ++x) {
-      const int share = line.shares.get()[static_cast<std::size_t>(y - top) * static_cast<std::size_t>(size.width) +
-                                          static_cast<std::size_t>(x - bounds.left)];
+      const int share = line.bytes.get()[static_cast<std::size_t>(y - top) * static_cast<std::size_t>(size.width) +
+                                         static_cast<std::size_t>(x - bounds.left)];
       std::uint8_t* const pixel = drawn.at(x, y);
       pixel[0] = mixed(pixel[0], colour.red, share);
       pixel[1] = mixed(pixel[1], colour.green, share);

@@ -1,7 +1,7 @@
 #include "base/errors.h"
 #include "base/format.h"
-#include "base/text.h"
 #include "platform/image/codec.h"
+#include "platform/image/second_reader.h"
 #include "platform/image/vips_library.h"
 
 #include <vips/vips8>
@@ -29,8 +29,12 @@ constexpr int kDotsPerInch = 72;
 /// Turning by the camera's position swaps the sides from here on.
 constexpr int kFirstSidewaysOrientation = 5;
 
-/// Formats that nothing but the name tells; read by the library's second loader.
-constexpr std::array<std::string_view, 2> kFormatsByName{".pcd", ".wmf"};
+/// The library's readers of pictures. It has others, of drawings and documents for example, and takes them by a file's content
+/// whatever its name is; those open further files that the content names, and what stood in them would come into a page.
+constexpr std::array<std::string_view, 8> kReaders{"jpegload", "pngload",  "gifload",  "tiffload",
+                                                   "webpload", "heifload", "jp2kload", "jxlload"};
+/// Knows hundreds of formats, and gets the files of a few.
+constexpr const char* kSecondReader = "magickload";
 
 struct File {
   std::string native;
@@ -38,17 +42,22 @@ struct File {
   const char* loader = nullptr;
 };
 
+/// Null for a file that none of the readers takes.
+const char* readerOf(const std::string& name)
+{
+  // The library takes a bracket at the end of a name for options; behind one of ours a bracket of the name's own is part of it.
+  const char* const type = vips_foreign_find_load((name + "[]").c_str());
+  forgetFailure();
+  const char* const reader = type ? vips_nickname_find(g_type_from_name(type)) : nullptr;
+  if (reader && std::ranges::find(kReaders, reader) != kReaders.end())
+    return reader;
+  return isForSecondReader(name) ? kSecondReader : nullptr;
+}
+
 File find(const std::string& name)
 {
   File file{name};
-  withLibrary(file.native, [&] {
-    // The library takes a bracket at the end of a name for options; behind one of ours a bracket of the name's own is part of it.
-    file.loader = vips_foreign_find_load((file.native + "[]").c_str());
-    const auto lowered = base::lower(name);
-    if (!file.loader && std::ranges::any_of(kFormatsByName, [&](auto ending) { return lowered.ends_with(ending); }))
-      file.loader = "magickload";
-    forgetFailure();
-  });
+  withLibrary(file.native, [&] { file.loader = readerOf(name); });
   if (!file.loader)
     throw Error(ErrorNumber::InvalidPicture, base::format("{}: Die Datei ist kein Bild von bekannter Art.", file.native));
   return file;
@@ -72,7 +81,7 @@ long long bytesInPasses(const VImage& picture, std::string_view loader)
     return 0;
   const auto pixels = static_cast<long long>(picture.width()) * picture.height();
   const long long each = static_cast<long long>(VIPS_IMAGE_SIZEOF_PEL(picture.get_image()));
-  const bool isJpeg = base::contains(loader, "Jpeg");
+  const bool isJpeg = loader == "jpegload";
   return pixels * each * (isJpeg && !hasSmallColours(picture) ? 2 : 1);
 }
 
@@ -187,6 +196,18 @@ public:
     return made(name, [&] { return rasterOf(as24Bit(reduced(name, size), background)); });
   }
 
+  Plane redOf(const std::string& bytes) const override
+  {
+    auto raster = made("red", [&] {
+      const auto picture = upright(VImage::new_from_buffer(bytes.data(), bytes.size(), ""));
+      constexpr double kOpaque = 255;
+      if (picture.has_alpha() && picture.extract_band(picture.bands() - 1).min() < kOpaque)
+        throw Error(ErrorNumber::InvalidPicture, "Durchsichtige Stellen haben keine Farbe.");
+      return rasterOf(picture.extract_band(0).cast(VIPS_FORMAT_UCHAR));
+    });
+    return {raster.size, std::move(raster.pixels)};
+  }
+
   Raster resized(RasterView picture, Size size) const override
   {
     return made("resize", [&] {
@@ -203,7 +224,7 @@ public:
     return made("rotate", [&] { return rasterOf(asLibraryImage(picture).rot90()); });
   }
 
-  Coverage textLine(const std::string& text, int heightPx) const override
+  Plane textLine(const std::string& text, int heightPx) const override
   {
     auto raster = made("text", [&] {
       return rasterOf(

@@ -190,14 +190,20 @@ TEST_P(Captions, of_the_dialogs_have_room_and_letters_of_their_own)
                             }
                             dialog.reject();
                           },
-                          lookAndLeave, lookAndLeave, lookAndLeave, lookAndLeave};
+                          lookAndLeave,
+                          lookAndLeave,
+                          lookAndLeave,
+                          lookAndLeave,
+                          lookAndLeave};
+  desk.form().project().finishBackup();
   desk.action("HelpSub1_3").trigger();
   desk.action("HelpSub1_4").trigger();
   desk.action("html").trigger();
   desk.dragNode("@01", "@00");
   desk.find<QAbstractButton>("cbimode").click();
+  desk.action("RestoreProject").trigger();
 
-  EXPECT_EQ(desk.answers.dialogTitles.size(), 5U);
+  EXPECT_EQ(desk.answers.dialogTitles.size(), 6U);
 }
 
 TEST_P(Captions, of_the_windows_beside_the_main_one_have_room_and_letters_of_their_own)

@@ -5,6 +5,7 @@
 #include "desktop/windows/desk.h"
 #include "desktop/windows/startbild_window.h"
 #include "desktop/windows/window_pictures.h"
+#include "frame/project/backup_copy.h"
 #include "platform/files/path.h"
 #include "platform/ui/editing_commands.h"
 #include "support/ftp_server.h"
@@ -68,6 +69,13 @@ public:
   }
 
   std::string file() const { return project_.file(); }
+  /// Backups of some days.
+  void backUp()
+  {
+    const project::Backups backups(file());
+    for (const auto* const name : {"2003-04-14", "2003-04-15", "2003-04-17", "2003-04-17-163120"})
+      project::makeBackup(backups, name);
+  }
   void addArticle(const char* german, const char* english, double euro)
   {
     project_.db().execute("INSERT INTO Artikel (Artikel_deutsch, Artikel_englisch, Preis_Euro, Preis_Dollar) VALUES (?, ?, ?, ?)",
@@ -166,6 +174,7 @@ TEST_P(Pictures, of_the_dialogs)
 {
   const support::FtpServer server("scripted", {"refuse-name=0102.htm"});
   site.publishTo(server);
+  site.backUp();
   server.root().write("alt.htm", "x");
   Desk desk(home);
   ASSERT_TRUE(desk.start());
@@ -211,7 +220,12 @@ TEST_P(Pictures, of_the_dialogs)
     });
   });
   desk.find<QAbstractButton>("cbimode").click();
-  EXPECT_EQ(desk.answers.dialogTitles.size(), 5U);
+  desk.answers.dialogs.push_back([&](QDialog& dialog) {
+    save(dialog, look, "sicherung");
+    dialog.reject();
+  });
+  desk.action("RestoreProject").trigger();
+  EXPECT_EQ(desk.answers.dialogTitles.size(), 6U);
 }
 
 TEST_P(Pictures, of_the_windows_for_pictures)

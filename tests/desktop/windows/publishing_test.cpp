@@ -5,7 +5,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QInputDialog>
 #include <QLabel>
 #include <QListWidget>
@@ -54,6 +53,21 @@ struct ExportDialog {
 
   QDialog& dialog;
 };
+
+/// Does something as soon as a condition is true, within the event loop of what runs meanwhile.
+void once(QObject& owner, const std::function<bool()>& condition, const std::function<void()>& act)
+{
+  constexpr int kMilliseconds = 10;
+  auto* const timer = new QTimer(&owner);
+  QObject::connect(timer, &QTimer::timeout, &owner, [=] {
+    if (!condition())
+      return;
+    timer->stop();
+    timer->deleteLater();
+    act();
+  });
+  timer->start(kMilliseconds);
+}
 
 struct PublishingDesk : testing::Test {
   PublishingDesk()
@@ -132,6 +146,21 @@ TEST_F(PublishingDesk, sends_the_site_and_shows_what_became_of_each_file)
   EXPECT_THAT(boxes, ElementsAre(HasSubstr("Die Übertragung ist beendet.")));
 }
 
+TEST_F(PublishingDesk, shows_a_servers_words_as_plain_text)
+{
+  const support::FtpServer server("scripted", {"answer=STOR:553 <img src=x><b>no</b>"});
+  publishTo(server);
+
+  inTheDialog([&](const ExportDialog& dialog) {
+    dialog.click("cbftpverbindung");
+    answers->buttons = {Button::No};
+    dialog.click("cbftp");
+    const auto tip = dialog.find<QTreeWidget>("ListLauf").topLevelItem(0)->toolTip(1).toStdString();
+    EXPECT_THAT(tip, HasSubstr("&lt;b&gt;no"));
+    EXPECT_THAT(dialog.run().front(), HasSubstr("553 <img src=x><b>no</b>"));
+  });
+}
+
 TEST_F(PublishingDesk, shows_the_file_that_the_server_refused_and_sends_it_again_alone)
 {
   const support::FtpServer server("scripted", {"refuse-name=01.htm", "forgives"});
@@ -191,6 +220,24 @@ TEST_F(PublishingDesk, deletes_what_the_user_has_selected_himself)
   });
   EXPECT_TRUE(std::filesystem::exists(server.root().native() / "web" / "pix" / "a.jpg"));
   EXPECT_FALSE(std::filesystem::exists(server.root().native() / "web" / "pix" / "b.jpg"));
+}
+
+TEST_F(PublishingDesk, sends_an_extra_file_into_the_directory_that_is_shown_in_lower_case)
+{
+  const support::FtpServer server("pyftpdlib");
+  publishTo(server);
+  project.directory().write("Plan B.PDF", "Plan");
+  furtherDialogs.push_back(fileNamed(project.directory().native() / "Plan B.PDF"));
+
+  inTheDialog([&](const ExportDialog& dialog) {
+    dialog.click("cbftpverbindung");
+    dialog.find<QTabWidget>("tabFTP").setCurrentIndex(1);
+    dialog.click("cbzusätzlichftp");
+    EXPECT_THAT(dialog.run(), ElementsAre("plan b.pdf: übertragen"));
+    EXPECT_EQ(dialog.find<QListWidget>("ListFTPHTML").count(), 1);
+    EXPECT_THAT(dialog.selected("ListFTPHTML"), IsEmpty());
+  });
+  EXPECT_EQ(server.root().read("web/plan b.pdf"), "Plan");
 }
 
 TEST_F(PublishingDesk, asks_for_a_password_that_is_not_stored)
@@ -253,16 +300,11 @@ TEST_F(PublishingDesk, stays_alive_with_a_silent_server_and_stops_at_the_click_o
 
   inTheDialog([&](const ExportDialog& dialog) {
     dialog.click("cbftpverbindung");
-    bool sawSeconds = false;
-    QTimer::singleShot(600, &dialog.dialog, [&] {
-      sawSeconds = dialog.find<QAbstractButton>("labelSekunden").isVisible();
-      dialog.click("cbabbrechen");
-    });
-    QElapsedTimer clock;
-    clock.start();
+    // The seconds run while the server is silent.
+    const auto& seconds = dialog.find<QAbstractButton>("labelSekunden");
+    const auto isWaiting = [&] { return server.count("STOR") > 0 && seconds.isVisible() && seconds.text() != "0,0 Sek./Dat."; };
+    once(dialog.dialog, isWaiting, [&] { dialog.click("cbabbrechen"); });
     dialog.click("cbftp");
-    EXPECT_LT(clock.elapsed(), 5000);
-    EXPECT_TRUE(sawSeconds);
     EXPECT_TRUE(dialog.dialog.isVisible());
     EXPECT_EQ(dialog.text("labelSeite"), "FTP: abgebrochen");
     EXPECT_FALSE(dialog.find<QAbstractButton>("labelSekunden").isVisible());
@@ -278,7 +320,8 @@ TEST_F(PublishingDesk, gives_up_waiting_at_a_click_on_the_seconds)
 
   inTheDialog([&](const ExportDialog& dialog) {
     dialog.click("cbftpverbindung");
-    QTimer::singleShot(300, &dialog.dialog, [&] { dialog.click("labelSekunden"); });
+    once(
+        dialog.dialog, [&] { return server.count("STOR") > 0; }, [&] { dialog.click("labelSekunden"); });
     dialog.click("cbftp");
     // The client is busy with the first file: nothing else could start.
     EXPECT_THAT(dialog.run().front(), HasSubstr("nicht gewartet"));
@@ -295,11 +338,13 @@ TEST_F(PublishingDesk, takes_no_second_click_while_a_run_is_under_way)
   inTheDialog([&](const ExportDialog& dialog) {
     dialog.click("cbftpverbindung");
     const int listings = server.count("MLSD");
-    QTimer::singleShot(200, &dialog.dialog, [&] {
+    const auto click = [&] {
       for (const auto* const name : {"cbHTML", "cbftpverbindung", "cbftp", "cbftplöschen", "cbzusätzlichftp", "cberneut"})
         dialog.click(name);
       dialog.click("cbabbrechen");
-    });
+    };
+    once(
+        dialog.dialog, [&] { return server.count("STOR") > 0; }, click);
     dialog.click("cbftp");
     EXPECT_EQ(server.count("MLSD"), listings);
   });

@@ -1,3 +1,4 @@
+#include "base/text.h"
 #include "support/test_program.h"
 
 #include <gmock/gmock.h>
@@ -79,6 +80,24 @@ TEST_F(MessageTableTest, has_every_caption_in_both_languages)
   EXPECT_FALSE(languages.empty());
   for (const auto& [control, count] : languages)
     EXPECT_EQ(count, 2) << control;
+}
+
+TEST_F(MessageTableTest, calls_what_is_done_with_the_pictures_of_pages_by_its_name)
+{
+  for (const auto& [control, caption] : {std::pair{"mnupixSchatten", "erzeuge Schatten für Bilder der Seite"},
+                                         {"FrmVorschaubilder", "Vorschaubilder / Thumbnails"},
+                                         {"LblVorschauBreite", "Breite"},
+                                         {"LblVorschauAnzahl", "Anzahl pro Reihe"},
+                                         {"OptionVorschauMitTitel", "mit Titel"},
+                                         {"OptionVorschauOhneTitel", "ohne Titel / nur Bild"},
+                                         {"CheckVorschauBilderNeu", "Thumbs immer neu erstellen"},
+                                         {"CheckVorschauMeldung", "Hinweismeldung anzeigen"}}) {
+    const auto row =
+        db.openRecordset("SELECT * FROM tbl_Language WHERE controlname = ? AND Language = 'GER'", {dao::Value(control)});
+    ASSERT_FALSE(row.eof()) << control;
+    // The letter that a key chooses is marked.
+    EXPECT_EQ(base::replaceAll(row.value("CaptionText").text(), "&", ""), caption);
+  }
 }
 
 TEST_F(MessageTableTest, reads_well_with_its_values)

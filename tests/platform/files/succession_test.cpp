@@ -44,6 +44,32 @@ TEST_F(SuccessionTest, a_lock_keeps_others_away_as_long_as_it_lives)
   EXPECT_NO_THROW(FileLock(file).isStillNamed());
 }
 
+TEST_F(SuccessionTest, a_shared_lock_lets_others_share_and_keeps_away_who_wants_it_alone)
+{
+  const auto file = put("haus", "alt");
+  const FileLock lock(file, FileLock::Kind::Shared);
+
+  EXPECT_NO_THROW(FileLock(file, FileLock::Kind::Shared));
+  EXPECT_THROW(FileLock second(file), base::Error);
+}
+
+TEST_F(SuccessionTest, a_directory_can_be_locked)
+{
+  const FileLock lock(systemPath(directory));
+
+  EXPECT_THROW(FileLock(systemPath(directory), FileLock::Kind::Shared), base::Error);
+}
+
+TEST_F(SuccessionTest, a_file_is_open_to_those_to_whom_another_one_is)
+{
+  const auto model = put("haus", "alt"), file = put("kopie", "neu");
+  fs::permissions(directory / "haus", fs::perms::owner_read | fs::perms::owner_write);
+
+  giveAccessOf(model, file);
+
+  EXPECT_EQ(fs::status(directory / "kopie").permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
 TEST_F(SuccessionTest, a_lock_needs_a_file) { EXPECT_THROW(FileLock lock(path("fehlt")), base::Error); }
 
 TEST_F(SuccessionTest, a_lock_knows_when_another_file_took_the_place)

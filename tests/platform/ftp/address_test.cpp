@@ -42,5 +42,13 @@ TEST(FtpAddress, is_refused_without_telling_the_password)
   }
 }
 
+TEST(FtpAddress, is_refused_where_user_or_password_would_become_a_second_command)
+{
+  for (const auto* const text : {"anna\r\nDELE index.htm", "anna\n", "an\tna", "\x7f"}) {
+    EXPECT_THROW(parseAddress(addressOf("host", text, "geheim")), base::Error);
+    EXPECT_THROW(parseAddress(addressOf("host", "anna", text)), base::Error);
+  }
+}
+
 } // namespace
 } // namespace mrd::ftp

@@ -42,12 +42,15 @@ struct ClientDesk {
 
   std::string url;
   bool trusts = true;
+  /// Whether servers are known by a certificate of theirs.
+  bool areKnown = false;
   std::vector<ServerIdentity> questions;
   std::vector<State> states;
   CurlClient client{[this](const ServerIdentity& identity) {
-    questions.push_back(identity);
-    return trusts;
-  }};
+                      questions.push_back(identity);
+                      return trusts;
+                    },
+                    [this](const std::string&) { return areKnown; }};
 };
 
 } // namespace mrd::ftp

@@ -119,6 +119,160 @@ TEST_F(FaultTest, a_file_that_arrived_cut_off_is_not_confirmed_and_replaces_noth
   EXPECT_EQ(desk.listing(), "index.htm\r\n");
 }
 
+TEST_F(FaultTest, a_file_that_arrived_cut_off_replaces_nothing_where_the_size_is_told_among_other_facts)
+{
+  const support::FtpServer server("scripted", {"short", "no-size"});
+  server.root().write("index.htm", "alt");
+  ClientDesk desk(server);
+
+  EXPECT_EQ(put(desk), code::kNotConfirmed);
+  EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("150000"));
+  EXPECT_EQ(server.root().read("index.htm"), "alt");
+  EXPECT_EQ(desk.listing(), "index.htm\r\n");
+}
+
+TEST_F(FaultTest, a_server_that_tells_the_size_among_other_facts_is_believed)
+{
+  const support::FtpServer server("scripted", {"no-size"});
+  ClientDesk desk(server);
+
+  EXPECT_EQ(put(desk), code::kNone) << desk.client.ResponseInfo();
+  EXPECT_EQ(server.root().read("index.htm").size(), 300000u);
+}
+
+TEST_F(FaultTest, a_password_that_the_server_repeats_is_shown_in_no_answer)
+{
+  for (const auto* const command : {"CWD", "MKD", "STOR", "DELE", "RNTO"}) {
+    const support::FtpServer server("scripted", {std::string("answer=") + command + ":550 no way with %P"});
+    ClientDesk desk(server);
+
+    for (const auto* const operation : {"cd web", "mkdir web", "DELETE x.htm"}) {
+      desk.run(operation);
+      EXPECT_THAT(desk.client.ResponseInfo(), Not(HasSubstr(server.password()))) << command;
+    }
+    desk.client.backToLogin();
+    put(desk);
+    EXPECT_THAT(desk.client.ResponseInfo(), Not(HasSubstr(server.password()))) << command;
+  }
+}
+
+TEST_F(FaultTest, a_password_that_is_part_of_a_word_leaves_no_gap_in_the_clients_own_texts)
+{
+  support::FtpServer server("scripted");
+  ClientDesk desk(server);
+  desk.url = addressOf("ftp://" + server.server(), "anna", "Verbindung");
+  server.stop();
+
+  EXPECT_EQ(codeOfFailure(desk, "dir"), code::kCannotConnect);
+  EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("nimmt keine Verbindung an"));
+}
+
+TEST_F(FaultTest, characters_that_a_terminal_obeys_are_shown_in_no_answer)
+{
+  const support::FtpServer server("scripted", {"answer=MKD:550 \x1b[2J\x1b]0;x\x07 not \xC2\x9B allowed"});
+  ClientDesk desk(server);
+
+  EXPECT_EQ(desk.run("mkdir web"), code::kRefused);
+  EXPECT_EQ(desk.client.ResponseInfo(), "550 ?[2J?]0;x? not ? allowed");
+}
+
+TEST_F(FaultTest, a_listing_without_end_is_given_up_and_the_next_command_runs)
+{
+  const support::FtpServer server("scripted", {"endless"});
+  ClientDesk desk(server);
+
+  EXPECT_EQ(desk.run("dir"), code::kTooLong);
+  EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("64 MB"));
+  EXPECT_EQ(desk.run("mkdir web"), code::kNone) << desk.client.ResponseInfo();
+}
+
+TEST_F(FaultTest, a_server_that_is_known_by_its_certificate_gets_no_password_in_clear)
+{
+  const support::FtpServer server("scripted");
+  ClientDesk desk(server, "");
+  desk.areKnown = true;
+
+  EXPECT_EQ(desk.run("dir"), code::kNoEncryption);
+  EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("ftp://"));
+  EXPECT_EQ(server.count("USER"), 0);
+
+  desk.url = addressOf("ftp://" + server.server(), server.user(), server.password());
+  EXPECT_EQ(desk.run("dir"), code::kNone) << desk.client.ResponseInfo();
+}
+
+TEST_F(FaultTest, a_server_that_offers_to_encrypt_is_taken_at_its_word)
+{
+  const support::FtpServer server("scripted", {"tls"});
+  ClientDesk desk(server, "");
+  desk.areKnown = true;
+
+  EXPECT_EQ(put(desk), code::kNone) << desk.client.ResponseInfo();
+  EXPECT_EQ(server.root().read("index.htm").size(), 300000u);
+  EXPECT_EQ(desk.questions.size(), 1u);
+}
+
+TEST_F(FaultTest, an_encryption_that_fails_behind_the_login_does_not_keep_the_next_command_from_running)
+{
+  const support::FtpServer server("scripted", {"tls", "bare-data"});
+  ClientDesk desk(server, "");
+
+  EXPECT_EQ(desk.run("dir"), code::kConnectionLost) << desk.client.ResponseInfo();
+  EXPECT_EQ(desk.listing(), "");
+}
+
+TEST_F(FaultTest, what_the_client_says_of_itself_is_in_the_users_language)
+{
+  const support::FtpServer server("scripted", {"no-features"});
+  ClientDesk desk(server);
+  desk.client.Sprache = "ENG";
+
+  EXPECT_EQ(put(desk), code::kNotConfirmed);
+  EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("does not confirm the size"));
+  try {
+    desk.client.Execute(desk.url, "RENAME x");
+    ADD_FAILURE();
+  } catch (const base::Error& error) {
+    EXPECT_EQ(error.description(), "The FTP command \"RENAME x\" is invalid.");
+  }
+  desk.client.Sprache = "GER";
+  EXPECT_EQ(put(desk), code::kNotConfirmed);
+  EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("bestätigt die Größe"));
+}
+
+TEST_F(FaultTest, a_server_without_room_for_a_file_keeps_the_old_one)
+{
+  for (const auto* const answer : {"answer=STOR:552 quota exceeded", "answer=STOR:452 no room", "answer=RNTO:552 no"}) {
+    const support::FtpServer server("scripted", {answer});
+    server.root().write("index.htm", "alt");
+    ClientDesk desk(server);
+
+    EXPECT_EQ(put(desk), code::kRefused) << answer;
+    EXPECT_THAT(desk.client.ResponseInfo(), HasSubstr("52 ")) << answer;
+    EXPECT_EQ(server.root().read("index.htm"), "alt");
+    EXPECT_EQ(server.count("STOR index.htm.mrd-part"), 1);
+    EXPECT_EQ(server.count("STOR"), 1) << answer;
+  }
+}
+
+TEST_F(FaultTest, cancelling_while_the_size_is_asked_for_is_told_as_such_and_replaces_nothing)
+{
+  for (const auto& faults : {std::vector<std::string>{"hang=SIZE"}, {"hang=MLST", "no-size"}}) {
+    const support::FtpServer server("scripted", faults);
+    server.root().write("index.htm", "alt");
+    ClientDesk desk(server);
+    desk.client.Execute(desk.url, "PUT \"" + local.file("seite.htm") + "\" index.htm");
+    const auto question = faults.front().substr(5);
+    while (server.count(question) == 0)
+      ASSERT_TRUE(desk.client.StillExecuting());
+
+    desk.client.Cancel();
+
+    EXPECT_FALSE(desk.client.StillExecuting());
+    EXPECT_EQ(desk.client.ResponseCode(), code::kCancelled) << question;
+    EXPECT_EQ(server.root().read("index.htm"), "alt");
+  }
+}
+
 TEST_F(FaultTest, a_server_that_refuses_renaming_or_other_names_gets_its_files_directly)
 {
   for (const auto* const fault : {"no-rename", "no-part"}) {
@@ -184,6 +338,24 @@ TEST_F(FaultTest, cancelling_ends_a_silent_server_at_once_and_the_next_command_r
     if (std::string(silence) != "hang=greeting") {
       EXPECT_EQ(desk.listing(), "") << silence;
     }
+  }
+}
+
+TEST_F(FaultTest, another_address_is_taken_while_the_connection_to_the_first_is_open)
+{
+  for (const auto* const fault : {"none", "hang=QUIT"}) {
+    const support::FtpServer first("scripted", {fault}), second("scripted");
+    second.root().write("zweite.htm", "x");
+    ClientDesk desk(first);
+    EXPECT_EQ(desk.listing(), "");
+    const auto start = std::chrono::steady_clock::now();
+
+    desk.url = addressOf("ftp://" + second.server(), second.user(), second.password());
+
+    EXPECT_EQ(desk.listing(), "zweite.htm\r\n") << fault;
+    desk.url = addressOf("ftp://" + second.server(), second.user(), "falsch");
+    EXPECT_EQ(desk.run("dir"), code::kLoginDenied) << fault;
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 30s) << fault;
   }
 }
 

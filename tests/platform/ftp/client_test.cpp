@@ -76,6 +76,15 @@ TEST_P(ClientAtRealServer, finds_the_directory_of_the_login_again_from_the_root)
   EXPECT_EQ(desk.listing(), "pix/\r\n");
 }
 
+TEST_P(ClientAtRealServer, lists_a_directory_that_was_made_after_it_was_entered)
+{
+  desk.run("mkdir " + web);
+  desk.run("cd " + web);
+  desk.run("mkdir pix");
+
+  EXPECT_EQ(desk.listing(), "pix/\r\n");
+}
+
 std::string nameOf(const testing::TestParamInfo<RealServer>& server)
 {
   auto name = server.param.kind + (server.param.scheme == "ftpes://" ? "_forced" : "");

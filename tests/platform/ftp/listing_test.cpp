@@ -29,6 +29,17 @@ TEST(FtpListing, of_unix_columns_gives_names_with_blanks_and_umlauts)
             "pix/\r\nküche und bad.htm\r\n vorn.htm\r\ntag.htm\r\nkurz.htm\r\niso.htm\r\nstart.htm\r\n");
 }
 
+TEST(FtpListing, knows_symbolic_links)
+{
+  EXPECT_EQ(linksOf(parseListing("lrwxrwxrwx   1 anna     users           9 Jan 31 12:30 cgi -> /srv/cgi\r\n"
+                                 "-rw-r--r--   1 anna     users           9 Jan 31 12:30 a -> b\r\n",
+                                 ListingForm::Columns)),
+            std::vector<std::string>{"cgi"});
+  EXPECT_EQ(
+      linksOf(parseListing("type=OS.unix=slink:/srv; a\r\ntype=OS.unix=symlink; b\r\ntype=file; c\r\n", ListingForm::Facts)),
+      (std::vector<std::string>{"a", "b"}));
+}
+
 TEST(FtpListing, of_dos_columns_gives_names_with_blanks)
 {
   EXPECT_EQ(columns("01-31-03  12:30PM       <DIR>          pix\r\n"
