@@ -148,7 +148,8 @@ protected:
       enter(assistant, "tbexportpfad", site.string());
       click(assistant, "cbweiter2");
       click(assistant, "CheckAssistentaqnzeigen");
-      click(assistant, "cbschliessen");
+      // The boxes that come meanwhile are answered by who has called this, who has to be left for it.
+      QTimer::singleShot(0, &assistant, [&assistant] { click(assistant, "cbschliessen"); });
     });
     press(desk, "NewProject");
   }
@@ -205,7 +206,6 @@ protected:
   void generateAndPublish(Desk& desk)
   {
     desk.answers.dialogs.push_back([this](QDialog& dialog) {
-      // The boxes that come meanwhile are answered by who has called this, who has to be left for it.
       QTimer::singleShot(0, &dialog, [this, &dialog] {
         click(dialog, "cbHTML");
         generated = dialog.findChild<QLabel*>("labelSeite")->text().toStdString();
