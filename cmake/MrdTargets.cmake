@@ -28,15 +28,19 @@ function(mrd_library name)
   endif()
 endfunction()
 
-# mrd_test(<name> SOURCES .. USES .. [ENVIRONMENT NAME=VALUE ..]): one GoogleTest program, registered with CTest case by case.
+# mrd_test(<name> SOURCES .. USES .. [ENVIRONMENT NAME=VALUE ..] [TIMEOUT seconds]): one GoogleTest program, registered with CTest case by
+# case.
 function(mrd_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;USES;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;USES;ENVIRONMENT" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/src" "${CMAKE_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE mrd_flags ${ARG_USES} GTest::gmock GTest::gtest GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE MRD_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
     MRD_PROGRAM_DIR="${MRD_PROGRAM_DIR}" MRD_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${ARG_TIMEOUT})
   # Lists do not survive the way through the call above; CTest reads this file behind the one that names the tests.
   if(ARG_ENVIRONMENT)
     set(file "${CMAKE_CURRENT_BINARY_DIR}/${name}_environment.cmake")

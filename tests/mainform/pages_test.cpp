@@ -372,7 +372,6 @@ TEST_F(ImodeDialogTest, is_shown_behind_a_saved_page_and_writes_all_pages)
     EXPECT_EQ(form.labelSeite, "Fertig!");
     EXPECT_FALSE(form.ProgressBar1.Visible);
     ASSERT_TRUE(form.publishing);
-    EXPECT_FALSE(form.publishing->kind().hasSecondsDisplay);
   };
 
   window.cbimode_Click();
