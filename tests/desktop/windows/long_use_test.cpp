@@ -2,6 +2,7 @@
 // and his project stays whole. MRD_LONG is the hour; without it a few dozen acts show that the acts work.
 
 #include "desktop/windows/desk.h"
+#include "platform/files/path.h"
 #include "platform/image/image.h"
 #include "support/ftp_server.h"
 
@@ -180,7 +181,8 @@ protected:
     for (const auto& id : ids)
       EXPECT_TRUE(id.size() == 2 || known.contains(id.substr(0, id.size() - 2))) << id;
     QProcess check;
-    check.start("sqlite3", {QString::fromStdString(files::nativePath(project_.file()).string()), "PRAGMA integrity_check"});
+    check.start("sqlite3",
+                QStringList{QString::fromStdString(files::nativePath(project_.file()).string()), "PRAGMA integrity_check"});
     ASSERT_TRUE(check.waitForFinished());
     EXPECT_EQ(check.readAllStandardOutput().trimmed(), "ok");
     EXPECT_FALSE(QApplication::activeModalWidget());
