@@ -136,7 +136,7 @@ void Backups::removeOldest(std::string_view made) const
   auto all = list();
   std::erase_if(all, [&](const Backup& backup) { return backup.isOfDay != isOfDay(made); });
   // A clock that was wrong may have left names of days to come; what has just been made stays all the same.
-  std::ranges::stable_partition(all, [&](const Backup& backup) { return backup.name == made; });
+  std::stable_partition(all.begin(), all.end(), [&](const Backup& backup) { return backup.name == made; });
   for (std::size_t i = kKeptBackups; i < all.size(); ++i)
     removeIfPossible(all[i].path);
 }

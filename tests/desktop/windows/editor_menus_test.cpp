@@ -44,12 +44,12 @@ struct EditorMenus : EditorWindows {
     return std::string(entry.name) + (entry.index ? "_" + std::to_string(*entry.index) : "");
   }
 
-  /// The entries that work of these menus.
+  /// The entries that work of these menus, without the one that is for the tree.
   static std::vector<std::string> entriesOf(const std::set<std::string_view>& menus)
   {
     std::vector<std::string> names;
     for (const auto& entry : mainform::menuEntries())
-      if (entry.works && menus.contains(entry.menu) && entry.name != "D2D")
+      if (entry.works && menus.contains(entry.menu) && entry.name != "D2D" && entry.name != "mnuSeitenZurueck")
         names.push_back(nameOf(entry));
     return names;
   }
