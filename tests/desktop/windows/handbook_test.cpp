@@ -206,6 +206,49 @@ protected:
     desk.settle();
     picture(desk.window(), "layout");
     click(desk.window(), "cbeinstellungen");
+    showTab(desk, 0);
+  }
+  void writePages(Desk& desk)
+  {
+    writePage(desk, story.title, story.welcome);
+    newPage(desk, story.beach, story.beachText);
+    newPage(desk, story.harbour, story.harbourText);
+    desk.clickNode("@00");
+    picture(desk.window(), "pages");
+  }
+  void putPhotosOnAPage(Desk& desk)
+  {
+    take({"strand_morgen.jpg", "moewe.jpg", "strandkorb.jpg", "watt.jpg"});
+    desk.clickNode("@01");
+    choosePhotos(desk, "pix_mehrere", "2");
+    click(desk.find<QDialog>("FrmFileScan"), "CheckSchatten");
+    EXPECT_TRUE(comesTrue([&] { return smallPicturesAreThere(desk); }));
+    // The handbook shows paths as users have them. The form object is not told, which would look for the pictures there.
+    desk.find<QLineEdit>("tbshare").setText("/home/anna/fotos/");
+    picture(desk.find<QDialog>("FrmFileScan"), "scan");
+    enter(desk.window(), "tbpixel", "330");
+    insertPhotos(desk);
+    picture(desk.window(), "photos");
+  }
+  void makePagesOfPhotos(Desk& desk)
+  {
+    take({"hafen.jpg", "leuchtturm.jpg", "duenen.jpg"});
+    desk.clickNode("@02");
+    choosePhotos(desk, "pix_eigene", "0");
+    insertPhotos(desk);
+    desk.clickNode("@02");
+    press(desk, "pix_thumbs");
+    press(desk, "seitespeichern");
+    picture(desk.window(), "thumbnails");
+  }
+  void writeHead(Desk& desk)
+  {
+    desk.find<QTabWidget>("TabTree").setCurrentIndex(1);
+    desk.settle();
+    writeSource(desk, story.head);
+    press(desk, "seitespeichern");
+    picture(desk.window(), "head");
+    desk.find<QTabWidget>("TabTree").setCurrentIndex(0);
     desk.settle();
   }
   void enterServer(Desk& desk, const support::FtpServer& server)
@@ -262,53 +305,21 @@ TEST_P(Handbook, leads_from_the_first_start_to_a_site_on_its_server)
   Desk desk(home);
   refuseToOpen(desk);
   desk.start();
+
   makeProject(desk);
   picture(desk.window(), "new-project");
   EXPECT_EQ(desk.find<QLineEdit>("tbtitel").text().toStdString(), story.title);
-
-  writePage(desk, story.title, story.welcome);
-  newPage(desk, story.beach, story.beachText);
-  newPage(desk, story.harbour, story.harbourText);
-  desk.clickNode("@00");
-  picture(desk.window(), "pages");
+  writePages(desk);
   EXPECT_EQ(desk.node("@02")->text(0).toStdString(), story.harbour);
-
   chooseLayout(desk);
-  showTab(desk, 0);
-
-  take({"strand_morgen.jpg", "moewe.jpg", "strandkorb.jpg", "watt.jpg"});
-  desk.clickNode("@01");
-  choosePhotos(desk, "pix_mehrere", "2");
-  click(desk.find<QDialog>("FrmFileScan"), "CheckSchatten");
-  EXPECT_TRUE(comesTrue([&] { return smallPicturesAreThere(desk); }));
-  // The handbook shows paths as users have them. The form object is not told, which would look for the pictures there.
-  desk.find<QLineEdit>("tbshare").setText("/home/anna/fotos/");
-  picture(desk.find<QDialog>("FrmFileScan"), "scan");
-  enter(desk.window(), "tbpixel", "330");
-  insertPhotos(desk);
-  picture(desk.window(), "photos");
+  putPhotosOnAPage(desk);
   EXPECT_THAT(desk.surface().bodyInnerHtml(), HasSubstr("01_moewe_330_shd.jpg"));
-
-  take({"hafen.jpg", "leuchtturm.jpg", "duenen.jpg"});
-  desk.clickNode("@02");
-  choosePhotos(desk, "pix_eigene", "0");
-  insertPhotos(desk);
-  desk.clickNode("@02");
-  press(desk, "pix_thumbs");
-  press(desk, "seitespeichern");
-  picture(desk.window(), "thumbnails");
+  makePagesOfPhotos(desk);
   EXPECT_THAT(desk.surface().bodyInnerHtml(), HasSubstr("id=\"thumbs\""));
-
-  desk.find<QTabWidget>("TabTree").setCurrentIndex(1);
-  desk.settle();
-  writeSource(desk, story.head);
-  press(desk, "seitespeichern");
-  picture(desk.window(), "head");
-  desk.find<QTabWidget>("TabTree").setCurrentIndex(0);
-  desk.settle();
-
+  writeHead(desk);
   enterServer(desk, server);
   generateAndPublish(desk);
+
   EXPECT_EQ(generated, "Fertig! Es wurden 6 Seiten generiert.");
   EXPECT_TRUE(fs::exists(server.root().native() / "www" / "index.htm"));
   lookAtSite("01.htm");
