@@ -28,6 +28,26 @@ function(mrd_library name)
   endif()
 endfunction()
 
+# The complete program directory of this build: both programs and the resources.
+set(MRD_PROGRAM_DIR "${CMAKE_BINARY_DIR}/mirandel")
+
+# mrd_module(<name> FOR <library> AS <macro> SOURCES .. USES .. VENDOR ..): a part of a library that is loaded along the search path of
+# the programs by the first use and not by their start. The library knows its file name by the macro.
+function(mrd_module name)
+  cmake_parse_arguments(ARG "" "FOR;AS" "SOURCES;USES;VENDOR" ${ARGN})
+  add_library(${name} MODULE ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE mrd_flags ${ARG_USES} ${ARG_VENDOR})
+  target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/src")
+  target_link_options(${name} PRIVATE LINKER:--exclude-libs,ALL)
+  if(NOT MRD_SANITIZE) # whose own symbols are in the program
+    target_link_options(${name} PRIVATE LINKER:--no-undefined)
+  endif()
+  set_target_properties(${name} PROPERTIES PREFIX "" INSTALL_RPATH "" LIBRARY_OUTPUT_DIRECTORY "${MRD_PROGRAM_DIR}")
+  install(TARGETS ${name} LIBRARY DESTINATION "${MRD_HELPERS_DIR}")
+  add_dependencies(${ARG_FOR} ${name})
+  target_compile_definitions(${ARG_FOR} PRIVATE ${ARG_AS}="$<TARGET_FILE_NAME:${name}>")
+endfunction()
+
 # mrd_test(<name> SOURCES .. USES .. [ENVIRONMENT NAME=VALUE ..] [TIMEOUT seconds]): one GoogleTest program, registered with CTest case by
 # case.
 function(mrd_test name)
@@ -51,6 +71,3 @@ endforeach()
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${file}")
   endif()
 endfunction()
-
-# The complete program directory of this build: both programs and the resources.
-set(MRD_PROGRAM_DIR "${CMAKE_BINARY_DIR}/mirandel")

@@ -60,29 +60,31 @@ struct ConnectionEvents {
   TrustDecision trusts = [](const ServerIdentity&) { return false; };
 };
 
+/// A connection that its maker's library carries.
 class Connection {
 public:
-  Connection(Address address, ConnectionEvents events);
-  ~Connection();
-  Connection(const Connection&) = delete;
-  Connection& operator=(const Connection&) = delete;
+  virtual ~Connection() = default;
 
   /// Runs one transfer to its end; asleep while the server is silent. A server whose identity nothing proves is asked about and,
-  /// once trusted, known by its fingerprint.
-  TransferOutcome run(const Transfer& transfer);
+  /// once trusted, known by its fingerprint. Throws base::Error (PathFileAccess) for a local file that cannot be read.
+  virtual TransferOutcome run(const Transfer& transfer) = 0;
   /// The language of its explanations.
-  void speak(const std::string& Sprache);
-  const std::string& Sprache() const;
+  virtual void speak(const std::string& Sprache) = 0;
+  virtual const std::string& Sprache() const = 0;
   /// The directory of the login, known once there was a connection; "/" where the server does not tell.
-  const std::string& loginDirectory() const;
+  virtual const std::string& loginDirectory() const = 0;
   /// Ends what runs, now or as soon as it begins; from any thread.
-  void cancel();
+  virtual void cancel() = 0;
   /// Allows transfers again after cancel().
-  void resume();
-
-private:
-  struct State;
-  std::unique_ptr<State> state_;
+  virtual void resume() = 0;
 };
+
+/// The library for transfers comes with some twenty-five others, which a start without publishing need not wait for. They are in
+/// a module of their own, which is loaded by the first connection. Throws base::Error (code::kCannotConnect) when it is missing.
+std::unique_ptr<Connection> makeConnection(const Address& address, ConnectionEvents events);
+
+/// What the module exports under this name: a function that gives its caller a new connection.
+inline constexpr const char* kConnectionFunction = "mrd_connection";
+using ConnectionFunction = Connection* (*)(const Address&, ConnectionEvents);
 
 } // namespace mrd::ftp

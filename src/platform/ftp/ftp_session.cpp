@@ -70,7 +70,7 @@ TransferOutcome FtpSession::connect()
 {
   Transfer login{TransferKind::Nothing, "", {"*FEAT"}};
   login.mayConnect = true;
-  auto outcome = connection_.run(login);
+  auto outcome = connection_->run(login);
   isConnected_ = outcome.code == code::kNone;
   if (!isConnected_)
     return outcome;
@@ -84,7 +84,7 @@ TransferOutcome FtpSession::connect()
     preparation.before.push_back("CWD " + encoded(directory));
   if (preparation.before.empty())
     return outcome;
-  outcome = connection_.run(preparation);
+  outcome = connection_->run(preparation);
   // Where the way is not open any more nothing is done in another directory.
   isConnected_ = outcome.code == code::kNone;
   return outcome;
@@ -101,10 +101,10 @@ TransferOutcome FtpSession::run(Transfer transfer)
         return outcome;
     }
     if (!isAtLogin_ && way_.empty()) {
-      transfer.before.insert(transfer.before.begin(), "CWD " + connection_.loginDirectory());
+      transfer.before.insert(transfer.before.begin(), "CWD " + connection_->loginDirectory());
       isAtLogin_ = true;
     }
-    outcome = connection_.run(transfer);
+    outcome = connection_->run(transfer);
     const bool nothingDone = outcome.lacksConnection || (outcome.code == code::kConnectionLost && outcome.replies.size() <= 1 &&
                                                          (outcome.reply("").last == 0 || outcome.reply("").isGoodbye()));
     if (!nothingDone)
@@ -143,7 +143,7 @@ SessionResult FtpSession::changeDirectory(const std::string& directory)
     if (const auto outcome = connect(); outcome.code != code::kNone)
       return resultOf(outcome);
   const bool isAbsolute = directory.starts_with('/');
-  const auto target = isAbsolute ? names_.resolve(directory, connection_.loginDirectory()) : directory;
+  const auto target = isAbsolute ? names_.resolve(directory, connection_->loginDirectory()) : directory;
   auto result = simple("CWD " + target);
   if (result.code != code::kNone)
     return result;

@@ -14,7 +14,7 @@ SessionResult listingResult(std::string_view data, ListingForm form)
 
 SessionResult Session::carryOut(const Operation& operation)
 {
-  connection_.speak(operation.Sprache);
+  connection_->speak(operation.Sprache);
   switch (operation.verb) {
   case Verb::ChangeDirectory: {
     auto result = changeDirectory(operation.target);

@@ -31,11 +31,11 @@ public:
   SessionResult carryOut(const Operation& operation);
   /// The next command starts in the directory of the login.
   virtual void backToLogin() = 0;
-  void cancel() { connection_.cancel(); }
-  void resume() { connection_.resume(); }
+  void cancel() { connection_->cancel(); }
+  void resume() { connection_->resume(); }
 
 protected:
-  Session(const Address& address, ConnectionEvents events) : connection_(address, std::move(events)) {}
+  Session(const Address& address, ConnectionEvents events) : connection_(makeConnection(address, std::move(events))) {}
 
   virtual SessionResult changeDirectory(const std::string& directory) = 0;
   virtual SessionResult makeDirectory(const std::string& directory) = 0;
@@ -43,9 +43,9 @@ protected:
   virtual SessionResult put(const std::string& file, const std::string& name) = 0;
   virtual SessionResult remove(const std::string& name) = 0;
 
-  const std::string& Sprache() const { return connection_.Sprache(); }
+  const std::string& Sprache() const { return connection_->Sprache(); }
 
-  Connection connection_;
+  std::unique_ptr<Connection> connection_;
   /// Whether the last `cd` was refused: what it was to protect is not touched then.
   bool isAstray_ = false;
 };

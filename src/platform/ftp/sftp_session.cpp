@@ -27,7 +27,7 @@ void SftpSession::backToLogin()
 
 std::string SftpSession::pathOf(const std::string& name) const
 {
-  const auto& base = directory_.empty() ? connection_.loginDirectory() : directory_;
+  const auto& base = directory_.empty() ? connection_->loginDirectory() : directory_;
   return base.ends_with('/') ? base + name : base + "/" + name;
 }
 
@@ -35,7 +35,7 @@ std::string SftpSession::pathOf(const std::string& name) const
 TransferOutcome SftpSession::run(Transfer transfer)
 {
   transfer.mayConnect = true;
-  return connection_.run(transfer);
+  return connection_->run(transfer);
 }
 
 bool SftpSession::makeLogin(SessionResult& failure)
@@ -73,7 +73,7 @@ SessionResult SftpSession::changeDirectory(const std::string& directory)
   if (!makeLogin(failure))
     return failure;
   const bool isAbsolute = directory.starts_with('/');
-  const auto target = isAbsolute ? names_.resolve(directory, connection_.loginDirectory()) : pathOf(directory);
+  const auto target = isAbsolute ? names_.resolve(directory, connection_->loginDirectory()) : pathOf(directory);
   auto result = readDirectory(target);
   if (result.code != code::kNone)
     return result;
@@ -103,7 +103,7 @@ SessionResult SftpSession::list()
     listed_.reset();
     return result;
   }
-  return readDirectory(directory_.empty() ? connection_.loginDirectory() : directory_);
+  return readDirectory(directory_.empty() ? connection_->loginDirectory() : directory_);
 }
 
 TransferOutcome SftpSession::send(const std::string& file, const std::string& path)
