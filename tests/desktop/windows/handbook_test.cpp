@@ -70,6 +70,8 @@ constexpr Story kEnglish{
 
 void dismiss(QDialog& dialog) { dialog.reject(); }
 
+void PrintTo(const Story& story, std::ostream* out) { *out << story.title; }
+
 class Handbook : public testing::TestWithParam<Story> {
 protected:
   Handbook()

@@ -3,6 +3,7 @@
 
 #include "desktop/looks/theme.h"
 
+#include <ostream>
 #include <string>
 
 class QWidget;
@@ -16,6 +17,7 @@ struct Look {
 
 /// "GER-light".
 std::string nameOf(const Look& look);
+inline void PrintTo(const Look& look, std::ostream* out) { *out << nameOf(look); }
 
 /// Writes NAME-LOOK.png into the folder with the pictures of the build. A failure of the test where that cannot be.
 void save(QWidget& window, const Look& look, const std::string& name);
