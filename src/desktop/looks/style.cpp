@@ -16,7 +16,7 @@ namespace mrd::desktop {
 namespace {
 
 // Pixels.
-constexpr int kCorner = 5, kButtonCorner = 4;
+constexpr int kCorner = 5, kButtonCorner = 4, kBoxCorner = 3;
 constexpr int kTabMark = 2;
 constexpr QSize kToolButtonRoom{14, 10}, kButtonRoom{30, 12}, kPrimaryRoom{34, 12}, kItemRoom{0, 6};
 constexpr int kTabRoomAcross = 28, kNarrowTabRoomAcross = 18, kTabRoomDown = 15;
@@ -84,6 +84,53 @@ void drawPrimaryButton(const QStyleOption& option, QPainter& painter)
                         : option.state & QStyle::State_MouseOver ? colours.link().color()
                                                                  : inside;
   drawRounded(painter, option.rect, kButtonCorner, border, inside);
+}
+
+/// The frame of what is chosen or not, in a colour that is seen on light and dark ground alike.
+void drawChoiceFrame(const QStyleOption& option, QPainter& painter, int corner, bool chosen)
+{
+  const QPalette& colours = option.palette;
+  const bool enabled = option.state & QStyle::State_Enabled;
+  const bool held = option.state & QStyle::State_Sunken;
+  const QColor border = !enabled                                                            ? colours.mid().color()
+                        : option.state & (QStyle::State_HasFocus | QStyle::State_MouseOver) ? colours.link().color()
+                        : chosen                                                            ? colours.highlight().color()
+                                                                                            : colours.placeholderText().color();
+  drawRounded(painter, option.rect, corner, border,
+              chosen ? colours.highlight().color() : (held ? colours.midlight() : colours.base()).color());
+}
+
+void drawTick(const QStyleOption& option, QPainter& painter)
+{
+  const QRectF box(option.rect);
+  const auto at = [&](double x, double y) { return QPointF(box.left() + x * box.width(), box.top() + y * box.height()); };
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(option.palette.highlightedText(), box.width() / 8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPolyline(QPolygonF({at(0.25, 0.53), at(0.43, 0.71), at(0.76, 0.31)}));
+  painter.restore();
+}
+
+/// What is chosen in part gets a bar.
+void drawCheckBox(const QStyleOption& option, QPainter& painter)
+{
+  const bool partly = option.state & QStyle::State_NoChange, on = option.state & QStyle::State_On;
+  drawChoiceFrame(option, painter, kBoxCorner, on || partly);
+  if (on)
+    return drawTick(option, painter);
+  const int edge = option.rect.width() / 4, middle = option.rect.height() / 2 - 1;
+  if (partly)
+    painter.fillRect(option.rect.adjusted(edge, middle, -edge, -middle), option.palette.highlightedText());
+}
+
+void drawRadioButton(const QStyleOption& option, QPainter& painter)
+{
+  const bool on = option.state & QStyle::State_On;
+  drawChoiceFrame(option, painter, option.rect.width(), on);
+  const int edge = option.rect.width() / 3;
+  const QColor inside = option.palette.highlightedText().color();
+  if (on)
+    drawRounded(painter, option.rect.adjusted(edge, edge, -edge, -edge), option.rect.width(), inside, inside);
 }
 
 void drawSeparator(const QStyleOption& option, QPainter& painter)
@@ -254,6 +301,11 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     if (isListed(widget) || isPrimary(widget) || qobject_cast<const QTabBar*>(widget))
       return;
     break;
+  case PE_IndicatorCheckBox:
+  case PE_IndicatorItemViewItemCheck:
+    return drawCheckBox(*option, *painter);
+  case PE_IndicatorRadioButton:
+    return drawRadioButton(*option, *painter);
   case PE_IndicatorToolBarSeparator:
     return drawSeparator(*option, *painter);
   case PE_PanelItemViewItem:
