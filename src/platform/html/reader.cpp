@@ -85,14 +85,6 @@ bool isFlowContainer(const Node& element)
   return element.space == Namespace::Html && std::ranges::find(kOthers, element.text) == kOthers.end();
 }
 
-bool endsDocument(std::string_view html)
-{
-  for (auto at = html.find("</"); at != std::string_view::npos; at = html.find("</", at + 2))
-    if (sameName(html.substr(at + 2, 4), "body") || sameName(html.substr(at + 2, 4), "html"))
-      return true;
-  return false;
-}
-
 const GumboNode* bodyOf(const GumboOutput& output)
 {
   const GumboVector& children = output.root->v.element.children;
@@ -102,6 +94,19 @@ const GumboNode* bodyOf(const GumboOutput& output)
       return child;
   }
   return output.root;
+}
+
+struct Passage {
+  std::size_t at, length;
+};
+
+/// The end tag of a body or of a document in the text that the parser has read, the last one of those that it minded.
+std::optional<Passage> documentEnd(const GumboOutput& output)
+{
+  for (const GumboNode* const node : {bodyOf(output), static_cast<const GumboNode*>(output.root)})
+    if (const auto& element = node->v.element; element.original_end_tag.length > 0)
+      return Passage{element.end_pos.offset, element.original_end_tag.length};
+  return std::nullopt;
 }
 
 void readDoctype(Tree& tree, const GumboDocument& document)
@@ -134,6 +139,28 @@ std::optional<ParseContext> contextOf(const Node& element)
   return ParseContext{element.tag, element.space};
 }
 
+/// The parser takes every fragment for one of a modern document, so in an old one the text is parsed as a body. The end tags of a
+/// document, which mean nothing in a fragment, would end it: they are taken out one by one. False where there are too many.
+bool readAsBody(Arena& arena, std::string_view html, Node& holder)
+{
+  constexpr int kMostEnds = 50;
+  auto text = std::string("<body>").append(html);
+  if (!isValidUtf8(text))
+    text = base::repairUtf8(text);
+  for (int i = 0; i < kMostEnds; ++i) {
+    std::optional<Passage> end;
+    parse(text, std::nullopt, [&](const GumboOutput& output) {
+      end = documentEnd(output);
+      if (!end)
+        copyChildren(arena, *bodyOf(output), holder);
+    });
+    if (!end)
+      return true;
+    text.erase(end->at, end->length);
+  }
+  return false;
+}
+
 } // namespace
 
 void readDocument(Tree& tree, std::string_view html)
@@ -150,13 +177,8 @@ void readDocument(Tree& tree, std::string_view html)
 Node* readFragment(Tree& tree, const Node& context, std::string_view html)
 {
   auto* const holder = tree.arena.make<Node>();
-  // The parser takes every fragment for one of a modern document, so in an old one the text is parsed as a body.
-  if (tree.isQuirks && isFlowContainer(context) && !endsDocument(html)) {
-    parse(std::string("<body>").append(html), std::nullopt,
-          [&](const GumboOutput& output) { copyChildren(tree.arena, *bodyOf(output), *holder); });
-    return holder;
-  }
-  parse(html, contextOf(context), [&](const GumboOutput& output) { copyChildren(tree.arena, *output.root, *holder); });
+  if (!tree.isQuirks || !isFlowContainer(context) || !readAsBody(tree.arena, html, *holder))
+    parse(html, contextOf(context), [&](const GumboOutput& output) { copyChildren(tree.arena, *output.root, *holder); });
   return holder;
 }
 

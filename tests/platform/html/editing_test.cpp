@@ -95,6 +95,23 @@ TEST_F(Editing, loses_nothing_of_a_fragment_that_ends_a_document)
   EXPECT_EQ(body(), "ab<!--c-->de");
 }
 
+TEST_F(Editing, reads_on_by_the_rules_of_the_document_behind_a_tag_that_ends_it)
+{
+  document.body().setInnerHtml("<p>a</BODY ><table></table></html><!--</body>--><p>b</body></html><table></table>");
+
+  EXPECT_EQ(body(), "<p>a<table></table><!--</body>--></p><p>b<table></table></p>");
+}
+
+TEST_F(Editing, reads_a_fragment_with_a_thousand_ends_of_a_document)
+{
+  std::string ends;
+  for (int i = 0; i < 1000; ++i)
+    ends += "x</body>";
+  document.body().setInnerHtml(ends);
+
+  EXPECT_EQ(body(), std::string(1000, 'x'));
+}
+
 TEST_F(Editing, reads_a_fragment_in_foreign_content)
 {
   document = Document::fromText("<svg></svg><math></math>");
