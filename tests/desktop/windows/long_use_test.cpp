@@ -117,16 +117,18 @@ protected:
   void movePage()
   {
     desk_->tree().expandAll();
-    desk_->answers.dialogs = {[](QDialog& dialog) { dialog.findChild<QAbstractButton*>("btnMove")->click(); }};
+    desk_->answers.dialogs = {[](QDialog& dialog) {
+      dialog.findChild<QAbstractButton*>("btnMove")->click();
+      // A place that is refused leaves the dialog open.
+      dialog.reject();
+    }};
     desk_->dragNode(anyPage(), anyPage());
   }
   void insertPicture()
   {
     desk_->answers.dialogs = {[](QDialog& dialog) {
-                                QTimer::singleShot(0, &dialog, [&dialog] {
-                                  dialog.findChild<QAbstractButton*>("cbbild")->click();
-                                  dialog.findChild<QAbstractButton*>("cbok")->click();
-                                });
+                                dialog.findChild<QAbstractButton*>("cbbild")->click();
+                                dialog.findChild<QAbstractButton*>("cbok")->click();
                               },
                               fileNamed(project_.directory().native() / "fotos/moewe.jpg")};
     press("pix_eins");
@@ -134,11 +136,9 @@ protected:
   void inTheDialog(const std::function<void(QDialog&)>& work)
   {
     desk_->answers.dialogs = {[work](QDialog& dialog) {
-      QTimer::singleShot(0, &dialog, [&dialog, work] {
-        dialog.findChild<QAbstractButton*>("cbHTML")->click();
-        work(dialog);
-        dialog.findChild<QAbstractButton*>("cbabbrechen")->click();
-      });
+      dialog.findChild<QAbstractButton*>("cbHTML")->click();
+      work(dialog);
+      dialog.findChild<QAbstractButton*>("cbabbrechen")->click();
     }};
     press("html");
   }
