@@ -204,7 +204,7 @@ void FrmFileScanWindow::connectConversion()
       return;
     form_.Slider1 = value;
     form_.Slider1_Scroll();
-    ui_->Slider1->setToolTip(shown(language_.shownText(form_.sliderToolTip)));
+    showSliderTip();
     QToolTip::showText(ui_->Slider1->mapToGlobal(QPoint(ui_->Slider1->width() / 2, 0)), ui_->Slider1->toolTip(), ui_->Slider1);
   });
 }
@@ -302,7 +302,7 @@ void FrmFileScanWindow::showOptions()
   showLine(*ui_->tbtabspalten, shown(form_.tbtabspalten));
   showLine(*ui_->tbpixel, shown(form_.tbpixel));
   ui_->Slider1->setValue(form_.Slider1);
-  ui_->Slider1->setToolTip(shown(form_.sliderToolTip));
+  showSliderTip();
   showing_ = false;
 }
 
@@ -316,6 +316,8 @@ void FrmFileScanWindow::showStates()
   for (QWidget* const widget : std::initializer_list<QWidget*>{ui_->cbshare, ui_->tbshare, ui_->cbeinfügen, ui_->cbrotieren})
     widget->setEnabled(!form_.isScanning());
 }
+
+void FrmFileScanWindow::showSliderTip() { ui_->Slider1->setToolTip(shown(language_.shownText(form_.sliderToolTip))); }
 
 void FrmFileScanWindow::nameControls()
 {

@@ -8,7 +8,6 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
-#include <QFontComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -23,25 +22,34 @@
 #include <QTreeWidget>
 #include <QWebEngineView>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <map>
 
 namespace mrd::desktop {
 namespace {
 
-using testing::IsEmpty;
-
-/// Texts that are the same in both languages.
+/// Words that are the same in both languages, and names; without signs and numbers.
 constexpr std::array kOfNoLanguage{
-    "OK",
-    "Layout",
-};
+    // Words.
+    "OK", "Normal", "Text", "Format", "Layout", "Hyperlink", "Definition", "Thumbnails", "Internet", "Export", "Shop", "Test",
+    "Extras", "Radius", "auto", "Status", "Version", "Euro", "Dollar",
+    // Values that stand in pages.
+    "left", "right", "center", "top", "middle", "bottom",
+    // Units and names.
+    "px", "pt", "ID", "HTML", "i mode", "Ebay", "Deutsch", "English", "Mirandel", "support mirandel example",
+    // Names that layouts have in their files.
+    "Galerie galerie xml", "Modern modern xml",
+    // The toolkit's own, for screen readers.
+    "Scroll Left", "Scroll Right"};
 
-/// What the tests' user has written, and what belongs to his machine.
+/// What the tests' user has written.
 constexpr std::array kOfTheUser{"Strandweg", "Ferien"};
+
+/// Lists of the machine's fonts.
+constexpr std::array kFontLists{"FontCombo", "Comboschrift"};
 
 /// Texts by where they stand.
 using Texts = std::map<std::string, std::string>;
@@ -105,13 +113,18 @@ private:
     readLists(widget, place);
   }
 
+  static bool isFontList(const QComboBox& box)
+  {
+    return std::ranges::any_of(kFontLists, [&](const char* name) { return box.objectName() == name; });
+  }
+
   void readLists(const QWidget& widget, const QString& place)
   {
     const auto addEach = [&](int count, const std::function<QString(int)>& text) {
       for (int i = 0; i < count; ++i)
         add(place + QStringLiteral("[%1]").arg(i), "entry", text(i));
     };
-    if (const auto* const box = qobject_cast<const QComboBox*>(&widget); box && box->objectName() != "FontCombo") {
+    if (const auto* const box = qobject_cast<const QComboBox*>(&widget); box && !isFontList(*box)) {
       addEach(box->count(), [&](int i) { return box->itemText(i); });
       add(place, "placeholder", box->placeholderText());
     }
@@ -119,7 +132,7 @@ private:
       addEach(tabs->count(), [&](int i) { return tabs->tabText(i); });
       addEach(tabs->count(), [&](int i) { return tabs->tabToolTip(i); });
     }
-    if (const auto* const list = qobject_cast<const QListWidget*>(&widget); list && list->objectName() != "Listschrift")
+    if (const auto* const list = qobject_cast<const QListWidget*>(&widget); list)
       addEach(list->count(), [&](int i) { return list->item(i)->text(); });
     if (const auto* const tree = qobject_cast<const QTreeWidget*>(&widget))
       addEach(tree->columnCount(), [&](int i) { return tree->headerItem()->text(i); });
@@ -165,18 +178,19 @@ public:
       texts_["dialog " + std::to_string(i)] = desk_->answers.dialogTitles[i];
     return texts_;
   }
-  /// What stands in texts of this walk alone.
-  QString directory() const { return QString::fromStdString(project_.directory().native().string()); }
 
 private:
-  /// The next dialog is read and left.
+  QString directory() const { return QString::fromStdString(project_.directory().native().string()); }
+
+  /// The next dialog is read and left. What is done before can bring boxes, which are answered meanwhile.
   void readNext(std::function<void(QDialog&)> before = [](QDialog&) {})
   {
     desk_->answers.dialogs.push_back([this, before = std::move(before)](QDialog& dialog) {
-      before(dialog);
-      letPass(30);
-      Reader(texts_).read(dialog);
-      dialog.reject();
+      QTimer::singleShot(0, &dialog, [this, before, &dialog] {
+        before(dialog);
+        Reader(texts_).read(dialog);
+        dialog.reject();
+      });
     });
   }
   static void press(const QDialog& dialog, const char* button)
@@ -191,8 +205,7 @@ private:
       dialog.findChild<QLineEdit*>("tbexportpfad")->setText(directory() + "/fehlt");
       dialog.findChild<QTabWidget*>("TabAssistent")->setCurrentIndex(2);
       desk_->answers.buttons = {ui::Button::Cancel};
-      QTimer::singleShot(0, &dialog, [&dialog] { press(dialog, "cbschliessen"); });
-      letPass(100);
+      press(dialog, "cbschliessen");
     });
     desk_->action("HelpSub1_3").trigger();
     readNext();
@@ -215,10 +228,7 @@ private:
 
   void runs()
   {
-    const auto generate = [](QDialog& dialog) {
-      QTimer::singleShot(0, &dialog, [&dialog] { press(dialog, "cbHTML"); });
-      letPass(300);
-    };
+    const auto generate = [](QDialog& dialog) { press(dialog, "cbHTML"); };
     readNext(generate);
     desk_->action("html").trigger();
     readNext(generate);
@@ -291,35 +301,38 @@ private:
   Texts texts_;
 };
 
-/// Whether a text says something in a language: two letters beside each other, and not only what nobody translates.
-bool saysSomething(QString text)
+/// The words of a text without what is written between and around them.
+QString wordsOf(QString text)
 {
-  static const QRegularExpression word("\\p{L}{2}"), tag("<[^>]*>");
+  static const QRegularExpression tag("<[^>]*>"), noWord("[^\\p{L}]+");
   text.remove('&').remove(tag);
-  for (const auto* const known : kOfNoLanguage)
-    if (text == QString::fromUtf8(known))
-      return false;
   for (const auto* const own : kOfTheUser)
     text.remove(QString::fromUtf8(own));
-  return word.match(text).hasMatch();
+  return text.replace(noWord, " ").trimmed();
+}
+
+bool isOfALanguage(const QString& text)
+{
+  const QString words = wordsOf(text);
+  return words.size() > 1 &&
+         std::ranges::none_of(kOfNoLanguage, [&](const char* known) { return words == QString::fromUtf8(known); });
 }
 
 TEST(EnglishScreen, shows_no_text_that_is_the_german_one)
 {
-  Walk german("GER");
-  const Texts inGerman = german.texts();
-  Walk english("ENG");
-  const Texts inEnglish = english.texts();
+  // One user after the other: two would answer each other's dialogs.
+  const Texts inGerman = Walk("GER").texts();
+  const Texts inEnglish = Walk("ENG").texts();
 
-  std::vector<std::string> same;
+  std::string same;
   for (const auto& [place, text] : inEnglish) {
     const auto found = inGerman.find(place);
-    if (found != inGerman.end() && found->second == text && saysSomething(QString::fromStdString(text)))
-      same.push_back(place + ": " + text);
+    if (found != inGerman.end() && found->second == text && isOfALanguage(QString::fromStdString(text)))
+      same += place + ": " + text + "\n";
   }
 
-  EXPECT_THAT(same, IsEmpty());
-  constexpr std::size_t kTexts = 700;
+  EXPECT_EQ(same, "");
+  constexpr std::size_t kTexts = 800;
   EXPECT_GT(inEnglish.size(), kTexts);
 }
 
