@@ -336,5 +336,27 @@ TEST(EnglishScreen, shows_no_text_that_is_the_german_one)
   EXPECT_GT(inEnglish.size(), kTexts);
 }
 
+TEST(EnglishScreen, shows_names_of_layouts_in_english_and_stores_them_in_german)
+{
+  support::TemporaryProject project{{"00", "Start"}};
+  ProgramHome home;
+  home.setIniValue("LastFile", "File1", project.file());
+  files::UserSettings(home.userSettingsFile()).setValue("Settings", "Assistent", "nein");
+  Desk desk(home);
+  ASSERT_TRUE(desk.start());
+  auto& layouts = desk.find<QComboBox>("ComboGrundlayout");
+  EXPECT_EQ(layouts.itemText(2), "ohne alles");
+
+  desk.action("eng").trigger();
+  EXPECT_EQ(layouts.itemText(2), "Bare pages");
+  layouts.setCurrentIndex(2);
+  emit layouts.activated(2);
+  desk.find<QAbstractButton>("cbeinstellungen").click();
+
+  EXPECT_EQ(project.setting("grundlayout"), "ohne alles");
+  desk.action("GER").trigger();
+  EXPECT_EQ(layouts.currentText(), "ohne alles");
+}
+
 } // namespace
 } // namespace mrd::desktop
