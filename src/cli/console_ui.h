@@ -26,6 +26,7 @@ public:
   std::optional<std::string> saveFileDialog(const ui::FileDialog&) override { return std::nullopt; }
   std::optional<std::string> folderDialog(std::string_view) override { return std::nullopt; }
   std::optional<int> colourDialog(int) override { return std::nullopt; }
+  void remark(std::string_view text) override { warning(text); }
   void warning(std::string_view text) override;
   void status(ui::StatusPlace, std::string_view) override {}
   void progress(std::size_t value, std::size_t maximum) override;

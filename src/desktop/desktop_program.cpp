@@ -80,7 +80,7 @@ int runDesktop(int argc, char** argv)
   QtUi ui;
   ui.setSplash(&splash);
   mainform::Program program(paths::ProgramFiles(mainform::findProgramDirectory(commandLine.programDirectory)), clock, ui);
-  ui.setLanguage([&program] { return program.language.Sprache(); });
+  ui.setLanguage(&program.language);
   files::UserSettings userSettings;
   MainformWindow window(program, ui, userSettings, std::move(surface));
   const bool isOpen = window.start(commandLine.projectFile);

@@ -47,6 +47,7 @@ RunOutcome ExportDialog::runInto(std::string_view exportDirectory, std::initiali
   running_ = false;
   ProgressBar1 = {};
   window.refresh();
+  environment_.language.ui().tellWarnings();
   return outcome;
 }
 

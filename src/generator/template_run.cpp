@@ -125,7 +125,7 @@ void TemplateRun::addUserLayout(Template& root, std::string_view file) const
     return;
   }
   if (!templates::LadeAusDatei(root, path))
-    ui_.warning("not well-formed: " + files::nativePath(path).string());
+    ui_.warning("Das Layout ist nicht wohlgeformt: " + files::nativePath(path).string());
   root.Children.AddNew(false, "", "", "mrdBanner");
   if (templates::isAfloat(root.Blätterntyp))
     root.Children.AddNew(false, templates::kStartnav, "", templates::kStartnavName);

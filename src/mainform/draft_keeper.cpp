@@ -66,8 +66,11 @@ void DraftKeeper::offer()
     const auto draft = file ? readDraft(path) : std::nullopt;
     if (!draft)
       continue;
-    const std::string what = base::format("\"{}\" ({})", draft->label, draft->written.german());
-    const auto answer = project_.program().language.GetMsg(kMessageDraft, what, "Z");
+    auto& language = project_.program().language;
+    // The head has no heading: its label is a word of the system.
+    const std::string label = draft->key.empty() ? language.shownText(draft->label) : draft->label;
+    const std::string what = base::format("\"{}\" ({})", label, draft->written.german());
+    const auto answer = language.GetMsg(kMessageDraft, what, "Z");
     if (answer == ui::Button::No)
       removeDraft(path);
     if (answer != ui::Button::Yes)

@@ -2,6 +2,7 @@
 
 #include "base/errors.h"
 #include "base/format.h"
+#include "frame/settings/export_path.h"
 #include "platform/files/files.h"
 
 #include <algorithm>
@@ -55,7 +56,7 @@ std::optional<std::string> storePastedPicture(const pictures::ConversionOptions&
   const auto kind = std::ranges::find(kKinds, mimeType, &PictureKind::mimeType);
   if (kind == kKinds.end() || bytes.empty() || !files::directoryExists(target.exportPath))
     return std::nullopt;
-  files::makeDirectory(target.pix);
+  settings::makePictureDirectory(target.exportPath);
   const FileOnTheWay file(base::format("{}~eingefuegt.{}", target.pix, kind->extension), bytes);
   const auto picture = pictures::konvertiere_und_kopiere_bild(
       options, target, {target.pix, freeName(options, target, key, kind->extension), file.path}, key);

@@ -41,7 +41,7 @@ void ProjectFrame::ladebenutzerlayouts()
   for (const auto& [name, file] : folder.layouts)
     entries.push_back(name + " (" + file + ")");
   for (const auto& file : folder.malformed)
-    program_.ui.warning("not well-formed: " + files::nativePath(directory + "\\" + file).string());
+    program_.ui.remark("Das Layout ist nicht wohlgeformt: " + files::nativePath(directory + "\\" + file).string());
 }
 
 ProjectFrame::Opened ProjectFrame::open(std::string_view path, Purpose purpose)

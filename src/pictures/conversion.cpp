@@ -78,6 +78,8 @@ ConvertedPicture konvertiere_und_kopiere_bild(const ConversionOptions& options, 
   ConvertedPicture out{source.dateiname};
   const auto prefix = namePrefix(options, zusatz);
   try {
+    // A directory that the assistant has taken over, or that was emptied meanwhile, has none.
+    settings::makePictureDirectory(target.exportPath);
     if (options.opkonvertieren) {
       convert(options, target, source, prefix, out.dateiname);
     } else {

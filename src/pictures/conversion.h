@@ -51,7 +51,7 @@ struct ConvertedPicture {
 std::string namePrefix(const ConversionOptions& options, std::string_view pageKey);
 
 /// Converts the picture to a JPEG of at most the given size, or copies it as it is. Never throws for a picture that cannot be
-/// read or written: the caller's run goes on.
+/// read or written: the caller's run goes on. A missing `pix` is made in an export directory that is there.
 ConvertedPicture konvertiere_und_kopiere_bild(const ConversionOptions& options, const PictureTarget& target, const Source& source,
                                               std::string_view zusatz);
 

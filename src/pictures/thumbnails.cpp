@@ -103,6 +103,9 @@ bool Thumbnails::MakeThumbs(std::string_view seite)
 {
   bool isDone = false;
   const bool isMade = failures::withStandardHandler(parts_.language, "MakeThumbs", [&] { isDone = makeThumbs(seite); });
+  // Of one page among all they are told with those of the others.
+  if (seite.empty())
+    parts_.language.ui().tellWarnings();
   return isMade && isDone;
 }
 
@@ -219,6 +222,20 @@ bool Thumbnails::isRenewalWanted()
 }
 
 bool Thumbnails::renewAll(pagetree::PageStore& store)
+{
+  auto& ui = parts_.language.ui();
+  try {
+    const bool allDone = renewEach(store);
+    ui.tellWarnings();
+    return allDone;
+  } catch (...) {
+    // They belong to this work, not to the next.
+    ui.tellWarnings();
+    throw;
+  }
+}
+
+bool Thumbnails::renewEach(pagetree::PageStore& store)
 {
   auto& ui = parts_.language.ui();
   if (parts_.active.PageDirty && !store.SavePage(parts_.active.LastActivePage))

@@ -64,6 +64,7 @@ public:
 
 private:
   bool makeThumbs(std::string_view seite);
+  bool renewEach(pagetree::PageStore& store);
   /// Nothing when the user has stopped it.
   std::optional<std::string> tableOf(const std::string& id);
   std::string cellOf(const dao::Recordset& page);

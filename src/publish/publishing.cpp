@@ -70,7 +70,7 @@ bool Publishing::isDone(const std::string& Fehler) { return Fehler.empty() && is
 void Publishing::explain(const std::string& text)
 {
   if (!text.empty() && text != reported_ && text != explanation)
-    ui_.warning(text);
+    ui_.remark(text);
   explanation = text;
 }
 

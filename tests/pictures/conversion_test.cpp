@@ -28,6 +28,26 @@ struct Conversion : testing::Test, PictureDesk {
   ConversionOptions options;
 };
 
+TEST_F(Conversion, makes_the_picture_directory_of_an_export_directory_that_has_none)
+{
+  photo("a.jpg", 40, 30);
+  std::filesystem::remove_all(directory.native() / "export/pix");
+
+  EXPECT_FALSE(run("a.jpg").failure);
+
+  EXPECT_THAT(pixNames(), ElementsAre("a.jpg"));
+}
+
+TEST_F(Conversion, makes_no_export_directory)
+{
+  photo("a.jpg", 40, 30);
+  std::filesystem::remove_all(directory.native() / "export");
+
+  EXPECT_TRUE(run("a.jpg").failure);
+
+  EXPECT_FALSE(std::filesystem::exists(directory.native() / "export"));
+}
+
 TEST_F(Conversion, makes_the_longer_side_the_limit_and_names_page_and_size)
 {
   photo("urlaub 1.jpg", 2000, 1500);

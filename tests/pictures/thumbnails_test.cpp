@@ -157,6 +157,21 @@ TEST_F(ThumbnailTable, goes_on_behind_a_picture_that_cannot_be_read)
   EXPECT_THAT(body(), HasSubstr("gut_xs.jpg"));
 }
 
+TEST_F(ThumbnailTable, tells_at_its_end_of_all_pictures_that_cannot_be_read)
+{
+  for (const std::string name : {"eins", "zwei"}) {
+    directory.write("fotos/" + name + ".jpg", "kein Bild");
+    addChild(name == "eins" ? "0101" : "0102", name, "<img src=\"file://" + fotos() + name + ".jpg\">");
+  }
+  desk.tree.select("@01");
+
+  thumbnails.MakeThumbs("");
+
+  const auto& told = desk.program.ui.toldWarnings;
+  ASSERT_EQ(told.size(), 1u);
+  EXPECT_THAT(told.front(), testing::ElementsAre(HasSubstr("eins.jpg"), HasSubstr("zwei.jpg")));
+}
+
 TEST_F(ThumbnailTable, has_full_rows_and_no_empty_one)
 {
   for (int n = 1; n <= 8; ++n)
@@ -233,6 +248,21 @@ TEST_F(ThumbnailTable, of_external_pages_names_the_site)
 
   EXPECT_THAT(body(), HasSubstr("href=\"http://www.haus.example/0101.htm\""));
   EXPECT_EQ(fields.tbbasisurl, "www.haus.example/");
+}
+
+TEST_F(ThumbnailTable, of_all_pages_tells_of_pictures_that_cannot_be_read_once_for_all_pages)
+{
+  for (const std::string parent : {"02", "03"}) {
+    desk.project.addPage({parent, "Mit", "<h3 id=ueberschrift>Mit</h3><div id=thumbs>alt</div>", "*.htm"});
+    directory.write("fotos/kaputt" + parent + ".jpg", "kein Bild");
+    addChild(parent + "01", "Neu", "<img src=\"file://" + fotos() + "kaputt" + parent + ".jpg\">");
+  }
+  desk.program.ui.expect(0, "Sollen jetzte", ui::Button::Yes);
+
+  thumbnails.allevorschaubilderneu(desk.store);
+
+  ASSERT_EQ(desk.program.ui.toldWarnings.size(), 1u);
+  EXPECT_EQ(desk.program.ui.toldWarnings.front().size(), 2u);
 }
 
 TEST_F(ThumbnailTable, of_all_pages_is_renewed_only_after_a_yes)

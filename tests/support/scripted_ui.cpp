@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace mrd::support {
 namespace {
 
@@ -100,6 +102,14 @@ std::optional<int> ScriptedUi::colourDialog(int)
   const auto answer = colourAnswers_.front();
   colourAnswers_.pop_front();
   return answer;
+}
+
+void ScriptedUi::warning(std::string_view text) { warnings.emplace_back(text); }
+
+void ScriptedUi::tellWarnings()
+{
+  if (!warnings.empty())
+    toldWarnings.push_back(std::exchange(warnings, {}));
 }
 
 void ScriptedUi::status(ui::StatusPlace, std::string_view text) { statusTexts.emplace_back(text); }

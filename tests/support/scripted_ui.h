@@ -29,6 +29,9 @@ public:
   std::vector<ui::MessageBox> messages;
   std::vector<ui::FileDialog> fileDialogs;
   std::vector<std::string> statusTexts;
+  /// What was warned of since it was told, and what was told together.
+  std::vector<std::string> warnings;
+  std::vector<std::vector<std::string>> toldWarnings;
   /// Value and maximum of each progress report.
   std::vector<std::pair<std::size_t, std::size_t>> progressSteps;
   int progressHidden = 0, splashHidden = 0, eventPumps = 0;
@@ -44,6 +47,8 @@ public:
   std::optional<std::string> saveFileDialog(const ui::FileDialog& dialog) override;
   std::optional<std::string> folderDialog(std::string_view title) override;
   std::optional<int> colourDialog(int colour) override;
+  void warning(std::string_view text) override;
+  void tellWarnings() override;
   void status(ui::StatusPlace place, std::string_view text) override;
   void progress(std::size_t value, std::size_t maximum) override;
   void hideProgress() override;

@@ -50,6 +50,8 @@ void setCaption(QObject& object, const QString& caption)
     action->setText(caption);
   else if (auto* const line = qobject_cast<QLineEdit*>(&object))
     setQuietly(*line, caption);
+  else if (auto* const bar = qobject_cast<QToolBar*>(&object))
+    bar->setWindowTitle(caption);
 }
 
 /// The same three properties of what is no widget and what is one.
@@ -133,8 +135,12 @@ void QtControls::setToolbarButton(std::string_view toolbar, int button, const ui
   const auto bar = qobject_cast<QToolBar*>(&object(toolbar));
   int number = 0;
   for (QAction* const action : bar ? bar->actions() : QList<QAction*>())
-    if (!action->isSeparator() && ++number == button)
+    if (!action->isSeparator() && ++number == button) {
+      // A button that shows a picture alone is read aloud by its tool tip.
+      if (!texts.caption && texts.toolTip)
+        action->setText(shown(*texts.toolTip));
       return apply(*action, texts);
+    }
   throwMissing(QStringLiteral("%1.Buttons(%2)").arg(shown(toolbar)).arg(button));
 }
 

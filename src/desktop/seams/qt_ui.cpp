@@ -1,6 +1,7 @@
 #include "desktop/seams/qt_ui.h"
 
 #include "desktop/seams/shown_text.h"
+#include "desktop/seams/warning_box.h"
 #include "platform/files/path.h"
 
 #include <QAbstractEventDispatcher>
@@ -14,7 +15,9 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace mrd::desktop {
 namespace {
@@ -113,10 +116,18 @@ QtUi::QtUi() = default;
 
 QtUi::~QtUi() = default;
 
+std::string QtUi::inLanguage(std::string_view text) const { return language_ ? language_->shownText(text) : std::string(text); }
+
+QString QtUi::translated(std::string_view text) const { return shown(inLanguage(text)); }
+
+ui::FileDialog QtUi::translated(const ui::FileDialog& dialog) const
+{
+  return {inLanguage(dialog.title), inLanguage(dialog.filter), dialog.directory, dialog.fileName};
+}
+
 void QtUi::speak()
 {
-  const bool german = language_() != "ENG";
-  if (!german) {
+  if (!isGerman()) {
     german_.reset();
     return;
   }
@@ -130,13 +141,13 @@ void QtUi::speak()
 ui::Button QtUi::messageBox(const ui::MessageBox& message)
 {
   QMessageBox box(owner());
-  box.setWindowTitle(shown(message.title));
+  box.setWindowTitle(translated(message.title));
   box.setTextFormat(Qt::PlainText);
-  box.setText(shown(message.text));
+  box.setText(translated(message.text));
   box.setIcon(iconOf(message.style));
   const auto style = static_cast<std::size_t>(ui::box::buttons(message.style));
   const auto& buttons = kBoxes[style < kBoxes.size() ? style : 0];
-  const bool german = language_() != "ENG";
+  const bool german = isGerman();
   std::array<QAbstractButton*, 3> shownButtons{};
   Button refusing = Button::Ok;
   for (std::size_t i = 0; i < buttons.size() && buttons[i] != Button::None; ++i) {
@@ -158,26 +169,28 @@ std::optional<std::string> QtUi::inputBox(std::string_view prompt, std::string_v
 {
   speak();
   bool accepted = false;
-  const QString text = QInputDialog::getText(owner(), shown(title), shown(prompt), QLineEdit::Normal, shown(proposal), &accepted);
+  const QString text =
+      QInputDialog::getText(owner(), translated(title), translated(prompt), QLineEdit::Normal, shown(proposal), &accepted);
   return accepted ? std::optional(text.toStdString()) : std::nullopt;
 }
 
 std::optional<std::string> QtUi::openFileDialog(const ui::FileDialog& dialog)
 {
   speak();
-  return chosenFile(dialog, QFileDialog::AcceptOpen, dialog.fileName.empty() ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+  return chosenFile(translated(dialog), QFileDialog::AcceptOpen,
+                    dialog.fileName.empty() ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
 }
 
 std::optional<std::string> QtUi::saveFileDialog(const ui::FileDialog& dialog)
 {
   speak();
-  return chosenFile(dialog, QFileDialog::AcceptSave, QFileDialog::AnyFile);
+  return chosenFile(translated(dialog), QFileDialog::AcceptSave, QFileDialog::AnyFile);
 }
 
 std::optional<std::string> QtUi::folderDialog(std::string_view title)
 {
   speak();
-  const QString directory = QFileDialog::getExistingDirectory(owner(), shown(title));
+  const QString directory = QFileDialog::getExistingDirectory(owner(), translated(title));
   return directory.isEmpty() ? std::nullopt : std::optional(files::systemPath(directory.toStdString()));
 }
 
@@ -191,10 +204,30 @@ std::optional<int> QtUi::colourDialog(int colour)
   return chosen.red() | chosen.green() << 8 | chosen.blue() << 16;
 }
 
+void QtUi::warning(std::string_view text)
+{
+  if (std::ranges::find(warnings_, text) == warnings_.end())
+    warnings_.emplace_back(text);
+}
+
+void QtUi::tellWarnings()
+{
+  constexpr int kMessageWarnings = 182;
+  // Taken first: the box lets events run, and these can bring work with warnings of its own.
+  const auto warnings = std::exchange(warnings_, {});
+  if (warnings.empty())
+    return;
+  QStringList lines;
+  for (const auto& warning : warnings)
+    lines << translated(warning);
+  hideSplash();
+  WarningBox(shown(language_ ? language_->textOf(kMessageWarnings, "", "") : ""), lines, owner()).exec();
+}
+
 void QtUi::status(ui::StatusPlace place, std::string_view text)
 {
   if (display_)
-    display_->showStatus(place, text);
+    display_->showStatus(place, inLanguage(text));
 }
 
 void QtUi::progress(std::size_t value, std::size_t maximum)

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "frame/messages/messages.h"
 #include "platform/ui/ui.h"
 
-#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
+class QString;
 class QTranslator;
 class QWidget;
 
@@ -29,8 +31,8 @@ public:
   /// Main window's display; null before it is there and when it has gone.
   void setDisplay(StatusDisplay* display) { display_ = display; }
   void setSplash(QWidget* splash) { splash_ = splash; }
-  /// "GER" or "ENG", for the buttons of boxes.
-  void setLanguage(std::function<std::string()> language) { language_ = std::move(language); }
+  /// The language of buttons, and of what the system itself says in German; null while there is none.
+  void setLanguage(messages::Language* language) { language_ = language; }
 
   ui::Button messageBox(const ui::MessageBox& message) override;
   std::optional<std::string> inputBox(std::string_view prompt, std::string_view title, std::string_view proposal) override;
@@ -40,6 +42,9 @@ public:
   std::optional<std::string> folderDialog(std::string_view title) override;
   std::optional<int> colourDialog(int colour) override;
 
+  void warning(std::string_view text) override;
+  /// One box for all of them; none without a warning.
+  void tellWarnings() override;
   void status(ui::StatusPlace place, std::string_view text) override;
   void progress(std::size_t value, std::size_t maximum) override;
   void hideProgress() override;
@@ -48,13 +53,20 @@ public:
   void hideSplash() override;
 
 private:
+  bool isGerman() const { return !language_ || language_->Sprache() != "ENG"; }
+  /// A text of the system in the language of the screen.
+  std::string inLanguage(std::string_view text) const;
+  QString translated(std::string_view text) const;
+  ui::FileDialog translated(const ui::FileDialog& dialog) const;
   /// The toolkit's own dialogs speak the program's language too, where their texts are installed.
   void speak();
 
   StatusDisplay* display_ = nullptr;
   QWidget* splash_ = nullptr;
-  std::function<std::string()> language_ = [] { return std::string("GER"); };
+  messages::Language* language_ = nullptr;
   std::unique_ptr<QTranslator> german_;
+  /// What the work at hand has warned of, each thing once.
+  std::vector<std::string> warnings_;
   /// How often in a row there was nothing to do.
   int emptyPumps_ = 0;
 };

@@ -7,7 +7,7 @@
 
 namespace mrd::desktop {
 
-FrmAboutWindow::FrmAboutWindow(mainform::frmAbout& form, QWidget* parent)
+FrmAboutWindow::FrmAboutWindow(mainform::frmAbout& form, messages::Language& language, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmAbout>())
 {
   ui_->setupUi(this);
@@ -15,7 +15,7 @@ FrmAboutWindow::FrmAboutWindow(mainform::frmAbout& form, QWidget* parent)
   QtControls controls(*this, "frmAbout");
   form_.window.unload = [this] { accept(); };
   form_.Form_Load(controls);
-  setWindowTitle(shown(form_.caption));
+  setWindowTitle(shown(language.shownText(form_.caption)));
   ui_->lblVersion->setText(shown(form_.lblVersion));
   connect(ui_->cmdOK, &QPushButton::clicked, this, [this] { form_.cmdOK_Click(); });
   connect(ui_->cmdSysInfo, &QPushButton::clicked, this, [this] { form_.cmdSysInfo_Click(); });

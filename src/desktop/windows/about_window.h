@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/messages/messages.h"
 #include "mainform/about.h"
 
 #include <QDialog>
@@ -14,7 +15,7 @@ namespace mrd::desktop {
 
 class FrmAboutWindow : public QDialog {
 public:
-  explicit FrmAboutWindow(mainform::frmAbout& form, QWidget* parent = nullptr);
+  FrmAboutWindow(mainform::frmAbout& form, messages::Language& language, QWidget* parent = nullptr);
   ~FrmAboutWindow() override;
 
 private:

@@ -29,8 +29,8 @@ constexpr std::array kLines{
 
 } // namespace
 
-FrmAssistentWindow::FrmAssistentWindow(mainform::FrmAssistent& form, QWidget* parent)
-    : QDialog(parent), form_(form), ui_(std::make_unique<Ui::FrmAssistent>())
+FrmAssistentWindow::FrmAssistentWindow(mainform::FrmAssistent& form, messages::Language& language, QWidget* parent)
+    : QDialog(parent), form_(form), language_(language), ui_(std::make_unique<Ui::FrmAssistent>())
 {
   ui_->setupUi(this);
   showPictures(*this);
@@ -75,7 +75,7 @@ void FrmAssistentWindow::showGuide()
   constexpr int kMarginPx = 18;
   ui_->DHTMLEditKurzanleitung->document()->setDocumentMargin(kMarginPx);
   if (form_.guideFile.empty())
-    ui_->DHTMLEditKurzanleitung->setHtml(shown(form_.guideHtml));
+    ui_->DHTMLEditKurzanleitung->setHtml(shown(language_.shownText(form_.guideHtml)));
   else
     ui_->DHTMLEditKurzanleitung->setSource(QUrl::fromLocalFile(shown(files::nativePath(form_.guideFile).string())));
 }

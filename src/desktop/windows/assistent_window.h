@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/seams/qt_controls.h"
+#include "frame/messages/messages.h"
 #include "mainform/assistant.h"
 
 #include <QDialog>
@@ -15,7 +16,7 @@ namespace mrd::desktop {
 
 class FrmAssistentWindow : public QDialog {
 public:
-  explicit FrmAssistentWindow(mainform::FrmAssistent& form, QWidget* parent = nullptr);
+  FrmAssistentWindow(mainform::FrmAssistent& form, messages::Language& language, QWidget* parent = nullptr);
   ~FrmAssistentWindow() override;
 
 private:
@@ -24,6 +25,7 @@ private:
   void refresh();
 
   mainform::FrmAssistent& form_;
+  messages::Language& language_;
   std::unique_ptr<Ui::FrmAssistent> ui_;
   bool showing_ = false;
 };

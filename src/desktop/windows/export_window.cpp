@@ -6,8 +6,8 @@
 
 namespace mrd::desktop {
 
-ExportWindow::ExportWindow(const char* name, generator::ExportDialog& form, QWidget* parent)
-    : QDialog(parent), ui_(std::make_unique<Ui::frmHTMLExport>()), shared_(form)
+ExportWindow::ExportWindow(const char* name, generator::ExportDialog& form, messages::Language& language, QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmHTMLExport>()), shared_(form), language_(language)
 {
   ui_->setupUi(this);
   setObjectName(name);
@@ -17,7 +17,10 @@ ExportWindow::ExportWindow(const char* name, generator::ExportDialog& form, QWid
 
 ExportWindow::~ExportWindow() { shared_.window = {}; }
 
-void ExportWindow::show(publish::Publishing& publishing) { view_ = std::make_unique<PublishingView>(*this, publishing); }
+void ExportWindow::show(publish::Publishing& publishing)
+{
+  view_ = std::make_unique<PublishingView>(*this, publishing, language_);
+}
 
 void ExportWindow::onClick(const char* button, std::function<void()> click)
 {
@@ -27,7 +30,7 @@ void ExportWindow::onClick(const char* button, std::function<void()> click)
 
 void ExportWindow::refresh()
 {
-  ui_->labelSeite->setText(shown(shared_.labelSeite));
+  ui_->labelSeite->setText(shown(language_.shownText(shared_.labelSeite)));
   const auto& progress = shared_.ProgressBar1;
   ui_->ProgressBar1->setVisible(progress.Visible);
   ui_->ProgressBar1->setMaximum(static_cast<int>(progress.Max));

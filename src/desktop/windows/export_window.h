@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/seams/qt_controls.h"
+#include "frame/messages/messages.h"
 #include "generator/export_dialog.h"
 #include "publish/publishing.h"
 
@@ -30,7 +31,7 @@ public:
 
 protected:
   /// `name` is the window's in the language tables.
-  ExportWindow(const char* name, generator::ExportDialog& form, QWidget* parent);
+  ExportWindow(const char* name, generator::ExportDialog& form, messages::Language& language, QWidget* parent);
 
   /// Loads the form and connects the controls that both dialogs have.
   template <class Form>
@@ -67,6 +68,7 @@ private:
   void onClick(const char* button, std::function<void()> click);
 
   generator::ExportDialog& shared_;
+  messages::Language& language_;
   std::unique_ptr<PublishingView> view_;
   std::function<void()> stop_ = [] {};
   bool loaded_ = false;

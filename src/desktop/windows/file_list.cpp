@@ -33,8 +33,9 @@ QIcon centred(const QIcon& icon)
 
 } // namespace
 
-FileList::FileList(pictures::FrmFileScan& form, pictures::ListBox& box, ThumbnailMaker& thumbnails, FileListView& view)
-    : form_(form), box_(box), thumbnails_(thumbnails), view_(view)
+FileList::FileList(pictures::FrmFileScan& form, messages::Language& language, pictures::ListBox& box, ThumbnailMaker& thumbnails,
+                   FileListView& view)
+    : form_(form), language_(language), box_(box), thumbnails_(thumbnails), view_(view)
 {
   paletteChanged();
   view_.setModel(this);
@@ -53,7 +54,7 @@ QVariant FileList::data(const QModelIndex& index, int role) const
   switch (role) {
   case Qt::DisplayRole:
   case Qt::ToolTipRole:
-    return shownPath("\\" + entry.text).mid(1);
+    return shownPath("\\" + language_.shownText(entry.text)).mid(1);
   case Qt::DecorationRole:
     return picture(entry);
   default:

@@ -2,6 +2,7 @@
 
 #include "desktop/controls/file_list_view.h"
 #include "desktop/controls/thumbnail_maker.h"
+#include "frame/messages/messages.h"
 #include "pictures/file_scan.h"
 
 #include <QAbstractListModel>
@@ -16,7 +17,8 @@ namespace mrd::desktop {
 class FileList : public QAbstractListModel {
 public:
   /// `box` is a list of `form`.
-  FileList(pictures::FrmFileScan& form, pictures::ListBox& box, ThumbnailMaker& thumbnails, FileListView& view);
+  FileList(pictures::FrmFileScan& form, messages::Language& language, pictures::ListBox& box, ThumbnailMaker& thumbnails,
+           FileListView& view);
 
   /// The entries are other ones; the user stays at the place where he was.
   void refresh();
@@ -37,6 +39,7 @@ private:
   QIcon picture(const pictures::ListEntry& entry) const;
 
   pictures::FrmFileScan& form_;
+  messages::Language& language_;
   pictures::ListBox& box_;
   ThumbnailMaker& thumbnails_;
   FileListView& view_;

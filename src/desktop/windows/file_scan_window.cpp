@@ -99,8 +99,8 @@ FrmFileScanWindow::FrmFileScanWindow(Form& form, messages::Language& language, Q
   // Captions are written with the sign for a letter; this one names no field.
   ui_->LabelHinweis->setText(ui_->LabelHinweis->text().replace("&&", "&"));
   resize(kFirstSize);
-  found_ = std::make_unique<FileList>(form_, form_.List1, thumbnails_, *ui_->List1);
-  chosen_ = std::make_unique<FileList>(form_, form_.Listpix, thumbnails_, *ui_->Listpix);
+  found_ = std::make_unique<FileList>(form_, language_, form_.List1, thumbnails_, *ui_->List1);
+  chosen_ = std::make_unique<FileList>(form_, language_, form_.Listpix, thumbnails_, *ui_->Listpix);
   form_.window.refresh = [this] { form_.isScanning() ? refreshDuringScan() : refresh(); };
   form_.window.unload = [this] { hide(); };
   form_.window.focusInsert = [this] { ui_->cbeinfügen->setFocus(); };
@@ -204,7 +204,7 @@ void FrmFileScanWindow::connectConversion()
       return;
     form_.Slider1 = value;
     form_.Slider1_Scroll();
-    ui_->Slider1->setToolTip(shown(form_.sliderToolTip));
+    showSliderTip();
     QToolTip::showText(ui_->Slider1->mapToGlobal(QPoint(ui_->Slider1->width() / 2, 0)), ui_->Slider1->toolTip(), ui_->Slider1);
   });
 }
@@ -269,7 +269,7 @@ void FrmFileScanWindow::refresh()
 
 void FrmFileScanWindow::refreshDuringScan()
 {
-  ui_->Command1->setText(shown(form_.Command1));
+  ui_->Command1->setText(shown(language_.shownText(form_.Command1)));
   if (sinceShown_.isValid() && sinceShown_.elapsed() < kShowMilliseconds)
     return;
   sinceShown_.start();
@@ -280,7 +280,7 @@ void FrmFileScanWindow::refreshDuringScan()
 
 void FrmFileScanWindow::showCounts()
 {
-  ui_->Command1->setText(shown(form_.Command1));
+  ui_->Command1->setText(shown(language_.shownText(form_.Command1)));
   ui_->labelanz->setText(shown(form_.labelanz));
   ui_->LabelNeu->setText(shown(form_.LabelNeu));
   ui_->Labelalt->setText(shown(form_.Labelalt));
@@ -302,7 +302,7 @@ void FrmFileScanWindow::showOptions()
   showLine(*ui_->tbtabspalten, shown(form_.tbtabspalten));
   showLine(*ui_->tbpixel, shown(form_.tbpixel));
   ui_->Slider1->setValue(form_.Slider1);
-  ui_->Slider1->setToolTip(shown(form_.sliderToolTip));
+  showSliderTip();
   showing_ = false;
 }
 
@@ -316,6 +316,8 @@ void FrmFileScanWindow::showStates()
   for (QWidget* const widget : std::initializer_list<QWidget*>{ui_->cbshare, ui_->tbshare, ui_->cbeinfügen, ui_->cbrotieren})
     widget->setEnabled(!form_.isScanning());
 }
+
+void FrmFileScanWindow::showSliderTip() { ui_->Slider1->setToolTip(shown(language_.shownText(form_.sliderToolTip))); }
 
 void FrmFileScanWindow::nameControls()
 {

@@ -46,6 +46,7 @@ private:
   void showCounts();
   void showOptions();
   void showStates();
+  void showSliderTip();
   void nameControls();
 
   Form& form_;

@@ -58,7 +58,7 @@ void FormDialogs::closeAll()
 
 void FormDialogs::showModal(mainform::FrmAssistent& form)
 {
-  FrmAssistentWindow dialog(form, &owner_);
+  FrmAssistentWindow dialog(form, owner_.form().program().language, &owner_);
   run(dialog, owner_);
 }
 
@@ -70,7 +70,7 @@ void FormDialogs::showModal(mainform::FrmSicherung& form)
 
 void FormDialogs::showModal(mainform::frmAbout& form)
 {
-  FrmAboutWindow dialog(form, &owner_);
+  FrmAboutWindow dialog(form, owner_.form().program().language, &owner_);
   run(dialog, owner_);
 }
 
@@ -82,14 +82,14 @@ void FormDialogs::showModal(pagetree::frmMove1& form)
 
 void FormDialogs::showModal(publish::frmHTMLExport& form)
 {
-  FrmHtmlExportWindow dialog(form, &owner_);
+  FrmHtmlExportWindow dialog(form, owner_.form().program().language, &owner_);
   if (dialog.isLoaded())
     run(dialog, owner_);
 }
 
 void FormDialogs::showModal(imode::frmimode& form)
 {
-  FrmImodeWindow dialog(form, &owner_);
+  FrmImodeWindow dialog(form, owner_.form().program().language, &owner_);
   if (dialog.isLoaded())
     run(dialog, owner_);
 }
@@ -188,7 +188,7 @@ void FormDialogs::show(shop::frmmrdshop& form)
 {
   // The window of a dialog that is over goes by itself.
   if (!shop_ || !form.isOpen()) {
-    shop_ = new FrmShopWindow(form, &owner_);
+    shop_ = new FrmShopWindow(form, owner_.form().program().language, &owner_);
     connectHelp(*shop_, owner_);
   }
   owner_.hideSplash();

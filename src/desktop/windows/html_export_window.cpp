@@ -5,8 +5,8 @@
 
 namespace mrd::desktop {
 
-FrmHtmlExportWindow::FrmHtmlExportWindow(publish::frmHTMLExport& form, QWidget* parent)
-    : ExportWindow("frmHTMLExport", form, parent), form_(form)
+FrmHtmlExportWindow::FrmHtmlExportWindow(publish::frmHTMLExport& form, messages::Language& language, QWidget* parent)
+    : ExportWindow("frmHTMLExport", form, language, parent), form_(form)
 {
   load(form_);
   connect(ui_->OpAlle, &QRadioButton::clicked, this, [this] { form_.OpAlle_Click(); });

@@ -7,7 +7,7 @@ namespace mrd::desktop {
 
 class FrmHtmlExportWindow : public ExportWindow {
 public:
-  explicit FrmHtmlExportWindow(publish::frmHTMLExport& form, QWidget* parent = nullptr);
+  FrmHtmlExportWindow(publish::frmHTMLExport& form, messages::Language& language, QWidget* parent = nullptr);
 
 private:
   void refresh() override;

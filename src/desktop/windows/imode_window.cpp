@@ -4,7 +4,8 @@
 
 namespace mrd::desktop {
 
-FrmImodeWindow::FrmImodeWindow(imode::frmimode& form, QWidget* parent) : ExportWindow("frmimode", form, parent)
+FrmImodeWindow::FrmImodeWindow(imode::frmimode& form, messages::Language& language, QWidget* parent)
+    : ExportWindow("frmimode", form, language, parent)
 {
   // Every run writes all pages, under their own names, and nobody can give up waiting for a command.
   for (QWidget* const lacking : std::initializer_list<QWidget*>{

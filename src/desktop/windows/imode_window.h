@@ -7,7 +7,7 @@ namespace mrd::desktop {
 
 class FrmImodeWindow : public ExportWindow {
 public:
-  explicit FrmImodeWindow(imode::frmimode& form, QWidget* parent = nullptr);
+  FrmImodeWindow(imode::frmimode& form, messages::Language& language, QWidget* parent = nullptr);
 };
 
 } // namespace mrd::desktop

@@ -87,6 +87,15 @@ constexpr int kAuctionPage = 4;
 constexpr std::array kHeadTypes{&Window::Opimmodekopf_0, &Window::Opimmodekopf_1, &Window::Opimmodekopf_2,
                                 &Window::Opimmodekopf_3};
 
+/// The list in the language of the screen.
+ComboBox inLanguage(ComboBox box, messages::Language& language)
+{
+  for (auto& entry : box.entries)
+    entry = language.shownText(entry);
+  box.Text = language.shownText(box.Text);
+  return box;
+}
+
 /// Entries, choice and text of a list; a text that is no entry is shown all the same.
 void showList(QComboBox& widget, const ComboBox& box)
 {
@@ -319,7 +328,7 @@ void MainformFields::showPage()
   ui_.FrmEbay->setVisible(page.opseitentyp == kAuctionPage);
 }
 
-void MainformFields::showCaption() { window_.setWindowTitle(shown(form_.pages().fields.caption)); }
+void MainformFields::showCaption() { window_.setWindowTitle(shown(language().shownText(form_.pages().fields.caption))); }
 
 void MainformFields::showSettings()
 {
@@ -331,7 +340,7 @@ void MainformFields::showSettings()
   for (const auto& [widget, field] : kChecks)
     (ui_.*widget)->setChecked(fields.*field);
   for (const auto& [widget, field] : kLists)
-    showList(*(ui_.*widget), fields.*field);
+    showList(*(ui_.*widget), inLanguage(fields.*field, language()));
   ui_.CheckRundeEcke->setChecked(fields.CheckRundeEcke);
   (fields.OptionVorschauMitTitel ? ui_.OptionVorschauMitTitel : ui_.OptionVorschauOhneTitel)->setChecked(true);
   (ui_.*kHeadTypes[static_cast<std::size_t>(fields.Opimmodekopf)])->setChecked(true);
@@ -398,7 +407,7 @@ void MainformFields::showBand()
 void MainformFields::showHeadPicture()
 {
   const Fields& fields = form_.settings().fields();
-  ui_.Lblimodegif->setText(shownPath(fields.Lblimodegif));
+  ui_.Lblimodegif->setText(shownPath(language().shownText(fields.Lblimodegif)));
   ui_.picImodeKopf->setPicture(shownPath(fields.picImodeKopf));
 }
 

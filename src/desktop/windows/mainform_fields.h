@@ -54,6 +54,8 @@ private:
   void nameControls();
 
   Ui::Mainform& ui_;
+  messages::Language& language() { return form_.program().language; }
+
   mainform::Mainform& form_;
   const QtControls& controls_;
   QWidget& window_;

@@ -52,7 +52,11 @@ void MainformScreen::setToolbarButton(std::string_view toolbar, int button, cons
 
 void MainformScreen::setCurrentTabTexts(std::string_view control, const ui::ControlTexts& texts)
 {
-  controls_.setCurrentTabTexts(control, texts);
+  ui::ControlTexts shown = texts;
+  // The caption of the head's tab is a word of the system, the others come from the language tables already.
+  if (shown.caption && window_.form_)
+    shown.caption = window_.form_->program().language.shownText(*shown.caption);
+  controls_.setCurrentTabTexts(control, shown);
 }
 
 void MainformScreen::setMenuChecked(std::string_view menu, bool checked)

@@ -14,7 +14,8 @@ constexpr int kResizedMilliseconds = 120;
 } // namespace
 
 ObjektAnzeigenWindow::ObjektAnzeigenWindow(pictures::formobjektanzeigen& form, messages::Language& language, QWidget* parent)
-    : QDialog(parent), form_(form), ui_(std::make_unique<Ui::formobjektanzeigen>()), LEAD1_(new PictureCanvas)
+    : QDialog(parent), form_(form), language_(language), ui_(std::make_unique<Ui::formobjektanzeigen>()),
+      LEAD1_(new PictureCanvas)
 {
   ui_->setupUi(this);
   setAttribute(Qt::WA_ShowWithoutActivating);
@@ -23,7 +24,7 @@ ObjektAnzeigenWindow::ObjektAnzeigenWindow(pictures::formobjektanzeigen& form, m
   ui_->scroll->setWidget(LEAD1_);
   resize(kFirstSize);
   QtControls controls(*this, "formobjektanzeigen");
-  language.Setlanguage(controls);
+  language_.Setlanguage(controls);
   firstTitle_ = windowTitle();
   form_.window.refresh = [this] { refresh(); };
   form_.window.unload = [this] {
@@ -60,7 +61,7 @@ void ObjektAnzeigenWindow::refresh()
 {
   const bool isFirst = form_.caption == pictures::formobjektanzeigen::kFirstCaption;
   setWindowTitle(isFirst ? firstTitle_ : shownPath(form_.caption));
-  ui_->LabelInfo->setText(shown(form_.LabelInfo));
+  ui_->LabelInfo->setText(shown(language_.shownText(form_.LabelInfo)));
   ui_->checkstretch->setChecked(form_.checkstretch);
   ui_->scroll->setVisible(form_.isPictureVisible());
   ui_->picbild->setVisible(!form_.isPictureVisible());

@@ -30,6 +30,7 @@ private:
   image::Size room() const;
 
   pictures::formobjektanzeigen& form_;
+  messages::Language& language_;
   std::unique_ptr<Ui::formobjektanzeigen> ui_;
   PictureCanvas* LEAD1_;
   QString firstTitle_;

@@ -52,12 +52,13 @@ QItemSelection selectionOf(const QListWidget& list, const publish::ListBox& entr
 
 } // namespace
 
-PublishingView::PublishingView(QWidget& window, publish::Publishing& publishing)
-    : publishing_(publishing), tabFTP_(find<QTabWidget>(window, "tabFTP")), ListFTPpix_(find<QListWidget>(window, "ListFTPpix")),
-      ListFTPHTML_(find<QListWidget>(window, "ListFTPHTML")), ListLauf_(find<QTreeWidget>(window, "ListLauf")),
-      LabelLauf_(find<QLabel>(window, "LabelLauf")), Labelftpverzeichnis_(find<QLabel>(window, "Labelftpverzeichnis")),
-      labelSeite_(find<QLabel>(window, "labelSeite")), LabelErklärung_(find<QLabel>(window, "LabelErklärung")),
-      cberneut_(find<QPushButton>(window, "cberneut")), labelSekunden_(window.findChild<QPushButton*>("labelSekunden"))
+PublishingView::PublishingView(QWidget& window, publish::Publishing& publishing, messages::Language& language)
+    : publishing_(publishing), language_(language), tabFTP_(find<QTabWidget>(window, "tabFTP")),
+      ListFTPpix_(find<QListWidget>(window, "ListFTPpix")), ListFTPHTML_(find<QListWidget>(window, "ListFTPHTML")),
+      ListLauf_(find<QTreeWidget>(window, "ListLauf")), LabelLauf_(find<QLabel>(window, "LabelLauf")),
+      Labelftpverzeichnis_(find<QLabel>(window, "Labelftpverzeichnis")), labelSeite_(find<QLabel>(window, "labelSeite")),
+      LabelErklärung_(find<QLabel>(window, "LabelErklärung")), cberneut_(find<QPushButton>(window, "cberneut")),
+      labelSekunden_(window.findChild<QPushButton*>("labelSekunden"))
 {
   ListLauf_.header()->setSectionResizeMode(Name, QHeaderView::ResizeToContents);
   // Measured at the rows in sight: a run can have thousands.
@@ -89,13 +90,13 @@ void PublishingView::refresh()
 {
   const auto& channel = publishing_.channel;
   Labelftpverzeichnis_.setText(shown(publishing_.Labelftpverzeichnis));
-  labelSeite_.setToolTip(shown(channel.labelSeite.toolTip));
+  labelSeite_.setToolTip(shown(language_.shownText(channel.labelSeite.toolTip)));
   LabelErklärung_.setText(shown(publishing_.explanation));
   LabelErklärung_.setVisible(!publishing_.explanation.empty());
   cberneut_.setEnabled(!publishing_.isRunning() && publishing_.files.hasUnsent());
   if (!labelSekunden_)
     return;
-  labelSekunden_->setText(shown(channel.labelSekunden.caption));
+  labelSekunden_->setText(shown(language_.shownText(channel.labelSekunden.caption)));
   labelSekunden_->setVisible(channel.labelSekunden.isVisible);
 }
 

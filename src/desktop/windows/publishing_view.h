@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/messages/messages.h"
 #include "publish/publishing.h"
 
 #include <QObject>
@@ -17,7 +18,7 @@ namespace mrd::desktop {
 class PublishingView : public QObject {
 public:
   /// The window has the controls, and outlives this.
-  PublishingView(QWidget& window, publish::Publishing& publishing);
+  PublishingView(QWidget& window, publish::Publishing& publishing, messages::Language& language);
   ~PublishingView() override;
 
   /// Shows status, seconds and buttons; the lists are shown when they change.
@@ -32,6 +33,7 @@ private:
   void fill(QTreeWidgetItem& item, const publish::RunFile& file) const;
 
   publish::Publishing& publishing_;
+  messages::Language& language_;
   QTabWidget& tabFTP_;
   QListWidget &ListFTPpix_, &ListFTPHTML_;
   QTreeWidget& ListLauf_;

@@ -78,8 +78,8 @@ void showText(QLineEdit& box, const std::string& text)
 
 } // namespace
 
-FrmShopWindow::FrmShopWindow(frmmrdshop& form, QWidget* parent)
-    : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmmrdshop>())
+FrmShopWindow::FrmShopWindow(frmmrdshop& form, messages::Language& language, QWidget* parent)
+    : QDialog(parent), form_(form), language_(language), ui_(std::make_unique<Ui::frmmrdshop>())
 {
   ui_->setupUi(this);
   setAttribute(Qt::WA_DeleteOnClose);
@@ -144,7 +144,7 @@ void FrmShopWindow::refresh()
     showText(*(ui_.get()->*box), form_.*field);
   for (const auto& [first, second, field] : kOptions)
     (ui_.get()->*(form_.*field ? first : second))->setChecked(true);
-  ui_->Data1->setText(shown(form_.Data1.caption));
+  ui_->Data1->setText(shown(language_.shownText(form_.Data1.caption)));
 }
 
 void FrmShopWindow::closeEvent(QCloseEvent* event)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/messages/messages.h"
 #include "shop/shop_form.h"
 
 #include <QDialog>
@@ -15,7 +16,7 @@ namespace mrd::desktop {
 /// Stays above the main window while the user goes on in it, and is gone when it is closed.
 class FrmShopWindow : public QDialog {
 public:
-  explicit FrmShopWindow(shop::frmmrdshop& form, QWidget* parent = nullptr);
+  FrmShopWindow(shop::frmmrdshop& form, messages::Language& language, QWidget* parent = nullptr);
   ~FrmShopWindow() override;
 
   /// As the close box does.
@@ -32,6 +33,7 @@ private:
   QWidget& control(std::string_view name, std::optional<int> index) const;
 
   shop::frmmrdshop& form_;
+  messages::Language& language_;
   std::unique_ptr<Ui::frmmrdshop> ui_;
   /// The form object has closed the window, and asks nothing more.
   bool unloading_ = false;

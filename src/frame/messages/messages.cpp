@@ -174,6 +174,24 @@ std::string Language::textOf(int MsgNo, std::string_view Wert, std::string_view 
   return message ? composeText(*message, Wert, Position) : std::string(Wert);
 }
 
-void Language::close() { dbLanguage_.reset(); }
+std::string Language::shownText(std::string_view text)
+{
+  if (Sprache_ == "GER" || !dbLanguage_)
+    return std::string(text);
+  try {
+    if (!translations_ || translations_->Sprache() != Sprache_)
+      translations_.emplace(*dbLanguage_, Sprache_);
+    return translations_->text(text);
+  } catch (const Error&) {
+    // A damaged language database costs the translation, not what is to be said.
+    return std::string(text);
+  }
+}
+
+void Language::close()
+{
+  translations_.reset();
+  dbLanguage_.reset();
+}
 
 } // namespace mrd::messages

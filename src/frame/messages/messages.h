@@ -2,6 +2,7 @@
 // Numbered messages and captions in the user's language, from the language database.
 
 #include "base/errors.h"
+#include "frame/messages/translations.h"
 #include "frame/paths/paths.h"
 #include "platform/dao/database.h"
 #include "platform/ui/ui.h"
@@ -40,6 +41,10 @@ public:
   /// database lacks the message.
   std::string textOf(int MsgNo, std::string_view Wert, std::string_view Position);
 
+  /// What a screen shows in place of one of the system's own German texts ("Fertig!"): its form in the current language, where
+  /// the language database has one; else the text itself. Never throws.
+  std::string shownText(std::string_view text);
+
   /// Closes the language database.
   void close();
 
@@ -55,6 +60,8 @@ private:
   std::string Sprache_ = "GER";
   std::string LangFile_;
   std::optional<dao::Database> dbLanguage_;
+  /// Of the language that was asked for last; made when it is needed.
+  std::optional<Translations> translations_;
 };
 
 } // namespace mrd::messages

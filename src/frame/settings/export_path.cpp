@@ -37,11 +37,16 @@ std::string withClosingSeparator(std::string_view directory)
   return path;
 }
 
+void makePictureDirectory(std::string_view exportPath)
+{
+  // A blank field with its separator is the root of all: no site lies there.
+  if (exportPath != "\\")
+    files::makeDirectory(std::string(exportPath) + "pix\\");
+}
+
 void makeExportTree(std::string_view exportPath, const paths::ProgramFiles& program)
 {
-  const auto pix = std::string(exportPath) + "pix\\";
-  if (!files::directoryExists(pix))
-    files::makeDirectory(pix);
+  makePictureDirectory(exportPath);
   for (const auto name : kStandingFiles)
     copyStandingFile(name, exportPath, program);
 }

@@ -13,6 +13,10 @@ namespace mrd::settings {
 /// into the system's form.
 std::string withClosingSeparator(std::string_view directory);
 
+/// Makes the directory `pix`, which holds all pictures of a site, below an export directory; one that is there is no failure.
+/// Throws PathNotFound where the export directory itself is missing. Safe on several threads at once.
+void makePictureDirectory(std::string_view exportPath);
+
 /// Makes the directory `pix` below an export directory, and copies the standing files that are missing there and that the program
 /// directory has.
 void makeExportTree(std::string_view exportPath, const paths::ProgramFiles& program);

@@ -61,7 +61,11 @@ public:
   virtual std::optional<int> colourDialog(int colour) = 0;
 
   /// Something that a user at a window sees for himself, and one who reads a log does not.
+  virtual void remark(std::string_view) {}
+  /// What the work at hand goes on in spite of: a log has it at once, a window all together when tellWarnings is called.
   virtual void warning(std::string_view) {}
+  /// The work is done, or has failed: what it warned of is told.
+  virtual void tellWarnings() {}
   virtual void status(StatusPlace place, std::string_view text) = 0;
   /// Progress of long work: `value` of `maximum` steps done.
   virtual void progress(std::size_t value, std::size_t maximum) = 0;

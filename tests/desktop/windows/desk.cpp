@@ -100,7 +100,7 @@ Desk::Desk(ProgramHome& programHome)
       program_(std::make_unique<mainform::Program>(paths::ProgramFiles(programHome.directory.path()), clock_, ui_)),
       window_(std::make_unique<MainformWindow>(*program_, ui_, userSettings))
 {
-  ui_.setLanguage([this] { return program_->language.Sprache(); });
+  ui_.setLanguage(&program_->language);
 }
 
 Desk::~Desk()

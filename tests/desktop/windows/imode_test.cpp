@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QTabWidget>
 
 #include <gmock/gmock.h>
@@ -80,6 +82,45 @@ TEST_F(ImodeDesk, writes_the_edition_from_its_dialog)
   EXPECT_TRUE(std::filesystem::exists(site / "imode" / "01.htm"));
   EXPECT_TRUE(std::filesystem::exists(site / "imode" / "pix"));
   EXPECT_EQ(desk.answers.dialogTitles.size(), 1U);
+  EXPECT_THAT(desk.answers.boxes, IsEmpty());
+}
+
+TEST_F(ImodeDesk, tells_at_the_end_of_a_run_of_all_pictures_that_could_not_be_made_small)
+{
+  std::filesystem::create_directories(site / "pix");
+  std::string page;
+  for (int picture = 10; picture < 40; ++picture) {
+    const auto name = "kaputt" + std::to_string(picture) + ".jpg";
+    project.directory().write("site/pix/" + name, "kein Bild");
+    page += "<img src=\"file://" + project.directory().path() + "\\site\\pix/" + name + "\">";
+  }
+  for (const auto* const id : {"00", "01"})
+    project.db().execute("UPDATE Seite SET html = ? WHERE ID = ?", {page, id});
+  Desk desk(home);
+  ASSERT_TRUE(desk.start());
+  QString text, lines;
+  bool scrolls = false, isDone = false;
+  const auto look = [&](QDialog& box) {
+    text = box.findChild<QLabel*>("LabelWarnings")->text();
+    const auto& list = *box.findChild<QPlainTextEdit*>("ListWarnings");
+    lines = list.toPlainText();
+    scrolls = list.verticalScrollBar()->maximum() > 0;
+    box.findChild<QAbstractButton*>("cbok")->click();
+  };
+
+  inTheDialog(desk, [&](QDialog& dialog) {
+    desk.answers.dialogs.push_back(look);
+    click(dialog, "cbHTML");
+    isDone = ImodeDesk::text(dialog, "labelSeite") == "Fertig!";
+  });
+
+  EXPECT_TRUE(isDone);
+  EXPECT_EQ(text, "Die Arbeit ist getan, aber nicht alles ist gelungen:");
+  EXPECT_EQ(lines.count("kaputt"), 30);
+  EXPECT_EQ(lines.count('\n'), 29);
+  EXPECT_TRUE(lines.contains("kaputt39.jpg: Die Datei ist kein Bild von bekannter Art."));
+  EXPECT_TRUE(scrolls);
+  EXPECT_EQ(desk.answers.dialogTitles.size(), 2U);
   EXPECT_THAT(desk.answers.boxes, IsEmpty());
 }
 

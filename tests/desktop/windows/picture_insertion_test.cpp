@@ -8,6 +8,7 @@
 #include <QMimeData>
 #include <QRadioButton>
 #include <QSlider>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
@@ -52,6 +53,28 @@ TEST_F(PictureWindows, take_photographs_from_a_folder_to_the_page)
   EXPECT_TRUE(std::filesystem::exists(project.directory().native() / "site/pix/01_moewe_580.jpg"));
   EXPECT_TRUE(desk->form().pages().PageDirty());
   EXPECT_THAT(desk->answers.boxes, IsEmpty());
+}
+
+TEST_F(PictureWindows, bring_pictures_into_an_empty_directory_that_the_assistant_has_taken_over)
+{
+  const auto empty = project.directory().native() / "leer";
+  std::filesystem::create_directory(empty);
+  photo("a.jpg");
+  desk->answers.dialogs = {[&](QDialog& dialog) {
+    dialog.findChild<QLineEdit*>("tbexportpfad")->setText(QString::fromStdString(empty.string()));
+    dialog.findChild<QTabWidget*>("TabAssistent")->setCurrentIndex(2);
+    dialog.findChild<QAbstractButton*>("cbschliessen")->click();
+  }};
+  desk->action("HelpSub1_3").trigger();
+  EXPECT_TRUE(std::filesystem::is_empty(empty));
+
+  open("pix_mehrere");
+  scanAndChooseAll();
+  press("cbeinfügen");
+
+  desk->settle();
+  EXPECT_THAT(desk->answers.boxes, IsEmpty());
+  EXPECT_TRUE(std::filesystem::exists(empty / "pix/a.jpg"));
 }
 
 TEST_F(PictureWindows, make_a_page_for_each_photograph)

@@ -1,4 +1,6 @@
 #include "frame/settings/export_path.h"
+
+#include "base/errors.h"
 #include "support/temporary.h"
 
 #include <gmock/gmock.h>
@@ -81,6 +83,16 @@ TEST_F(ExportPathTest, that_must_exist_is_reported_and_nothing_is_made)
   EXPECT_EQ(existingExportPath("", program), std::nullopt);
 
   EXPECT_FALSE(fs::exists(home.native() / "exportpfad"));
+}
+
+TEST_F(ExportPathTest, gets_its_picture_directory_once_and_only_where_it_is_there_itself)
+{
+  makePictureDirectory(site.path() + "\\");
+  makePictureDirectory(site.path() + "\\");
+
+  EXPECT_TRUE(fs::is_directory(site.native() / "pix"));
+  EXPECT_FALSE(fs::exists(site.native() / "mrdnav.js"));
+  EXPECT_THROW(makePictureDirectory(site.file("fehlt\\")), base::Error);
 }
 
 TEST_F(ExportPathTest, that_must_exist_and_does_is_made_ready)

@@ -58,6 +58,8 @@ TEST(UserLayout, that_is_malformed_gives_empty_pages_without_a_message)
 
   EXPECT_TRUE(outcome.finished);
   EXPECT_THAT(site.ui.messages, IsEmpty());
+  // At the end of the run, together with all else that it went on in spite of.
+  EXPECT_EQ(site.ui.toldWarnings.size(), 1U);
   // The root's line end, the banner's three, the root's two, the print's.
   EXPECT_EQ(site.page("index.htm"), lines("¶¶¶¶¶¶¶"));
 }
