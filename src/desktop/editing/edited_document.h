@@ -1,7 +1,6 @@
 #pragma once
 // The document in the other process, as the surface knows it.
 
-#include "desktop/editing/clipboard_content.h"
 #include "desktop/editing/edited_page.h"
 #include "desktop/editing/pressed_keys.h"
 #include "desktop/editing/site_files.h"
@@ -42,17 +41,14 @@ public:
   std::optional<QVariant> ask(const QString& function, const QJsonArray& arguments = {});
 
   bool run(int command, const QJsonValue& argument);
-  bool runWithPrompt(int command, std::string_view given);
   void takeDisplay();
-  bool chooseFont();
-  bool copy();
-  bool paste();
-  bool pasteText();
-  bool pastePicture(const ClipboardPicture& picture);
   std::string value(int command) const;
+  int documents() const { return documents_; }
 
   ui::SurfaceEvents events;
-  ui::SurfacePrompts prompts;
+  /// Keys or mouse paste the picture of the clipboard, or this HTML, or where a page cannot take that, this text.
+  std::function<void()> onPastePicture = [] {};
+  std::function<void(const QString& html, const QString& text)> onPasteHtml = [](const QString&, const QString&) {};
   std::string language = "GER";
   std::string background, foreground, rules;
   bool borders = false, details = false, snaps = false;
@@ -61,10 +57,6 @@ public:
   QWebEngineView view;
 
 private:
-  bool askForLink();
-  bool askForPicture();
-  void whenFree(const std::function<void()>& paste, int document);
-  bool pasteHtml(const QString& html, const QString& text);
   void connectNotes();
   void later(std::function<void()> work);
   void openPage();
