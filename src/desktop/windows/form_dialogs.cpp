@@ -42,6 +42,23 @@ void run(QDialog& dialog, MainformWindow& owner)
   dialog.exec();
 }
 
+/// Shows a form object in a window of its own until that is closed.
+template <class Window, class Form>
+void runWindow(Form& form, MainformWindow& owner)
+{
+  Window dialog(form, &owner);
+  run(dialog, owner);
+}
+
+/// The same for one whose form object can refuse to load.
+template <class Window, class Form>
+void runIfLoaded(Form& form, MainformWindow& owner)
+{
+  Window dialog(form, &owner);
+  if (dialog.isLoaded())
+    run(dialog, owner);
+}
+
 } // namespace
 
 FormDialogs::FormDialogs(MainformWindow& owner) : owner_(owner) {}
@@ -56,79 +73,29 @@ void FormDialogs::closeAll()
   converter_.reset();
 }
 
-void FormDialogs::showModal(mainform::FrmAssistent& form)
-{
-  FrmAssistentWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(mainform::FrmAssistent& form) { runWindow<FrmAssistentWindow>(form, owner_); }
 
-void FormDialogs::showModal(mainform::FrmSicherung& form)
-{
-  SicherungWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(mainform::FrmSicherung& form) { runWindow<SicherungWindow>(form, owner_); }
 
-void FormDialogs::showModal(mainform::frmAbout& form)
-{
-  FrmAboutWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(mainform::frmAbout& form) { runWindow<FrmAboutWindow>(form, owner_); }
 
-void FormDialogs::showModal(pagetree::frmMove1& form)
-{
-  FrmMoveWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(pagetree::frmMove1& form) { runWindow<FrmMoveWindow>(form, owner_); }
 
-void FormDialogs::showModal(publish::frmHTMLExport& form)
-{
-  FrmHtmlExportWindow dialog(form, &owner_);
-  if (dialog.isLoaded())
-    run(dialog, owner_);
-}
+void FormDialogs::showModal(publish::frmHTMLExport& form) { runIfLoaded<FrmHtmlExportWindow>(form, owner_); }
 
-void FormDialogs::showModal(imode::frmimode& form)
-{
-  FrmImodeWindow dialog(form, &owner_);
-  if (dialog.isLoaded())
-    run(dialog, owner_);
-}
+void FormDialogs::showModal(imode::frmimode& form) { runIfLoaded<FrmImodeWindow>(form, owner_); }
 
-void FormDialogs::showModal(editor::FrmBild& form)
-{
-  BildWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(editor::FrmBild& form) { runWindow<BildWindow>(form, owner_); }
 
-void FormDialogs::showModal(editor::FrmSchriftart& form)
-{
-  SchriftartWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(editor::FrmSchriftart& form) { runWindow<SchriftartWindow>(form, owner_); }
 
-void FormDialogs::showModal(editor::FrmTabelleneigenschaften& form)
-{
-  TabelleneigenschaftenWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(editor::FrmTabelleneigenschaften& form) { runWindow<TabelleneigenschaftenWindow>(form, owner_); }
 
-void FormDialogs::showModal(editor::FrmVerweis& form)
-{
-  VerweisWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(editor::FrmVerweis& form) { runWindow<VerweisWindow>(form, owner_); }
 
-void FormDialogs::showModal(editor::InsertHTMLDlg& form)
-{
-  InsertHtmlWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(editor::InsertHTMLDlg& form) { runWindow<InsertHtmlWindow>(form, owner_); }
 
-void FormDialogs::showModal(editor::InsertTableDlg& form)
-{
-  InsertTableWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(editor::InsertTableDlg& form) { runWindow<InsertTableWindow>(form, owner_); }
 
 void FormDialogs::show(editor::FormSuchenErsetzen& form)
 {
