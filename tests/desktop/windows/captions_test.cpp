@@ -33,12 +33,9 @@ class Captions : public testing::TestWithParam<const char*> {
 protected:
   Captions()
   {
-    home.setIniValue("LastFile", "File1", project.file());
+    home.lastWorkedOn(project.file(), 17700, 12000);
     home.setIniValue("Language", "Lang", GetParam());
-    files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] :
-         {std::pair{"Assistent", "nein"}, {"MainWidth", "17700"}, {"MainHeight", "12000"}, {"picSplitterLeft", "2400"}})
-      settings.setValue("Settings", key, value);
+    files::UserSettings(home.userSettingsFile()).setValue("Settings", "picSplitterLeft", "2400");
   }
 
   /// Controls whose text needs more room than they have.

@@ -29,10 +29,7 @@ struct PictureWindows : testing::Test {
     std::filesystem::create_directories(project.directory().native() / "site/pix");
     std::filesystem::create_directories(project.directory().native() / "fotos");
     project.setSetting("Exportpfad", project.directory().file("site\\"));
-    home.setIniValue("LastFile", "File1", project.file());
-    files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] : {std::pair{"Assistent", "nein"}, {"MainWidth", "15000"}, {"MainHeight", "9000"}})
-      settings.setValue("Settings", key, value);
+    home.lastWorkedOn(project.file());
     settings.setValue("Settings", "search", fotos());
     desk = std::make_unique<Desk>(home);
     desk->start();
