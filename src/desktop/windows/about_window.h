@@ -12,6 +12,7 @@ class frmAbout;
 
 namespace mrd::desktop {
 
+/// The box that tells what program this is.
 class FrmAboutWindow : public QDialog {
 public:
   explicit FrmAboutWindow(mainform::frmAbout& form, QWidget* parent = nullptr);

@@ -13,6 +13,7 @@ class FrmAssistent;
 
 namespace mrd::desktop {
 
+/// The assistant of the first start.
 class FrmAssistentWindow : public QDialog {
 public:
   explicit FrmAssistentWindow(mainform::FrmAssistent& form, QWidget* parent = nullptr);

@@ -5,6 +5,7 @@
 
 namespace mrd::desktop {
 
+/// The dialog that generates and publishes the site.
 class FrmHtmlExportWindow : public ExportWindow {
 public:
   explicit FrmHtmlExportWindow(publish::frmHTMLExport& form, QWidget* parent = nullptr);
