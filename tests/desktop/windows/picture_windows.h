@@ -30,7 +30,7 @@ struct PictureWindows : testing::Test {
     std::filesystem::create_directories(project.directory().native() / "fotos");
     project.setSetting("Exportpfad", project.directory().file("site\\"));
     home.lastWorkedOn(project.file());
-    settings.setValue("Settings", "search", fotos());
+    files::UserSettings(home.userSettingsFile()).setValue("Settings", "search", fotos());
     desk = std::make_unique<Desk>(home);
     desk->start();
     desk->clickNode("@01");
