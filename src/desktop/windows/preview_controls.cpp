@@ -32,6 +32,12 @@ void colour(QWidget& widget, mainform::ColourUse use, const QColor& colour)
   widget.setPalette(palette);
 }
 
+/// One for each kind of layout.
+std::array<QFrame*, 4> previewsOf(const Ui::Mainform& ui)
+{
+  return {ui.frmhintergrund, ui.frmVorschauTablaschen, ui.FrmVorschauOhneAlles, ui.FrmVorschaubenutzerdefiniert};
+}
+
 } // namespace
 
 PreviewControls::PreviewControls(MainformParts& parts) : parts_(parts)
@@ -78,8 +84,7 @@ void PreviewControls::fitPreviews()
 {
   const double share = parts_.form.settings().previewShare();
   const int room = parts_.ui.FrmVorschau->contentsRect().width();
-  for (QFrame* const preview : {parts_.ui.frmhintergrund, parts_.ui.frmVorschauTablaschen, parts_.ui.FrmVorschauOhneAlles,
-                                parts_.ui.FrmVorschaubenutzerdefiniert})
+  for (QFrame* const preview : previewsOf(parts_.ui))
     preview->setMaximumWidth(std::max(preview->minimumWidth(), static_cast<int>(room * share)));
 }
 
@@ -116,9 +121,7 @@ void PreviewControls::showBand()
 void PreviewControls::showPreviewBox()
 {
   const auto isThere = [](const QFrame* preview) { return !preview->isHidden(); };
-  const std::array previews{parts_.ui.frmhintergrund, parts_.ui.frmVorschauTablaschen, parts_.ui.FrmVorschauOhneAlles,
-                            parts_.ui.FrmVorschaubenutzerdefiniert};
-  parts_.ui.FrmVorschau->setVisible(std::ranges::any_of(previews, isThere));
+  parts_.ui.FrmVorschau->setVisible(std::ranges::any_of(previewsOf(parts_.ui), isThere));
 }
 
 } // namespace mrd::desktop
