@@ -23,8 +23,9 @@ void addPublish(CLI::App& app, Session& session);
 void addImport(CLI::App& app, Session& session);
 void addRestore(CLI::App& app, Session& session);
 void addPath(CLI::App& app, Session& session);
+void addIni(CLI::App& app, Session& session);
+
 /// The arguments, changed so that the text of a path command is no option even where it looks like one.
 std::vector<const char*> withTextAsItIs(std::span<char* const> arguments);
-void addIni(CLI::App& app, Session& session);
 
 } // namespace mrd::cli

@@ -7,6 +7,7 @@
 
 namespace mrd::editor {
 
+/// What an entry does; None for a line between entries and for a place that has none.
 enum class ContextAction {
   None,
   Cut,

@@ -78,12 +78,14 @@ struct RunPage {
   bool isOfType(Seitentyp type) const { return seitentyp == static_cast<int>(type); }
 };
 
+/// What every run does around its pages; the kinds of runs bring and write them.
 class GenerationRun {
 public:
   virtual ~GenerationRun() = default;
   GenerationRun(const GenerationRun&) = delete;
   GenerationRun& operator=(const GenerationRun&) = delete;
 
+  /// Throws base::Error; pages that were written until then stay.
   RunOutcome run();
 
 protected:

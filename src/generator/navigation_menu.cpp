@@ -4,6 +4,7 @@
 #include "base/stored_text.h"
 #include "base/text.h"
 #include "base/windows1252.h"
+#include "frame/paths/page_file.h"
 #include "generator/placeholders.h"
 
 #include <algorithm>
@@ -42,7 +43,7 @@ NavigationMenu::NavigationMenu(const PageIndex& index, Rows rows, const MenuStyl
 
 std::string NavigationMenu::renderedRow(std::size_t row, const IndexedPage& page) const
 {
-  const std::string target = basislink_ + fileOfPattern(page.dateiname, page.id);
+  const std::string target = basislink_ + paths::fileOfPattern(page.dateiname, page.id);
   return base::toWindows1252(menüzeile(rows_[row], page.Überschrift, target, fields_).append(style_.rowEnd));
 }
 

@@ -3,6 +3,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "base/windows1252.h"
+#include "frame/paths/page_file.h"
 #include "generator/placeholders.h"
 
 namespace mrd::generator {
@@ -13,7 +14,7 @@ using base::kCrLf;
 /// Level of a page in the tree, 1 to 4 below the homepage; 0 for the homepage and for an id that is too short to have one.
 std::size_t levelOf(std::string_view id) { return id == kHomepageId ? 0 : base::length(id) / 2; }
 
-PageLink linkTo(const IndexedPage& page) { return {page.id, page.Überschrift, fileOfPattern(page.dateiname, page.id)}; }
+PageLink linkTo(const IndexedPage& page) { return {page.id, page.Überschrift, paths::fileOfPattern(page.dateiname, page.id)}; }
 
 } // namespace
 

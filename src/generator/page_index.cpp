@@ -21,11 +21,6 @@ std::optional<std::size_t> menuLevel(const IndexedPage& page)
 
 } // namespace
 
-std::string fileOfPattern(std::string_view pattern, std::string_view id)
-{
-  return base::replaceAll(pattern.empty() ? "*.htm" : pattern, "*", id);
-}
-
 PageIndex::PageIndex(dao::Database& db)
 {
   auto rows = db.openSnapshot("select id, Überschrift, [seitentyp-id], dateiname from Seite Order By ID");

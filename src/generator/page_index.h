@@ -27,9 +27,6 @@ struct IndexedPage {
   bool isShown() const { return seitentyp && *seitentyp != static_cast<int>(Seitentyp::Blind); }
 };
 
-/// The output file of a pattern: "*.htm" for an empty one, every "*" replaced.
-std::string fileOfPattern(std::string_view pattern, std::string_view id);
-
 inline constexpr std::string_view kHomepageId = "00";
 inline constexpr std::string_view kHomepageName = "Homepage";
 inline constexpr std::size_t kMenuLevels = 4;

@@ -29,8 +29,9 @@ PictureUse pictureOf(std::string_view path, bool enter = true);
 struct LinkPieces {
   std::string prefix, reference, suffix;
 };
+/// For a value as a document has read it.
 LinkPieces splitLink(std::string_view href);
-/// The same for the value of a text that no document has read: its slashes stay, and the root of a path is part of the window.
+/// For the value of a text that no document has read: its slashes stay, and the root of a path is part of the window.
 LinkPieces splitLinkAsWritten(std::string_view value);
 
 /// What the new references are made of.

@@ -1,6 +1,7 @@
 #include "generator/row_run.h"
 
 #include "base/text.h"
+#include "frame/paths/page_file.h"
 
 #include <utility>
 
@@ -25,7 +26,7 @@ PageLink RowRun::findHomepage() const
   const std::string id(kHomepageId);
   if (page == nullptr)
     return {id, std::string(kHomepageName), std::string(differences_.fileOfMissingHomepage)};
-  return {id, page->Überschrift, fileOfPattern(page->dateiname, "index")};
+  return {id, page->Überschrift, paths::fileOfPattern(page->dateiname, "index")};
 }
 
 void RowRun::generatePages(dao::Recordset& pages)
@@ -56,7 +57,7 @@ std::string RowRun::basislinkFor(const RunPage& page) const
 {
   const bool takesAddress =
       page.isOfType(Seitentyp::External) || (differences_.auctionPagesTakeAddress && page.isOfType(Seitentyp::Auction));
-  return takesAddress && !job_.selection.isPreview() ? basislinkOf(fields_.tbbasisurl) : std::string();
+  return takesAddress && !job_.selection.isPreview() ? paths::basislinkOf(fields_.tbbasisurl) : std::string();
 }
 
 RowRun::PendingPage RowRun::begin(RunPage page)
@@ -140,8 +141,7 @@ std::string RowRun::fileFor(const RunPage& page) const
 {
   if (page.id == kHomepageId)
     return homepage_.file;
-  // A page whose file name is an address of the web is linked there, and still has a file of its own.
-  return fileOfPattern(page.dateiname.starts_with("http") ? "" : page.dateiname, page.id);
+  return paths::fileOfPattern(paths::writtenPattern(page.dateiname), page.id);
 }
 
 void RowRun::closeRun()

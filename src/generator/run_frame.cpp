@@ -43,14 +43,6 @@ bool staysInDirectory(std::string_view fileName)
   return fileName.find_first_of("/\\") == std::string_view::npos && !hasDrive && !namesDirectory;
 }
 
-std::string basislinkOf(std::string_view tbbasisurl)
-{
-  std::string link(tbbasisurl);
-  if (!link.ends_with('/'))
-    link += '/';
-  return base::lower(link).starts_with("http") ? link : "http://" + link;
-}
-
 bool SiteFiles::copyFromProgram(std::string_view programFile, std::string_view name)
 {
   const std::string source = program_.file(programFile);

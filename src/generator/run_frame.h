@@ -36,9 +36,6 @@ PageQuery pageQuery(const Selection& selection, const std::optional<std::string>
 /// "..".
 bool staysInDirectory(std::string_view fileName);
 
-/// The address before links of pages that are read from elsewhere.
-std::string basislinkOf(std::string_view tbbasisurl);
-
 /// Copies what a site needs beside its pages from the program directory into the export directory, and enters it.
 class SiteFiles {
 public:

@@ -4,6 +4,7 @@
 #include "base/product.h"
 #include "base/text.h"
 #include "base/windows1252.h"
+#include "frame/paths/page_file.h"
 #include "generator/head_tags.h"
 #include "generator/placeholders.h"
 #include "generator/templates/built_in_trees.h"
@@ -99,7 +100,7 @@ std::unique_ptr<Template> TemplateRun::LadeTemplate(std::string_view Grundlayout
   erzeugeStylesheet(root->SeitenAttribute);
   root->TemplateName = "root";
   root->Blätterntyp = fields_.ComboBlättern.ListIndex;
-  root->NavInfo.Homepage.setDateiname("*.htm");
+  root->NavInfo.Homepage.setDateiname(paths::kDefaultPattern);
   root->NavInfo.Homepage.Seitenid = kHomepageId;
   root->NavInfo.Homepage.Überschrift = kHomepageName;
   if (templates::builtInTree(Grundlayout).empty())
@@ -196,8 +197,7 @@ void TemplateRun::closeRun() { ui_.status(ui::StatusPlace::Panel1, ""); }
 std::string TemplateRun::fileFor(const RunPage& page) const
 {
   const std::string_view id = page.id == kHomepageId ? "index" : std::string_view(page.id);
-  const bool ownPattern = !page.dateiname.empty() && !page.dateiname.starts_with("http");
-  return fileOfPattern(job_.tbNamenszusatz + (ownPattern ? page.dateiname : "*.htm"), id);
+  return paths::fileOfPattern(job_.tbNamenszusatz + std::string(paths::writtenPattern(page.dateiname)), id);
 }
 
 void TemplateRun::generatePage(const RunPage& page)

@@ -22,8 +22,11 @@ public:
   };
   explicit FrmAssistent(const Parts& parts) : parts_(parts) {}
 
+  /// Pages of the assistant.
+  static constexpr int kGreeting = 0, kFields = 1;
+
   /// The page on top; a window that lets the user choose one sets it and calls TabAssistent_Click.
-  int TabAssistent = 0;
+  int TabAssistent = kGreeting;
   bool CheckAssistentaqnzeigen = false;
   std::string tbexportpfad, tbFTPServer, tbtitel, tbbasisurl = "Geben Sie hier ihre Domäne an";
   /// The short guide: a file in the system's form, or, where that is missing, the text in its place.

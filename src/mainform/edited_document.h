@@ -7,6 +7,7 @@ namespace mrd::mainform {
 /// What the editing surface holds: a page of the project, the head of the site, or a file outside the project.
 enum class DocumentKind { Page, Head, File };
 
+/// The one document that is in the editor.
 struct EditedDocument {
   DocumentKind kind = DocumentKind::Page;
   /// Of a file: its path, empty for one without a name, and whether it was changed since it was loaded or saved.

@@ -8,6 +8,7 @@
 #include "editor/insert_table.h"
 #include "editor/picture_dialog.h"
 #include "editor/table_properties.h"
+#include "frame/paths/page_file.h"
 #include "generator/page_index.h"
 #include "pictures/file_scan.h"
 #include "platform/ui/editing_commands.h"
@@ -134,7 +135,7 @@ std::vector<editor::LinkTarget> EditorCommands::linkTargets() const
   const generator::PageIndex index(parts_.project.db());
   for (const auto& page : index.pages()) {
     const bool isHomepage = page.id == generator::kHomepageId;
-    targets.push_back({page.id, page.Überschrift, generator::fileOfPattern(page.dateiname, isHomepage ? "index" : page.id)});
+    targets.push_back({page.id, page.Überschrift, paths::fileOfPattern(page.dateiname, isHomepage ? "index" : page.id)});
   }
   std::ranges::sort(targets, {}, &editor::LinkTarget::id);
   return targets;

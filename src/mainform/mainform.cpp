@@ -1,30 +1,18 @@
 #include "mainform/mainform.h"
 
 #include "base/format.h"
-#include "base/text.h"
 #include "frame/failures/failures.h"
-#include "generator/html_export.h"
-#include "mainform/about.h"
 #include "mainform/assistant.h"
 #include "mainform/pasted_picture.h"
 #include "mainform/window_placement.h"
-#include "pagetree/page_id.h"
 #include "platform/files/path.h"
-#include "platform/ftp/curl_client.h"
-#include "publish/remembered_servers.h"
-#include "publish/timer.h"
-
-#include <array>
 
 namespace mrd::mainform {
 namespace {
 
 constexpr std::string_view kName = "Mainform";
-constexpr int kMessageChoosePage = 2, kMessageSaveChanges = 3, kMessageNoProject = 24, kMessageNoFile = 109,
-              kMessagePictureRefused = 110, kMessageSurfaceRestored = 115, kMessagePasteLost = 171;
-constexpr std::string_view kPanelPrefix = "ID:@";
-/// Pages of the assistant.
-constexpr int kGreeting = 0, kFields = 1;
+constexpr int kMessageSaveChanges = 3, kMessageNoFile = 109, kMessagePictureRefused = 110, kMessageSurfaceRestored = 115,
+              kMessagePasteLost = 171;
 
 } // namespace
 
@@ -43,8 +31,8 @@ Mainform::Mainform(Program& program, const Seams& seams)
       imodeHead_(project_.fields(), program.ui), treeMouse_({project_, pages_, seams.dialogs, help_}),
       drafts_(project_, pages_, tabs_),
       pictures_({project_, pages_, tabs_, seams.dialogs, help_, seams.shell, seams.userSettings}),
-      auction_({program.language, seams.TreeView1, seams.clipboard, seams.shell, pages_.fields, project_.fields()},
-               [this] { scriptChanged(); })
+      exports_({project_, pages_, seams.dialogs, seams.shell, seams.userSettings}),
+      shop_({project_, pages_, tabs_, seams.screen, seams.dialogs, seams.shell, seams.clipboard})
 {
   seams_.dialogs.prepare(pictures_.converter());
   seams_.DHTMLEdit1.setEvents(surfaceEvents());
@@ -138,7 +126,7 @@ void Mainform::Form_Load(std::string_view projectFile)
     line = 14;
     if (!ended_ && seams_.userSettings.value(kSettingsSection, "Assistent", "ja") != "nein") {
       program_.ui.pumpEvents();
-      showAssistant(kGreeting);
+      showAssistant(FrmAssistent::kGreeting);
     }
   } catch (const base::Error& error) {
     failures::showStandardFailure(program_.language, error, base::format("Mainform.Form_Load. Zeile:{}", line));
@@ -210,9 +198,8 @@ void Mainform::Form_Unload()
 {
   ended_ = true;
   failures::withStandardHandler(program_.language, "Form_Unload", [&] {
-    if (shop_)
-      shop_->Form_QueryUnload();
-    closeShop();
+    shop_.leave();
+    shop_.close();
     seams_.screen.unloadOtherWindows();
     if (!seams_.screen.isMinimised())
       writePlacement(seams_.userSettings, seams_.screen.placement());
@@ -244,9 +231,9 @@ void Mainform::openProject(const std::function<void()>& open)
 
 bool Mainform::leaveProject()
 {
-  if (!pages_.leave() || !tabs_.showTree() || (shop_ && !shop_->Form_QueryUnload()))
+  if (!pages_.leave() || !tabs_.showTree() || !shop_.leave())
     return false;
-  closeShop();
+  shop_.close();
   pages_.rememberState();
   return true;
 }
@@ -259,7 +246,7 @@ void Mainform::NewProject_Click()
     bool made = false;
     openProject([&] { made = project_.NewProject_Click(); });
     if (made)
-      showAssistant(kFields);
+      showAssistant(FrmAssistent::kFields);
   });
 }
 
@@ -271,284 +258,11 @@ void Mainform::OpenProject_Click()
   });
 }
 
-// --- menus and toolbars
-
-void Mainform::SeiteSub_Click(int Index)
-{
-  constexpr std::array<std::string_view, 3> kKeys{"seiteneu", "seitelöschen", "seitenvorschau"};
-  if (Index >= 0 && static_cast<std::size_t>(Index) < kKeys.size())
-    Toolbar2_ButtonClick(kKeys[static_cast<std::size_t>(Index)]);
-}
-
-void Mainform::NetSub_Click(int Index)
-{
-  if (Index == 0)
-    command("NetSub_Click", [&] { html(); });
-}
-
-void Mainform::HelpSub1_Click(int Index)
-{
-  command("HelpSub1_Click", [&] {
-    switch (Index) {
-    case 0:
-      HilfeAnzeigen();
-      break;
-    case 3:
-      showAssistant(kGreeting);
-      break;
-    case 4:
-      showAbout();
-      break;
-    default:
-      break;
-    }
-  });
-}
-
-void Mainform::eng_Click()
-{
-  // Captions are no part of the page: a choice that came while that loads would leave its mark in the menu and nothing else.
-  failures::withStandardHandler(program_.language, "eng_Click", [&] {
-    program_.language.eng_Click(seams_.screen);
-    showStates();
-  });
-}
-
-void Mainform::GER_Click()
-{
-  failures::withStandardHandler(program_.language, "GER_Click", [&] {
-    program_.language.GER_Click(seams_.screen);
-    showStates();
-  });
-}
-
-void Mainform::Toolbar2_ButtonClick(std::string_view Key)
-{
-  struct Button {
-    std::string_view key;
-    void (Mainform::*press)();
-  };
-  constexpr std::array kButtons{
-      Button{"seitespeichern", &Mainform::seitespeichern},
-      Button{"seitelöschen", &Mainform::seitelöschen},
-      Button{"seiteneu", &Mainform::seiteneu},
-      Button{"html", &Mainform::html},
-      Button{"seitenvorschau", &Mainform::seitenvorschau},
-  };
-  for (const auto& button : kButtons)
-    if (button.key == Key)
-      command("Toolbar2_ButtonClick", [&] { (this->*button.press)(); });
-}
-
-void Mainform::Toolbar3_ButtonClick(std::string_view Key)
-{
-  command("Toolbar3_ButtonClick", [&] { pictures_.Toolbar3_ButtonClick(Key); });
-}
-
-void Mainform::seitespeichern() { files_.FileSave_Click(); }
-
-void Mainform::seiteneu()
-{
-  if (tabs_.showTree())
-    pages_.newPage();
-}
-
-void Mainform::seitelöschen()
-{
-  if (pages_.document.kind == DocumentKind::Page || (tabs_.showTree() && pages_.leave()))
-    pages_.DelPage();
-}
-
-template <class Dialog>
-void Mainform::showExport()
-{
-  if (!project_.isOpen()) {
-    program_.language.GetMsg(kMessageNoProject);
-    return;
-  }
-  if (!pages_.leave())
-    return;
-  publish::RememberedServers servers(seams_.userSettings, program_.language, publish::OnChange::Ask);
-  ftp::CurlClient client([&](const ftp::ServerIdentity& identity) { return servers.trusts(identity); },
-                         [&](const std::string& server) { return servers.isKnown(server); });
-  const publish::SystemTimer timer;
-  Dialog dialog(exportEnvironment(), {program_.language, project_.fields(), client, timer});
-  project_.finishBackup();
-  dialog.DbName = project_.DbName();
-  seams_.dialogs.showModal(dialog);
-}
-
-void Mainform::html() { showExport<publish::frmHTMLExport>(); }
-
-void Mainform::cbimode_Click()
-{
-  command("cbimode_Click", [&] { showExport<imode::frmimode>(); });
-}
-
-void Mainform::seitenvorschau()
-{
-  if (!project_.isOpen()) {
-    program_.language.GetMsg(kMessageNoProject);
-    return;
-  }
-  if (!pages_.leave())
-    return;
-  const std::string id = base::replaceAll(pages_.fields.statusPanel, kPanelPrefix, "");
-  if (pages_.LastActivePage().empty() || !pagetree::isPageId(id)) {
-    program_.language.GetMsg(kMessageChoosePage);
-    return;
-  }
-  generator::frmHTMLExport dialog(exportEnvironment());
-  dialog.selection.Lblseitenvorschauid = id;
-  project_.finishBackup();
-  // Events run while the page is generated, and no second run may begin then.
-  pages_.whileBusy([&] {
-    if (dialog.Form_Load(project_.DbName()))
-      dialog.cbHTML_Click();
-  });
-}
-
-generator::ExportEnvironment Mainform::exportEnvironment()
-{
-  return {program_.files, program_.language, project_.fields(), program_.clock, seams_.shell};
-}
-
 void Mainform::showAssistant(int page)
 {
   FrmAssistent assistant({program_, settings_, seams_.userSettings, seams_.shell});
   assistant.TabAssistent = page;
   seams_.dialogs.showModal(assistant);
-}
-
-void Mainform::showAbout()
-{
-  frmAbout about(program_.language, seams_.shell);
-  seams_.dialogs.showModal(about);
-}
-
-void Mainform::menuOpens(std::string_view menu)
-{
-  command("menuOpens", [&] { editor_.menuOpens(menu); });
-}
-
-void Mainform::findNext()
-{
-  command("findNext", [&] { editor_.findNext(); });
-}
-
-// --- shop and auction
-
-void Mainform::mnuShop_Click()
-{
-  command("mnuShop_Click", [&] {
-    if (!project_.isOpen()) {
-      program_.language.GetMsg(kMessageNoProject);
-      return;
-    }
-    if (!shop_ || !shop_->isOpen())
-      shop_ = std::make_unique<shop::frmmrdshop>(
-          shop::frmmrdshop::Parts{project_.db(), program_.language, seams_.DHTMLEdit1, seams_.shell, pages_.fields}, shopHooks());
-    seams_.dialogs.show(*shop_);
-  });
-}
-
-shop::ShopHooks Mainform::shopHooks()
-{
-  return {[this] { return showPage(); }, [this] { pages_.changed(); }, [this] { scriptChanged(); }};
-}
-
-bool Mainform::showPage()
-{
-  if (pages_.isBusy())
-    return false;
-  if (pages_.LastActivePage().empty() || pages_.document.kind != DocumentKind::Page) {
-    program_.language.GetMsg(kMessageChoosePage);
-    return false;
-  }
-  return tabs_.showEditor();
-}
-
-void Mainform::scriptChanged()
-{
-  pages_.tbScript_Change();
-  seams_.screen.refresh(Shown::Page);
-}
-
-void Mainform::closeShop()
-{
-  if (shop_ && shop_->isOpen())
-    shop_->window.unload();
-  shop_.reset();
-}
-
-void Mainform::cbEbayHTMLkopieren_Click()
-{
-  command("cbEbayHTMLkopieren_Click", [&] { auction_.cbEbayHTMLkopieren_Click(); });
-}
-
-void Mainform::CbEbayMetatag_Click()
-{
-  command("CbEbayMetatag_Click", [&] { auction_.CbEbayMetatag_Click(); });
-}
-
-void Mainform::cbebaykategorien_Click()
-{
-  command("cbebaykategorien_Click", [&] { auction_.cbebaykategorien_Click(); });
-}
-
-void Mainform::menu_Click(std::string_view name, std::optional<int> index)
-{
-  struct Entry {
-    std::string_view name;
-    void (*click)(Mainform& window, int index);
-  };
-  static constexpr std::array kEntries{
-      Entry{"FileNew", [](Mainform& window, int) { window.command("FileNew_Click", [&] { window.files_.FileNew_Click(); }); }},
-      Entry{"FileOpen", [](Mainform& window, int) { window.command("FileOpen_Click", [&] { window.files_.FileOpen_Click(); }); }},
-      Entry{"FileSave", [](Mainform& window, int) { window.command("FileSave_Click", [&] { window.files_.FileSave_Click(); }); }},
-      Entry{"FileSaveAs",
-            [](Mainform& window, int) { window.command("FileSaveAs_Click", [&] { window.files_.FileSaveAs_Click(); }); }},
-      Entry{"NewProject", [](Mainform& window, int) { window.NewProject_Click(); }},
-      Entry{"OpenProject", [](Mainform& window, int) { window.OpenProject_Click(); }},
-      Entry{"RestoreProject", [](Mainform& window, int) { window.RestoreProject_Click(); }},
-      Entry{"mnuSeitenZurueck", [](Mainform& window, int) { window.mnuSeitenZurueck_Click(); }},
-      Entry{"FileExit", [](Mainform& window, int) { window.FileExit_Click(); }},
-      Entry{"editsub",
-            [](Mainform& window, int entry) { window.command("editsub_Click", [&] { window.editor_.editsub_Click(entry); }); }},
-      Entry{"InsertSub1", [](Mainform& window,
-                             int entry) { window.command("InsertSub1_Click", [&] { window.editor_.InsertSub1_Click(entry); }); }},
-      Entry{"FormatSub",
-            [](Mainform& window, int entry) {
-              const auto& names = window.tools_.FormatSub;
-              if (static_cast<std::size_t>(entry) < names.size())
-                window.command("FormatSub_Click",
-                               [&] { window.editor_.FormatSub_Click(entry, names[static_cast<std::size_t>(entry)]); });
-            }},
-      Entry{"TableSub",
-            [](Mainform& window, int entry) { window.command("TableSub_Click", [&] { window.editor_.TableSub_Click(entry); }); }},
-      Entry{"mnuTableProperties",
-            [](Mainform& window, int) {
-              window.command("mnuTableProperties_Click", [&] { window.editor_.mnuTableProperties_Click(); });
-            }},
-      Entry{"D2DSub",
-            [](Mainform& window, int entry) { window.command("D2DSub_Click", [&] { window.editor_.D2DSub_Click(entry); }); }},
-      Entry{"ViewSub", [](Mainform& window, int entry) { window.tools_.ViewSub_Click(entry); }},
-      Entry{"pixsub",
-            [](Mainform& window, int entry) { window.command("pixsub_Click", [&] { window.pictures_.pixsub_Click(entry); }); }},
-      Entry{"mnupixSchatten",
-            [](Mainform& window, int) {
-              window.command("mnupixSchatten_Click", [&] { window.pictures_.mnupixSchatten_Click(); });
-            }},
-      Entry{"SeiteSub", [](Mainform& window, int entry) { window.SeiteSub_Click(entry); }},
-      Entry{"NetSub", [](Mainform& window, int entry) { window.NetSub_Click(entry); }},
-      Entry{"mnuShop", [](Mainform& window, int) { window.mnuShop_Click(); }},
-      Entry{"eng", [](Mainform& window, int) { window.eng_Click(); }},
-      Entry{"GER", [](Mainform& window, int) { window.GER_Click(); }},
-      Entry{"HelpSub1", [](Mainform& window, int entry) { window.HelpSub1_Click(entry); }},
-  };
-  for (const auto& entry : kEntries)
-    if (entry.name == name)
-      entry.click(*this, index.value_or(0));
 }
 
 } // namespace mrd::mainform

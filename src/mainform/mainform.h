@@ -2,12 +2,12 @@
 // The main window without a screen: its parts, each with the controls and the procedures of its subject, and the commands that
 // lead from one to another.
 
-#include "generator/html_export.h"
 #include "imode/head_frame.h"
 #include "mainform/draft_keeper.h"
 #include "mainform/editor_commands.h"
 #include "mainform/editor_tabs.h"
 #include "mainform/editor_tools.h"
+#include "mainform/export_commands.h"
 #include "mainform/file_commands.h"
 #include "mainform/help.h"
 #include "mainform/main_screen.h"
@@ -16,16 +16,14 @@
 #include "mainform/program.h"
 #include "mainform/project_frame.h"
 #include "mainform/settings_tabs.h"
+#include "mainform/shop_commands.h"
 #include "mainform/site_colours.h"
 #include "mainform/tree_mouse.h"
 #include "platform/files/user_settings.h"
 #include "platform/ui/clipboard.h"
 #include "platform/ui/shell.h"
-#include "shop/auction.h"
-#include "shop/shop_form.h"
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -108,14 +106,7 @@ public:
   void menuOpens(std::string_view menu);
   /// The last search of the page or its source once more.
   void findNext();
-  /// Saves the page that is open, generates it and shows it.
-  void seitenvorschau();
-  /// Saves the page, and shows the dialog that generates the site.
-  void html();
-  /// The same for the edition for telephones.
   void cbimode_Click();
-  /// Shows the shop's dialog beside the page.
-  void mnuShop_Click();
   void cbEbayHTMLkopieren_Click();
   void CbEbayMetatag_Click();
   void cbebaykategorien_Click();
@@ -135,19 +126,11 @@ private:
   /// The project whose backups are asked for; nothing when the user cancels.
   std::optional<std::string> projectToRestore();
   void restoreProject(const std::string& path, const std::string& name);
-  void seitespeichern();
+  void FormatSub_Click(int Index);
   void seiteneu();
   void seitelöschen();
-  generator::ExportEnvironment exportEnvironment();
-  /// Saves the page and shows a dialog that generates and publishes. Message 24 without a project.
-  template <class Dialog>
-  void showExport();
   void showAssistant(int page);
   void showAbout();
-  shop::ShopHooks shopHooks();
-  bool showPage();
-  void scriptChanged();
-  void closeShop();
 
   Program& program_;
   const Seams seams_;
@@ -164,9 +147,8 @@ private:
   TreeMouse treeMouse_;
   DraftKeeper drafts_;
   PictureCommands pictures_;
-  shop::AuctionHelper auction_;
-  /// There once it has been opened; of the project that is open.
-  std::unique_ptr<shop::frmmrdshop> shop_;
+  ExportCommands exports_;
+  ShopCommands shop_;
   bool projectOpened_ = false;
   /// The window is closed or about to be.
   bool ended_ = false;

@@ -23,6 +23,7 @@ struct ColourField {
 /// The eight of them, by index from 1.
 std::span<const ColourField> colourFields();
 
+/// Which of a control's two colours is meant.
 enum class ColourUse { Back, Fore };
 
 /// A control that shows the colour of a field: the swatches and the parts of the layout previews.
@@ -32,6 +33,7 @@ struct ColouredControl {
   ColourUse use;
   std::string settings::Fields::*field;
 };
+/// All of them; a field has several.
 std::span<const ColouredControl> colouredControls();
 
 /// Colour number 0xBBGGRR of a colour text with or without "#"; black for a text that is none.

@@ -3,6 +3,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "frame/failures/failures.h"
+#include "frame/paths/page_file.h"
 #include "frame/settings/stored_settings.h"
 #include "pagetree/page_id.h"
 
@@ -12,7 +13,6 @@ namespace {
 constexpr std::string_view kHeadingId = "ueberschrift";
 constexpr std::string_view kNoHeading = "- - -";
 constexpr std::size_t kHeadingLength = 255;
-constexpr std::string_view kDefaultFileName = "*.htm";
 constexpr int kMessageDuplicatePage = 17, kMessageTooDeep = 19, kMessageTooMany = 20;
 constexpr int kPageImage = 1;
 constexpr int kLastPageType = 4;
@@ -94,7 +94,7 @@ void PageStore::showStoredPage(dao::Recordset& row, std::string_view label)
     fields_.tbhtml = html;
   }
   waitForDocument();
-  fields_.tbdateiname = textOr(row.value("dateiname"), kDefaultFileName);
+  fields_.tbdateiname = textOr(row.value("dateiname"), paths::kDefaultPattern);
   fields_.tbScript = textOr(row.value("script"), " ");
 }
 
@@ -104,7 +104,7 @@ void PageStore::showNewPage(std::string_view label)
   startDocument("<base fontsize=2>" + centredHeading(label));
   hooks_.farbenaktualisieren();
   fields_.tbhtml = parts_.DHTMLEdit1.bodyInnerHtml();
-  fields_.tbdateiname = kDefaultFileName;
+  fields_.tbdateiname = paths::kDefaultPattern;
 }
 
 void PageStore::startDocument(std::string_view labelledStart)

@@ -3,6 +3,7 @@
 #include "base/errors.h"
 #include "base/format.h"
 #include "base/text.h"
+#include "frame/paths/page_file.h"
 #include "pagetree/page_id.h"
 #include "pictures/page_pictures.h"
 #include "pictures/shadow.h"
@@ -323,7 +324,7 @@ void PictureInsertion::addPage(const Job& job, const Prepared& prepared)
   pages.set("id", job.zusatz);
   pages.set("Überschrift", base::trim(job.quellname));
   pages.set("html", newPage(job, prepared));
-  pages.set("dateiname", "*.htm");
+  pages.set("dateiname", paths::kDefaultPattern);
   pages.set("changingdate", parts_.clock.now().iso());
   pages.update();
 }

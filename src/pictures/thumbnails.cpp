@@ -4,6 +4,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "frame/failures/failures.h"
+#include "frame/paths/page_file.h"
 #include "frame/settings/export_path.h"
 #include "pagetree/page_id.h"
 #include "pictures/corners.h"
@@ -35,8 +36,7 @@ std::string heading(const dao::Recordset& page) { return base::trim(page.value("
 
 std::string linkTarget(const dao::Recordset& page)
 {
-  auto pattern = page.value("dateiname").text();
-  return base::replaceAll(pattern.empty() ? "*.htm" : pattern, "*", page.value("id").text());
+  return paths::fileOfPattern(page.value("dateiname").text(), page.value("id").text());
 }
 
 bool isThumbs(const html::Element& element) { return element.attribute("id") == "thumbs"; }
@@ -198,7 +198,7 @@ std::string Thumbnails::linkPrefix()
   auto& address = parts_.fields.tbbasisurl;
   if (!address.ends_with('/'))
     address += '/';
-  return base::lower(base::left(address, 4)) == "http" ? address : "http://" + address;
+  return paths::basislinkOf(address);
 }
 
 void Thumbnails::putIntoPage(const std::string& table)

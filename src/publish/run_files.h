@@ -11,6 +11,7 @@
 
 namespace mrd::publish {
 
+/// One file of a run, and what became of it.
 struct RunFile {
   enum class Deed { Send, Delete };
   enum class Fate { Waiting, Done, Failed };
@@ -35,6 +36,7 @@ struct RunFile {
 /// What became of a file, in the words of a language ("GER" or "ENG").
 std::string fateText(const RunFile& file, std::string_view Sprache);
 
+/// The files of one run, in the order in which it comes to them.
 class RunFiles {
 public:
   const std::vector<RunFile>& all() const { return files_; }

@@ -5,6 +5,7 @@
 #include "base/product.h"
 #include "base/text.h"
 #include "base/windows1252.h"
+#include "frame/paths/page_file.h"
 #include "frame/paths/paths.h"
 #include "platform/files/files.h"
 
@@ -13,7 +14,6 @@
 namespace mrd::shop {
 namespace {
 
-constexpr std::string_view kOwnNumber = "*.htm";
 constexpr int kMessageCopied = 46, kMessageNotGenerated = 47;
 
 /// Takes the first line off a text; its end is not part of it.
@@ -57,11 +57,7 @@ std::string AuctionHelper::generatedFile() const
   const auto key = parts_.TreeView1.selected();
   if (!key)
     throw base::Error(base::ErrorNumber::ObjectNotSet, "Es ist keine Seite ausgewählt");
-  const std::string id = key->substr(1);
-  const std::string& pattern = parts_.page.tbdateiname;
-  if (pattern.starts_with("http"))
-    return id + ".htm";
-  return base::replaceAll(pattern.empty() ? kOwnNumber : pattern, "*", id);
+  return paths::fileOfPattern(paths::writtenPattern(parts_.page.tbdateiname), key->substr(1));
 }
 
 void AuctionHelper::cbEbayHTMLkopieren_Click()

@@ -7,6 +7,7 @@
 
 namespace mrd::shop {
 
+/// Reads and writes numbers as the user of a language types them.
 class Decimals {
 public:
   /// By the language of the program: a comma in German ("GER"), a point otherwise.

@@ -283,13 +283,5 @@ TEST_F(MenuTest, prints_the_rows_of_the_real_table)
           "\r\n", "\n"));
 }
 
-TEST(FileOfPattern, is_the_number_where_the_pattern_is_empty)
-{
-  EXPECT_EQ(fileOfPattern("", "0102"), "0102.htm");
-  EXPECT_EQ(fileOfPattern("*.htm", "0102"), "0102.htm");
-  EXPECT_EQ(fileOfPattern("fest.htm", "0102"), "fest.htm");
-  EXPECT_EQ(fileOfPattern("*-*", "01"), "01-01");
-}
-
 } // namespace
 } // namespace mrd::generator

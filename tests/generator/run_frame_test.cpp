@@ -25,22 +25,6 @@ TEST(StaysInDirectory, accepts_plain_names)
     EXPECT_TRUE(staysInDirectory(name)) << name;
 }
 
-TEST(BaseLink, gets_a_slash_and_a_scheme_where_they_are_missing)
-{
-  EXPECT_EQ(basislinkOf("http://x.example/"), "http://x.example/");
-  EXPECT_EQ(basislinkOf("http://x.example"), "http://x.example/");
-  EXPECT_EQ(basislinkOf("x.example"), "http://x.example/");
-  EXPECT_EQ(basislinkOf("x.example/web/"), "http://x.example/web/");
-}
-
-TEST(BaseLink, takes_any_text_that_begins_like_an_address)
-{
-  EXPECT_EQ(basislinkOf("HTTPS://x.example"), "HTTPS://x.example/");
-  EXPECT_EQ(basislinkOf("https://x.example"), "https://x.example/");
-  EXPECT_EQ(basislinkOf("httpd.example"), "httpd.example/");
-  EXPECT_EQ(basislinkOf("ftp.example"), "http://ftp.example/");
-}
-
 struct PageQueryTest : testing::Test {
   support::TemporaryProject project{
       {"00", "Start", {}, {}, 1, {}, "2020-01-01 00:00:00"},    {"01", "Alt", {}, {}, 1, {}, "2024-05-01 10:00:00"},

@@ -33,12 +33,7 @@ RunOutcome SiteRun::run(const Selection& selection)
 {
   frmHTMLExport dialog({program, language, fields, clock, shell});
   dialog.selection = selection;
-  dialog.window.unload = [this] { ++unloads; };
-  if (!dialog.Form_Load(dbName))
-    return {};
-  auto outcome = dialog.cbHTML_Click();
-  labelSeite = dialog.labelSeite;
-  return outcome;
+  return runIn(dialog);
 }
 
 std::string SiteRun::page(const std::string& file) const { return base::fromWindows1252(site.read(file)); }

@@ -86,6 +86,19 @@ public:
   /// Seen by the dialog, not by a project of a test's own.
   std::string dbName;
 
+protected:
+  /// Opens the project in a dialog and clicks its button.
+  template <class Dialog>
+  RunOutcome runIn(Dialog& dialog)
+  {
+    dialog.window.unload = [this] { ++unloads; };
+    if (!dialog.Form_Load(dbName))
+      return {};
+    auto outcome = dialog.cbHTML_Click();
+    labelSeite = dialog.labelSeite;
+    return outcome;
+  }
+
 private:
   RunOutcome run(const Selection& selection);
 };

@@ -8,12 +8,7 @@ namespace mrd::imode {
 generator::RunOutcome ImodeSite::run()
 {
   ImodeExport dialog({program, language, fields, clock, shell});
-  dialog.window.unload = [this] { ++unloads; };
-  if (!dialog.Form_Load(dbName))
-    return {};
-  auto outcome = dialog.cbHTML_Click();
-  labelSeite = dialog.labelSeite;
-  return outcome;
+  return runIn(dialog);
 }
 
 std::string ImodeSite::body(const std::string& file) const

@@ -2,17 +2,11 @@
 
 #include "base/text.h"
 #include "desktop/editing/deep_nesting.h"
-#include "platform/ui/editing_commands.h"
 
-#include <QJsonObject>
-
-#include <array>
 #include <utility>
 
 namespace mrd::desktop {
 namespace {
-
-namespace command = ui::command;
 
 /// The copy of the text is fetched this long after the first change that it lacks.
 constexpr int kCopyDelayMs = 400;
@@ -22,23 +16,9 @@ constexpr int kDisplayDelayMs = 30;
 constexpr int kLoadMs = 15000;
 /// Keys on a busy machine take no longer than this to the page.
 constexpr int kKeysMs = 300;
-/// Whether the owner is still at work is asked this often.
-constexpr int kAtWorkMs = 50;
 /// A page that ends its process so often in a row is not shown any more.
 constexpr int kMaxBreakdowns = 5;
 constexpr int kHealthyMs = 10000;
-
-struct PictureValue {
-  const char* name;
-  std::string ui::PictureValues::*field;
-};
-constexpr std::array kPictureValues{
-    PictureValue{"src", &ui::PictureValues::src},     PictureValue{"alt", &ui::PictureValues::alt},
-    PictureValue{"width", &ui::PictureValues::width}, PictureValue{"height", &ui::PictureValues::height},
-    PictureValue{"align", &ui::PictureValues::align}, PictureValue{"border", &ui::PictureValues::border},
-};
-
-std::string text(const QVariantMap& values, const char* name) { return values[name].toString().toStdString(); }
 
 } // namespace
 
@@ -80,15 +60,8 @@ void EditedDocument::connectNotes()
     if (!displayTimer_.isActive())
       displayTimer_.start(kDisplayDelayMs);
   };
-  notes_.onPastePicture = [this] {
-    later([this] {
-      if (const auto picture = clipboardContent().picture)
-        whenFree([=, this] { pastePicture(*picture); }, documents_);
-    });
-  };
-  notes_.onPasteHtml = [this](const QString& html, const QString& text) {
-    later([=, this] { whenFree([=, this] { pasteHtml(html, text); }, documents_); });
-  };
+  notes_.onPastePicture = [this] { later([this] { onPastePicture(); }); };
+  notes_.onPasteHtml = [this](const QString& html, const QString& text) { later([=, this] { onPasteHtml(html, text); }); };
   notes_.onContextMenu = [this](int x, int y, const QVariantMap& state) {
     later([=, this] {
       display = state;
@@ -329,111 +302,10 @@ bool EditedDocument::run(int command, const QJsonValue& argument)
   return result["done"].toBool();
 }
 
-bool EditedDocument::chooseFont()
-{
-  const auto font = prompts.font({value(command::kGetFontName), value(command::kGetFontSize)});
-  if (!font)
-    return false;
-  ask("beginStep");
-  const bool hasName = !font->name.empty() && run(command::kSetFontName, qtText(font->name));
-  const bool hasSize = !font->size.empty() && run(command::kSetFontSize, qtText(font->size));
-  ask("endStep");
-  return hasName || hasSize;
-}
-
-bool EditedDocument::askForLink()
-{
-  const auto present = ask("linkValues");
-  if (!present)
-    return false;
-  const auto values = present->toMap();
-  const auto link = prompts.link({text(values, "href"), text(values, "target")});
-  return link && run(command::kHyperlink, QJsonObject{{"href", qtText(link->href)}, {"target", qtText(link->target)}});
-}
-
-bool EditedDocument::askForPicture()
-{
-  const auto present = ask("pictureValues");
-  if (!present)
-    return false;
-  const auto values = present->toMap();
-  ui::PictureValues picture;
-  for (const auto& [name, field] : kPictureValues)
-    picture.*field = text(values, name);
-  picture.naturalWidth = values["naturalWidth"].toInt();
-  picture.naturalHeight = values["naturalHeight"].toInt();
-  const auto chosen = prompts.picture(picture);
-  if (!chosen)
-    return false;
-  QJsonObject attributes;
-  for (const auto& [name, field] : kPictureValues)
-    attributes[name] = qtText((*chosen).*field);
-  return run(command::kPicture, attributes);
-}
-
-/// Commands that ask nothing run as they are.
-bool EditedDocument::runWithPrompt(int command, std::string_view given)
-{
-  if (command == command::kHyperlink)
-    return askForLink();
-  if (command == command::kPicture)
-    return askForPicture();
-  if (command != command::kFindText)
-    return run(command, qtText(given));
-  const auto searched = prompts.searchText(value(command));
-  return searched && run(command, qtText(*searched));
-}
-
 void EditedDocument::takeDisplay()
 {
   if (const auto answer = ask("display"); answer && answer->isValid())
     display = answer->toMap();
-}
-
-bool EditedDocument::copy()
-{
-  const auto content = ask("copySelection");
-  if (!content || content->toMap().isEmpty())
-    return false;
-  setClipboardContent(content->toMap()["html"].toString(), content->toMap()["text"].toString());
-  return true;
-}
-
-bool EditedDocument::paste()
-{
-  const auto content = clipboardContent();
-  if (content.picture)
-    return pastePicture(*content.picture);
-  return (!content.html.isEmpty() || !content.text.isEmpty()) && pasteHtml(content.html, content.text);
-}
-
-bool EditedDocument::pasteHtml(const QString& html, const QString& text)
-{
-  return ask("paste", {qtText(withBoundedDepth(html.toStdString())), text}).value_or(false).toBool();
-}
-
-bool EditedDocument::pasteText()
-{
-  const QString text = clipboardContent().text;
-  return !text.isEmpty() && ask("pasteText", {text}).value_or(false).toBool();
-}
-
-/// The user's key may have come right before a save, and that must not cost him what he pasted.
-void EditedDocument::whenFree(const std::function<void()>& paste, int document)
-{
-  if (events.atWork())
-    QTimer::singleShot(kAtWorkMs, &view, [=, this] { whenFree(paste, document); });
-  else if (document != documents_)
-    events.pasteLost();
-  else
-    paste();
-}
-
-bool EditedDocument::pastePicture(const ClipboardPicture& picture)
-{
-  const auto reference = events.storePicture({picture.bytes.constData(), static_cast<std::size_t>(picture.bytes.size())},
-                                             {picture.mimeType.constData(), static_cast<std::size_t>(picture.mimeType.size())});
-  return reference && ask("insertPicture", {qtText(*reference)}).value_or(false).toBool();
 }
 
 } // namespace mrd::desktop

@@ -1,7 +1,6 @@
 #pragma once
 // The document in the other process, as the surface knows it.
 
-#include "desktop/editing/clipboard_content.h"
 #include "desktop/editing/edited_page.h"
 #include "desktop/editing/pressed_keys.h"
 #include "desktop/editing/site_files.h"
@@ -33,26 +32,34 @@ public:
   EditedDocument(const EditedDocument&) = delete;
   EditedDocument& operator=(const EditedDocument&) = delete;
 
+  /// A whole document's text; busy until it is there.
   void load(std::string_view html);
+  /// In the document that is there, where it can be undone.
   void setBody(std::string_view html);
+  /// Waits for loads and for keys that are under way. The copy, when the process does not answer.
   const std::string& body();
+  /// Directory of the site in the system's form. Shows the document anew where it is another one.
   void startIn(std::string_view directory);
+  /// To be called when colours, rules, borders, details or snaps have changed.
   void showStyles();
+  /// False when the document has not come in time.
   bool waitUntilLoaded();
+  /// Calls a function of the editing script and waits for its answer; nothing when none comes.
   std::optional<QVariant> ask(const QString& function, const QJsonArray& arguments = {});
 
+  /// Runs a command of `ui::command`; false when it could not be run.
   bool run(int command, const QJsonValue& argument);
-  bool runWithPrompt(int command, std::string_view given);
+  /// Takes the present statuses and values of all commands.
   void takeDisplay();
-  bool chooseFont();
-  bool copy();
-  bool paste();
-  bool pasteText();
-  bool pastePicture(const ClipboardPicture& picture);
+  /// A command's value as it was taken last.
   std::string value(int command) const;
+  /// How many documents were loaded: another number, another document.
+  int documents() const { return documents_; }
 
   ui::SurfaceEvents events;
-  ui::SurfacePrompts prompts;
+  /// Keys or mouse paste the picture of the clipboard, or this HTML, or where a page cannot take that, this text.
+  std::function<void()> onPastePicture = [] {};
+  std::function<void(const QString& html, const QString& text)> onPasteHtml = [](const QString&, const QString&) {};
   std::string language = "GER";
   std::string background, foreground, rules;
   bool borders = false, details = false, snaps = false;
@@ -61,10 +68,6 @@ public:
   QWebEngineView view;
 
 private:
-  bool askForLink();
-  bool askForPicture();
-  void whenFree(const std::function<void()>& paste, int document);
-  bool pasteHtml(const QString& html, const QString& text);
   void connectNotes();
   void later(std::function<void()> work);
   void openPage();
@@ -101,7 +104,6 @@ private:
   bool ready_ = false;
   /// What is not answered yet of an older load is of no interest.
   int loads_ = 0;
-  /// Counts the documents that were loaded.
   int documents_ = 0;
   bool restoring_ = false;
   int breakdowns_ = 0;

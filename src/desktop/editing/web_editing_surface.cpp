@@ -2,7 +2,9 @@
 
 #include "desktop/editing/block_format_names.h"
 #include "desktop/editing/clipboard_content.h"
+#include "desktop/editing/command_prompts.h"
 #include "desktop/editing/deep_nesting.h"
+#include "desktop/editing/document_clipboard.h"
 #include "desktop/editing/edited_document.h"
 #include "platform/html/document.h"
 #include "platform/ui/editing_commands.h"
@@ -32,7 +34,9 @@ std::optional<int> optionalNumber(const std::optional<QVariant>& value)
 
 void WebEditingSurface::prepareEngine() { registerSiteScheme(); }
 
-WebEditingSurface::WebEditingSurface(QWidget* parent) : QWidget(parent), document_(std::make_unique<EditedDocument>(*this))
+WebEditingSurface::WebEditingSurface(QWidget* parent)
+    : QWidget(parent), document_(std::make_unique<EditedDocument>(*this)), prompts_(std::make_unique<CommandPrompts>(*document_)),
+      clipboard_(std::make_unique<DocumentClipboard>(*document_))
 {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -44,7 +48,7 @@ WebEditingSurface::~WebEditingSurface() = default;
 
 void WebEditingSurface::setLanguage(std::string_view language) { document_->language = language; }
 void WebEditingSurface::setEvents(ui::SurfaceEvents events) { document_->events = std::move(events); }
-void WebEditingSurface::setPrompts(ui::SurfacePrompts prompts) { document_->prompts = std::move(prompts); }
+void WebEditingSurface::setPrompts(ui::SurfacePrompts prompts) { prompts_->prompts = std::move(prompts); }
 void WebEditingSurface::setSiteDirectory(std::string_view directory) { document_->startIn(directory); }
 void WebEditingSurface::setDocumentHtml(std::string_view html) { document_->load(html); }
 void WebEditingSurface::newDocument() { document_->load(""); }
@@ -182,21 +186,21 @@ bool WebEditingSurface::execCommand(int command, ui::Prompt prompt, std::string_
 {
   switch (command) {
   case command::kCopy:
-    return document_->copy();
+    return clipboard_->copy();
   case command::kCut:
-    return document_->copy() && document_->run(command, {});
+    return clipboard_->copy() && document_->run(command, {});
   case command::kPaste:
-    return document_->paste();
+    return clipboard_->paste();
   case command::kPasteText:
-    return document_->pasteText();
+    return clipboard_->pasteText();
   case command::kHyperlink:
-    return prompt == ui::Prompt::Ask ? document_->runWithPrompt(command, argument)
+    return prompt == ui::Prompt::Ask ? prompts_->run(command, argument)
                                      : !argument.empty() && document_->run(command, QJsonObject{{"href", qtText(argument)}});
   case command::kPicture:
-    return prompt == ui::Prompt::Ask ? document_->runWithPrompt(command, argument)
+    return prompt == ui::Prompt::Ask ? prompts_->run(command, argument)
                                      : document_->run(command, QJsonObject{{"src", qtText(argument)}});
   case command::kFont:
-    return prompt == ui::Prompt::Ask && document_->chooseFont();
+    return prompt == ui::Prompt::Ask && prompts_->chooseFont();
   case command::kInsertTable:
     return insertTable({});
   case command::kSetBlockFormat: {
@@ -204,7 +208,7 @@ bool WebEditingSurface::execCommand(int command, ui::Prompt prompt, std::string_
     return index && document_->run(command, *index);
   }
   default:
-    return prompt == ui::Prompt::Ask ? document_->runWithPrompt(command, argument) : document_->run(command, qtText(argument));
+    return prompt == ui::Prompt::Ask ? prompts_->run(command, argument) : document_->run(command, qtText(argument));
   }
 }
 

@@ -11,6 +11,8 @@ class QMenu;
 
 namespace mrd::desktop {
 
+class CommandPrompts;
+class DocumentClipboard;
 class EditedDocument;
 
 /// The editing surface on the web engine. The document lives in a process of its own; the surface keeps a copy of its text that
@@ -81,6 +83,8 @@ private:
   std::optional<ui::PageElement> element(const char* function) const;
 
   std::unique_ptr<EditedDocument> document_;
+  std::unique_ptr<CommandPrompts> prompts_;
+  std::unique_ptr<DocumentClipboard> clipboard_;
   QPointer<QMenu> contextMenu_;
 };
 

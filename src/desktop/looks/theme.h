@@ -6,6 +6,7 @@ class QApplication;
 
 namespace mrd::desktop {
 
+/// What the user has chosen for his desktop.
 enum class Theme { Light, Dark };
 
 /// The program's palette.

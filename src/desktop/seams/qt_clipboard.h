@@ -4,6 +4,7 @@
 
 namespace mrd::desktop {
 
+/// The clipboard of this desktop.
 class QtClipboard : public ui::Clipboard {
 public:
   void clear() override;

@@ -4,6 +4,7 @@
 
 namespace mrd::desktop {
 
+/// The programs of this desktop.
 class QtShell : public ui::Shell {
 public:
   void open(std::string_view path) override;

@@ -13,6 +13,7 @@ class frmAbout;
 
 namespace mrd::desktop {
 
+/// The box that tells what program this is.
 class FrmAboutWindow : public QDialog {
 public:
   FrmAboutWindow(mainform::frmAbout& form, messages::Language& language, QWidget* parent = nullptr);

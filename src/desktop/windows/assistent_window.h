@@ -14,6 +14,7 @@ class FrmAssistent;
 
 namespace mrd::desktop {
 
+/// The assistant of the first start.
 class FrmAssistentWindow : public QDialog {
 public:
   FrmAssistentWindow(mainform::FrmAssistent& form, messages::Language& language, QWidget* parent = nullptr);

@@ -12,6 +12,7 @@ class FrmBild;
 
 namespace mrd::desktop {
 
+/// The dialog of a picture in the page.
 class BildWindow : public QDialog {
 public:
   explicit BildWindow(editor::FrmBild& form, QWidget* parent = nullptr);

@@ -2,6 +2,7 @@
 // Fields of a window that show a text of a form object, and give back what the user types.
 
 #include "desktop/seams/shown_text.h"
+#include "frame/settings/fields.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -16,6 +17,11 @@ inline void showText(QLineEdit& line, const std::string& text)
   if (line.text() != shown(text))
     line.setText(shown(text));
 }
+
+/// Long texts are read from their beginning.
+void showLine(QLineEdit& widget, const QString& text);
+/// Entries, choice and text of a list; a text that is no entry is shown all the same.
+void showList(QComboBox& widget, const settings::ComboBox& box);
 
 /// What the user types goes into the text, and then `changed` runs.
 inline void bindText(

@@ -42,11 +42,30 @@ void run(QDialog& dialog, MainformWindow& owner)
   dialog.exec();
 }
 
+/// Shows a form object in a window of its own until that is closed. Some windows take the language beside it.
+template <class Window, class... Arguments>
+void runWindow(MainformWindow& owner, Arguments&... arguments)
+{
+  Window dialog(arguments..., &owner);
+  run(dialog, owner);
+}
+
+/// The same for one whose form object can refuse to load.
+template <class Window, class... Arguments>
+void runIfLoaded(MainformWindow& owner, Arguments&... arguments)
+{
+  Window dialog(arguments..., &owner);
+  if (dialog.isLoaded())
+    run(dialog, owner);
+}
+
 } // namespace
 
 FormDialogs::FormDialogs(MainformWindow& owner) : owner_(owner) {}
 
 FormDialogs::~FormDialogs() = default;
+
+messages::Language& FormDialogs::language() { return owner_.form().program().language; }
 
 void FormDialogs::closeAll()
 {
@@ -56,79 +75,29 @@ void FormDialogs::closeAll()
   converter_.reset();
 }
 
-void FormDialogs::showModal(mainform::FrmAssistent& form)
-{
-  FrmAssistentWindow dialog(form, owner_.form().program().language, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(mainform::FrmAssistent& form) { runWindow<FrmAssistentWindow>(owner_, form, language()); }
 
-void FormDialogs::showModal(mainform::FrmSicherung& form)
-{
-  SicherungWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(mainform::FrmSicherung& form) { runWindow<SicherungWindow>(owner_, form); }
 
-void FormDialogs::showModal(mainform::frmAbout& form)
-{
-  FrmAboutWindow dialog(form, owner_.form().program().language, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(mainform::frmAbout& form) { runWindow<FrmAboutWindow>(owner_, form, language()); }
 
-void FormDialogs::showModal(pagetree::frmMove1& form)
-{
-  FrmMoveWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(pagetree::frmMove1& form) { runWindow<FrmMoveWindow>(owner_, form); }
 
-void FormDialogs::showModal(publish::frmHTMLExport& form)
-{
-  FrmHtmlExportWindow dialog(form, owner_.form().program().language, &owner_);
-  if (dialog.isLoaded())
-    run(dialog, owner_);
-}
+void FormDialogs::showModal(publish::frmHTMLExport& form) { runIfLoaded<FrmHtmlExportWindow>(owner_, form, language()); }
 
-void FormDialogs::showModal(imode::frmimode& form)
-{
-  FrmImodeWindow dialog(form, owner_.form().program().language, &owner_);
-  if (dialog.isLoaded())
-    run(dialog, owner_);
-}
+void FormDialogs::showModal(imode::frmimode& form) { runIfLoaded<FrmImodeWindow>(owner_, form, language()); }
 
-void FormDialogs::showModal(editor::FrmBild& form)
-{
-  BildWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(editor::FrmBild& form) { runWindow<BildWindow>(owner_, form); }
 
-void FormDialogs::showModal(editor::FrmSchriftart& form)
-{
-  SchriftartWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(editor::FrmSchriftart& form) { runWindow<SchriftartWindow>(owner_, form); }
 
-void FormDialogs::showModal(editor::FrmTabelleneigenschaften& form)
-{
-  TabelleneigenschaftenWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(editor::FrmTabelleneigenschaften& form) { runWindow<TabelleneigenschaftenWindow>(owner_, form); }
 
-void FormDialogs::showModal(editor::FrmVerweis& form)
-{
-  VerweisWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(editor::FrmVerweis& form) { runWindow<VerweisWindow>(owner_, form); }
 
-void FormDialogs::showModal(editor::InsertHTMLDlg& form)
-{
-  InsertHtmlWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(editor::InsertHTMLDlg& form) { runWindow<InsertHtmlWindow>(owner_, form); }
 
-void FormDialogs::showModal(editor::InsertTableDlg& form)
-{
-  InsertTableWindow dialog(form, &owner_);
-  run(dialog, owner_);
-}
+void FormDialogs::showModal(editor::InsertTableDlg& form) { runWindow<InsertTableWindow>(owner_, form); }
 
 void FormDialogs::show(editor::FormSuchenErsetzen& form)
 {
@@ -148,7 +117,7 @@ void FormDialogs::show(pictures::FrmFileScan& form)
   // A window that was closed belongs to a form object that is no more.
   if (!fileScan_ || !fileScan_->isVisible()) {
     fileScan_.reset();
-    fileScan_ = std::make_unique<FrmFileScanWindow>(form, owner_.form().program().language, &owner_);
+    fileScan_ = std::make_unique<FrmFileScanWindow>(form, language(), &owner_);
     connectHelp(*fileScan_, owner_);
     fileScan_->show();
   }
@@ -161,7 +130,7 @@ void FormDialogs::show(pictures::formobjektanzeigen& form)
 {
   if (!viewer_ || !viewer_->isVisible()) {
     viewer_.reset();
-    viewer_ = std::make_unique<ObjektAnzeigenWindow>(form, owner_.form().program().language, &owner_);
+    viewer_ = std::make_unique<ObjektAnzeigenWindow>(form, language(), &owner_);
     connectHelp(*viewer_, owner_);
   }
   viewer_->show();
@@ -177,7 +146,7 @@ void FormDialogs::showWorking(pictures::frmBildkonvertierer& form)
   QWidget* const before = QApplication::activeWindow();
   // Made anew, in the language of the day.
   converter_.reset();
-  converter_ = std::make_unique<BildkonvertiererWindow>(form, owner_.form().program().language, &owner_);
+  converter_ = std::make_unique<BildkonvertiererWindow>(form, language(), &owner_);
   converter_->adjustSize();
   const QRect around = (before ? *before : static_cast<QWidget&>(owner_)).geometry();
   converter_->move(around.center() - converter_->rect().center());
@@ -188,7 +157,7 @@ void FormDialogs::show(shop::frmmrdshop& form)
 {
   // The window of a dialog that is over goes by itself.
   if (!shop_ || !form.isOpen()) {
-    shop_ = new FrmShopWindow(form, owner_.form().program().language, &owner_);
+    shop_ = new FrmShopWindow(form, &owner_);
     connectHelp(*shop_, owner_);
   }
   owner_.hideSplash();

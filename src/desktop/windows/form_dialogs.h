@@ -43,6 +43,7 @@ public:
   void show(shop::frmmrdshop& form) override;
 
 private:
+  messages::Language& language();
   void showWorking(pictures::frmBildkonvertierer& form);
 
   MainformWindow& owner_;

@@ -5,6 +5,7 @@
 
 namespace mrd::desktop {
 
+/// The dialog that generates and publishes the site.
 class FrmHtmlExportWindow : public ExportWindow {
 public:
   FrmHtmlExportWindow(publish::frmHTMLExport& form, messages::Language& language, QWidget* parent = nullptr);

@@ -12,6 +12,7 @@ class InsertHTMLDlg;
 
 namespace mrd::desktop {
 
+/// The dialog that puts HTML text into the page.
 class InsertHtmlWindow : public QDialog {
 public:
   explicit InsertHtmlWindow(editor::InsertHTMLDlg& form, QWidget* parent = nullptr);

@@ -12,6 +12,7 @@ class InsertTableDlg;
 
 namespace mrd::desktop {
 
+/// The dialog that puts a table into the page.
 class InsertTableWindow : public QDialog {
 public:
   explicit InsertTableWindow(editor::InsertTableDlg& form, QWidget* parent = nullptr);

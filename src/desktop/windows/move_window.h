@@ -12,6 +12,7 @@ class frmMove1;
 
 namespace mrd::desktop {
 
+/// The dialog that moves a page within the tree.
 class FrmMoveWindow : public QDialog {
 public:
   explicit FrmMoveWindow(pagetree::frmMove1& form, QWidget* parent = nullptr);

@@ -12,6 +12,7 @@ class FrmSchriftart;
 
 namespace mrd::desktop {
 
+/// The dialog of typeface and size.
 class SchriftartWindow : public QDialog {
 public:
   explicit SchriftartWindow(editor::FrmSchriftart& form, QWidget* parent = nullptr);

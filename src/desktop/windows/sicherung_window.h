@@ -12,6 +12,7 @@ class FrmSicherung;
 
 namespace mrd::desktop {
 
+/// The dialog that asks for the backup to be restored.
 class SicherungWindow : public QDialog {
 public:
   explicit SicherungWindow(mainform::FrmSicherung& form, QWidget* parent = nullptr);

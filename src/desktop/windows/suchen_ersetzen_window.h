@@ -12,6 +12,7 @@ class FormSuchenErsetzen;
 
 namespace mrd::desktop {
 
+/// The dialog of search and replace, which stays beside the page.
 class SuchenErsetzenWindow : public QDialog {
 public:
   explicit SuchenErsetzenWindow(editor::FormSuchenErsetzen& form, QWidget* parent = nullptr);

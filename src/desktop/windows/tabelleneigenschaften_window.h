@@ -12,6 +12,7 @@ class FrmTabelleneigenschaften;
 
 namespace mrd::desktop {
 
+/// The dialog of a table, its row and its cell.
 class TabelleneigenschaftenWindow : public QDialog {
 public:
   explicit TabelleneigenschaftenWindow(editor::FrmTabelleneigenschaften& form, QWidget* parent = nullptr);

@@ -12,6 +12,7 @@ class FrmVerweis;
 
 namespace mrd::desktop {
 
+/// The dialog of a link.
 class VerweisWindow : public QDialog {
 public:
   explicit VerweisWindow(editor::FrmVerweis& form, QWidget* parent = nullptr);

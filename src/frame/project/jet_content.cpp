@@ -3,6 +3,7 @@
 #include "base/errors.h"
 #include "base/format.h"
 #include "base/text.h"
+#include "frame/paths/page_file.h"
 #include "frame/project/page_number.h"
 #include "frame/project/project.h"
 #include "frame/settings/stored_settings.h"
@@ -215,7 +216,7 @@ void JetContent::completeRoot()
     return;
   // Everything else hangs below it.
   db_.execute("INSERT INTO Seite (id, Überschrift, html, dateiname, [seitentyp-id]) VALUES (?, ?, ?, ?, 1)",
-              {kRoot, "Homepage", "<h3 id=\"ueberschrift\">Homepage</h3>", "*.htm"});
+              {kRoot, "Homepage", "<h3 id=\"ueberschrift\">Homepage</h3>", paths::kDefaultPattern});
   note("Die Homepage fehlt. Eine leere steht an ihrer Stelle.");
 }
 

@@ -40,12 +40,13 @@ std::span<const Setting> settingTable();
 /// The setting of a key, whatever its case; null for a key without a field.
 const Setting* findSetting(std::string_view key);
 
-/// The order in which keys are saved.
+/// A key as a project's settings are saved.
 struct SavedKey {
   std::string_view key;
   /// Every project's template holds these rows, so that they are changed and never added.
   bool editOnly;
 };
+/// The keys in the order in which they are saved.
 std::span<const SavedKey> savingOrder();
 
 } // namespace mrd::settings

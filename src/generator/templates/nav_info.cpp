@@ -2,6 +2,7 @@
 
 #include "base/format.h"
 #include "base/text.h"
+#include "frame/paths/page_file.h"
 
 namespace mrd::templates {
 namespace {
@@ -40,7 +41,7 @@ std::string basislinkFor(int Seitentypid, std::string_view tbbasisurl)
 const std::string& LinkInfo::dateiname()
 {
   if (dateiname_.empty())
-    dateiname_ = "*.htm";
+    dateiname_ = paths::kDefaultPattern;
   if (!dateiname_.starts_with("http:/"))
     dateiname_ = base::lower(dateiname_);
   return dateiname_;
@@ -49,7 +50,7 @@ const std::string& LinkInfo::dateiname()
 std::string LinkInfo::href()
 {
   const bool isHomepage = Seitenid == "00" || Seitenid.empty();
-  return KompletterLink + base::replaceAll(dateiname(), "*", isHomepage ? std::string_view("index") : Seitenid);
+  return KompletterLink + paths::fileOfPattern(dateiname(), isHomepage ? std::string_view("index") : Seitenid);
 }
 
 void LinkInfo::fill(const PageRow* page, std::string_view base)

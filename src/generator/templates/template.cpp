@@ -2,6 +2,7 @@
 
 #include "base/errors.h"
 #include "base/text.h"
+#include "frame/paths/page_file.h"
 
 #include <algorithm>
 
@@ -181,7 +182,7 @@ void Template::HTMSetzeInhalte(std::string& html, std::string_view Seitenid, int
   for (const auto& [placeholder, pattern] : InhaltsAttribute) {
     if (placeholder != kDateiname)
       continue;
-    const std::string file = base::replaceAll(pattern.empty() ? std::string_view("*.htm") : pattern, "*", id);
+    const std::string file = paths::fileOfPattern(pattern, id);
     basislink_ = basislinkFor(aktuelleSeitentypid, site.tbbasisurl);
     html = base::replaceAll(html, kBase, basislink_);
     const bool isAddress = base::lower(base::left(file, 7)) == "http://";

@@ -57,6 +57,16 @@ void RowReader::prepare()
 }
 
 /// What is loaded stays as it is: its text may be in use.
+bool RowReader::readRow()
+{
+  statement_.bind(1, key_);
+  const bool found = statement_.step();
+  if (found)
+    readAll();
+  statement_.reset();
+  return found;
+}
+
 void RowReader::readAll()
 {
   for (std::size_t at = 0; at < wanted_.size(); ++at) {
@@ -73,12 +83,7 @@ bool RowReader::load(std::int64_t key)
   key_ = key;
   if (!statement_)
     prepare();
-  statement_.bind(1, key_);
-  const bool found = statement_.step();
-  if (found)
-    readAll();
-  statement_.reset();
-  return found;
+  return readRow();
 }
 
 const Field& RowReader::field(std::size_t column)
@@ -89,12 +94,7 @@ const Field& RowReader::field(std::size_t column)
     wanted_.push_back(column);
     prepare();
   }
-  statement_.bind(1, key_);
-  const bool found = statement_.step();
-  if (found)
-    readAll();
-  statement_.reset();
-  if (!found)
+  if (!readRow())
     throw base::Error(base::ErrorNumber::NoCurrentRecord, "Der Datensatz wurde inzwischen gelöscht.");
   return fields_[column];
 }

@@ -44,6 +44,8 @@ public:
 
 private:
   void prepare();
+  /// False where the row is no more.
+  bool readRow();
   void readAll();
 
   const Connection& connection_;

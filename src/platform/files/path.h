@@ -21,8 +21,8 @@ std::string systemPath(const std::filesystem::path& native);
 /// Path in the system's form of a local reference: `file:///C:/x`, `file://C:\x`, `file:///home/x`, `file://\home\x`,
 /// `file:\\\home\x` or a plain path, percent escapes decoded, the root kept and never doubled. A relative reference stays
 /// relative, `file://pix/x.jpg` too: pages name directories of the site so. The whole reference belongs here, prefix and all:
-/// whoever shortens
-/// `///` first has lost the root. Escapes are UTF-8, or Windows-1252 where that fails; a percent sign that is none stays.
+/// whoever shortens `///` first has lost the root. Escapes are UTF-8, or Windows-1252 where that fails; a percent sign that is
+/// none stays.
 std::string pathFromReference(std::string_view reference);
 
 /// Whether the reference has a scheme (two or more characters before a colon) other than `file:` and `http:`; such a reference

@@ -63,7 +63,7 @@ void Lines::flush()
   lineEndIsDue_ = blankIsDue_ = false;
 }
 
-/// Nesting of elements with white space that counts.
+/// One way through all that is below an element, without recursion.
 class Walk {
 public:
   explicit Walk(const Node& top) : top_(top) {}
@@ -121,6 +121,7 @@ private:
 
   const Node& top_;
   Lines lines_;
+  /// How many elements around the present place keep white space as it is.
   int preformatted_ = 0;
 };
 

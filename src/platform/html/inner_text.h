@@ -7,7 +7,9 @@
 
 namespace mrd::html {
 
+/// As Element::innerText: as it would be read, with CR LF line ends.
 std::string innerTextOf(const Node& element);
+/// As Element::textContent: all text as it stands, with LF line ends.
 std::string textContentOf(const Node& element);
 
 } // namespace mrd::html

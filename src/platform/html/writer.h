@@ -8,6 +8,7 @@
 
 namespace mrd::html {
 
+/// A node with its tags, and the same without them: what is below it.
 void appendNode(std::string& out, const Node& node);
 void appendChildren(std::string& out, const Node& parent);
 

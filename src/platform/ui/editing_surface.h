@@ -34,6 +34,7 @@ struct SurfaceEvents {
   std::function<void()> restored = [] {};
 };
 
+/// A typeface by its name, empty to leave it, and its size.
 struct FontChoice {
   std::string name;
   /// 1 to 7; empty leaves it.
@@ -63,6 +64,7 @@ struct SurfacePrompts {
   std::function<std::optional<std::string>(std::string_view present)> searchText = [](std::string_view) { return std::nullopt; };
 };
 
+/// Whether a command asks the user for what it needs, or takes its argument.
 enum class Prompt { None, Ask };
 
 /// `Control`: one picture or another element that is selected as a whole.
@@ -77,6 +79,7 @@ struct NewTable {
   std::string caption = {};
 };
 
+/// An entry, or a line between entries.
 struct ContextMenuEntry {
   std::string caption;
   /// A status of ui::command: below kEnabled the entry cannot be chosen.
@@ -143,6 +146,7 @@ public:
   virtual std::string commandValue(int command) const = 0;
   /// Names of the block formats, in the order of the menu that shows them.
   virtual std::vector<std::string> blockFormatNames() const = 0;
+  /// At the cursor. False when it could not be put there.
   virtual bool insertTable(const NewTable& table) = 0;
 
   /// Lines around tables and cells that have none; marks for what a page holds and does not show.

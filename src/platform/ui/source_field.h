@@ -15,6 +15,7 @@ struct TextRange {
   bool operator==(const TextRange&) const = default;
 };
 
+/// What the field does by itself, with the clipboard and its own history.
 enum class EditAction { Undo, Redo, Cut, Copy, Paste, SelectAll };
 
 /// The field with the HTML source of the page, with a selection or a cursor in it.

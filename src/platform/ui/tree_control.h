@@ -15,6 +15,7 @@ struct TreeEvents {
   std::function<void(std::string_view key)> expand = [](std::string_view) {};
 };
 
+/// By one line of the tree, or about as far to the side.
 enum class ScrollStep { LineUp, LineDown, LineLeft, LineRight };
 
 /// Size of the part of a tree that is on the screen, in pixels.

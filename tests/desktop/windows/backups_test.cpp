@@ -19,15 +19,10 @@ using testing::HasSubstr;
 using testing::SizeIs;
 using ui::Button;
 
-std::string heading(const std::string& text) { return "<h3 id=\"ueberschrift\">" + text + "</h3>"; }
-
 struct BackupWindows : testing::Test {
   BackupWindows()
   {
-    home.setIniValue("LastFile", "File1", project.file());
-    files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] : {std::pair{"Assistent", "nein"}, {"MainWidth", "15000"}, {"MainHeight", "9000"}})
-      settings.setValue("Settings", key, value);
+    home.lastWorkedOn(project.file());
     desk = std::make_unique<Desk>(home);
     desk->start();
     comesTrue([&] { return !project::Backups(project.file()).list().empty(); });

@@ -33,12 +33,9 @@ class Captions : public testing::TestWithParam<const char*> {
 protected:
   Captions()
   {
-    home.setIniValue("LastFile", "File1", project.file());
+    home.lastWorkedOn(project.file(), 17700, 12000);
     home.setIniValue("Language", "Lang", GetParam());
-    files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] :
-         {std::pair{"Assistent", "nein"}, {"MainWidth", "17700"}, {"MainHeight", "12000"}, {"picSplitterLeft", "2400"}})
-      settings.setValue("Settings", key, value);
+    files::UserSettings(home.userSettingsFile()).setValue("Settings", "picSplitterLeft", "2400");
   }
 
   /// Controls whose text needs more room than they have.
@@ -298,17 +295,25 @@ TEST_P(Captions, bring_no_box_of_a_control_that_is_missing)
 
 INSTANTIATE_TEST_SUITE_P(Languages, Captions, testing::Values("GER", "ENG"), [](const auto& language) { return language.param; });
 
-TEST(LanguageDatabase, with_rows_of_controls_that_do_not_exist_costs_a_box_for_each)
-{
+struct LanguageDatabase : testing::Test {
+  LanguageDatabase() { home.lastWorkedOn(project.file()); }
+
+  /// A row of the main window.
+  void addRow(const char* type, const char* control, const char* language, const char* caption) const
+  {
+    dao::Database::open(home.directory.file("language.mdb"))
+        .execute("INSERT INTO tbl_Language (FormName, ControlType, controlname, Language, CaptionText) "
+                 "VALUES ('Mainform', ?, ?, ?, ?)",
+                 {type, control, language, caption});
+  }
+
   ProgramHome home;
   support::TemporaryProject project{{"00", "Start"}};
-  home.setIniValue("LastFile", "File1", project.file());
-  files::UserSettings(home.userSettingsFile()).setValue("Settings", "Assistent", "nein");
-  {
-    auto database = dao::Database::open(home.directory.file("language.mdb"));
-    database.execute("INSERT INTO tbl_Language (FormName, ControlType, controlname, Language, CaptionText) "
-                     "VALUES ('Mainform', 'Label', 'LblFehlt', 'GER', 'Fehlt')");
-  }
+};
+
+TEST_F(LanguageDatabase, with_rows_of_controls_that_do_not_exist_costs_a_box_for_each)
+{
+  addRow("Label", "LblFehlt", "GER", "Fehlt");
   Desk desk(home);
 
   EXPECT_TRUE(desk.start());
@@ -318,17 +323,9 @@ TEST(LanguageDatabase, with_rows_of_controls_that_do_not_exist_costs_a_box_for_e
   EXPECT_EQ(desk.window().windowTitle(), "Mirandel: Start");
 }
 
-TEST(LanguageDatabase, with_texts_for_fields_changes_no_page)
+TEST_F(LanguageDatabase, with_texts_for_fields_changes_no_page)
 {
-  ProgramHome home;
-  support::TemporaryProject project{{"00", "Start"}};
-  home.setIniValue("LastFile", "File1", project.file());
-  files::UserSettings(home.userSettingsFile()).setValue("Settings", "Assistent", "nein");
-  {
-    auto database = dao::Database::open(home.directory.file("language.mdb"));
-    database.execute("INSERT INTO tbl_Language (FormName, ControlType, controlname, Language, CaptionText) "
-                     "VALUES ('Mainform', 'TextBox', 'tbdateiname', 'ENG', 'anders.htm')");
-  }
+  addRow("TextBox", "tbdateiname", "ENG", "anders.htm");
   Desk desk(home);
   desk.start();
 

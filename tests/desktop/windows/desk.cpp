@@ -4,7 +4,9 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTest>
 
 #include <algorithm>
@@ -95,6 +97,15 @@ void ProgramHome::setIniValue(std::string_view section, std::string_view key, st
   paths::SchreibeIni(section, key, value, paths::ProgramFiles(directory.path()).iniFile());
 }
 
+void ProgramHome::lastWorkedOn(const std::string& project, int width, int height) const
+{
+  setIniValue("LastFile", "File1", project);
+  files::UserSettings settings(userSettingsFile());
+  settings.setValue("Settings", "Assistent", "nein");
+  settings.setValue("Settings", "MainWidth", std::to_string(width));
+  settings.setValue("Settings", "MainHeight", std::to_string(height));
+}
+
 Desk::Desk(ProgramHome& programHome)
     : home(programHome), userSettings(programHome.userSettingsFile()),
       program_(std::make_unique<mainform::Program>(paths::ProgramFiles(programHome.directory.path()), clock_, ui_)),
@@ -139,6 +150,16 @@ void Desk::clickNode(const std::string& key)
 {
   tree().scrollToItem(node(key));
   QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, tree().visualItemRect(node(key)).center());
+  settle();
+}
+
+void Desk::writeSource(const std::string& html)
+{
+  auto& tabs = find<QTabWidget>("tabHtml");
+  tabs.setCurrentIndex(static_cast<int>(mainform::HtmlTab::Source));
+  settle();
+  find<QPlainTextEdit>("tbhtml").setPlainText(QString::fromStdString(html));
+  tabs.setCurrentIndex(static_cast<int>(mainform::HtmlTab::Editor));
   settle();
 }
 

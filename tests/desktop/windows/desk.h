@@ -59,8 +59,14 @@ public:
   support::TemporaryDirectory directory;
   std::string iniValue(std::string_view section, std::string_view key) const;
   void setIniValue(std::string_view section, std::string_view key, std::string_view value) const;
+  /// Leaves behind what a user does who works with this project, in a window of this size: the next start opens it, without the
+  /// assistant. Twips.
+  void lastWorkedOn(const std::string& project, int width = 15000, int height = 9000) const;
   std::string userSettingsFile() const { return (directory.native() / "settings.ini").string(); }
 };
+
+/// A page's heading in its source.
+inline std::string heading(const std::string& text) { return "<h3 id=\"ueberschrift\">" + text + "</h3>"; }
 
 /// One run of the program.
 class Desk {
@@ -84,6 +90,8 @@ public:
   PageTree& tree() { return find<PageTree>("TreeView1"); }
   QTreeWidgetItem* node(const std::string& key);
   void clickNode(const std::string& key);
+  /// What the user would have written in place of the page: its source, and then back to the page.
+  void writeSource(const std::string& html);
   void dragNode(const std::string& from, const std::string& to);
 
   ProgramHome& home;

@@ -28,10 +28,7 @@ struct EditorWindows : testing::Test {
   {
     std::filesystem::create_directories(project.directory().native() / "site/pix");
     project.setSetting("Exportpfad", project.directory().file("site\\"));
-    home.setIniValue("LastFile", "File1", project.file());
-    files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] : {std::pair{"Assistent", "nein"}, {"MainWidth", "15000"}, {"MainHeight", "9000"}})
-      settings.setValue("Settings", key, value);
+    home.lastWorkedOn(project.file());
     desk = std::make_unique<Desk>(home);
     desk->start();
     desk->clickNode("@01");

@@ -28,10 +28,7 @@ constexpr int kImodeTab = 6;
 struct ImodeDesk : testing::Test {
   ImodeDesk()
   {
-    home.setIniValue("LastFile", "File1", project.file());
-    files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] : {std::pair{"Assistent", "nein"}, {"MainWidth", "15000"}, {"MainHeight", "9000"}})
-      settings.setValue("Settings", key, value);
+    home.lastWorkedOn(project.file());
     std::filesystem::create_directories(site);
     project.setSetting("Exportpfad", project.directory().path() + "\\site\\");
     project.setSetting("Titel", "Haus Möwe");

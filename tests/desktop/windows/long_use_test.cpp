@@ -63,10 +63,7 @@ protected:
                                                                        {"ftpuser", server_.user()},
                                                                        {"ftppasswort", server_.password()}})
       project_.setSetting(key, value);
-    home_.setIniValue("LastFile", "File1", project_.file());
-    files::UserSettings settings(home_.userSettingsFile());
-    for (const auto& [key, value] : {std::pair{"Assistent", "nein"}, {"MainWidth", "15000"}, {"MainHeight", "9000"}})
-      settings.setValue("Settings", key, value);
+    home_.lastWorkedOn(project_.file());
     desk_ = std::make_unique<Desk>(home_);
     desk_->start();
   }

@@ -25,29 +25,15 @@ using ui::Button;
 
 constexpr int kEditor = 0, kSource = 1, kPageSettings = 2;
 
-std::string heading(const std::string& text) { return "<h3 id=\"ueberschrift\">" + text + "</h3>"; }
-
 struct Pages : testing::Test {
   Pages()
   {
-    home.setIniValue("LastFile", "File1", project.file());
-    files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] : {std::pair{"Assistent", "nein"}, {"MainWidth", "15000"}, {"MainHeight", "9000"}})
-      settings.setValue("Settings", key, value);
+    home.lastWorkedOn(project.file());
     desk = std::make_unique<Desk>(home);
     desk->start();
     desk->clickNode("@01");
   }
 
-  /// What the user would have written in place of the page.
-  void write(const std::string& body)
-  {
-    desk->find<QTabWidget>("tabHtml").setCurrentIndex(kSource);
-    desk->settle();
-    desk->find<QPlainTextEdit>("tbhtml").setPlainText(QString::fromStdString(body));
-    desk->find<QTabWidget>("tabHtml").setCurrentIndex(kEditor);
-    desk->settle();
-  }
   void type(const char* text)
   {
     desk->window().activateWindow();
@@ -87,7 +73,7 @@ TEST_F(Pages, open_by_the_arrow_keys)
 
 TEST_F(Pages, change_the_trees_label_with_their_heading_when_saved)
 {
-  write(heading("Mein Haus") + "<p>Neu</p>");
+  desk->writeSource(heading("Mein Haus") + "<p>Neu</p>");
 
   desk->action("seitespeichern").trigger();
   desk->settle();
@@ -116,14 +102,14 @@ TEST_F(Pages, three_new_ones_stand_on_two_levels)
     desk->clickNode("@02");
     desk->action("seiteneu").trigger();
     desk->settle();
-    write(heading(text));
+    desk->writeSource(heading(text));
     desk->action("seitespeichern").trigger();
     desk->settle();
   }
   desk->clickNode("@0201");
   desk->action("SeiteSub_0").trigger();
   desk->settle();
-  write(heading("Rosen"));
+  desk->writeSource(heading("Rosen"));
   desk->action("seitespeichern").trigger();
   desk->settle();
 
@@ -135,7 +121,7 @@ TEST_F(Pages, three_new_ones_stand_on_two_levels)
 
 TEST_F(Pages, without_a_heading_are_called_by_three_strokes)
 {
-  write(heading(""));
+  desk->writeSource(heading(""));
 
   desk->action("seitespeichern").trigger();
   desk->settle();
@@ -314,7 +300,7 @@ TEST_F(Pages, the_head_shows_the_title_until_it_is_saved)
 
 TEST_F(Pages, that_cannot_be_saved_stay_in_the_editor_and_dirty)
 {
-  write(heading("Haus") + "<p>Ungesichert</p>");
+  desk->writeSource(heading("Haus") + "<p>Ungesichert</p>");
   project.db().execute("DROP TABLE Seite");
 
   desk->action("seitespeichern").trigger();

@@ -29,11 +29,8 @@ struct PictureWindows : testing::Test {
     std::filesystem::create_directories(project.directory().native() / "site/pix");
     std::filesystem::create_directories(project.directory().native() / "fotos");
     project.setSetting("Exportpfad", project.directory().file("site\\"));
-    home.setIniValue("LastFile", "File1", project.file());
-    files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] : {std::pair{"Assistent", "nein"}, {"MainWidth", "15000"}, {"MainHeight", "9000"}})
-      settings.setValue("Settings", key, value);
-    settings.setValue("Settings", "search", fotos());
+    home.lastWorkedOn(project.file());
+    files::UserSettings(home.userSettingsFile()).setValue("Settings", "search", fotos());
     desk = std::make_unique<Desk>(home);
     desk->start();
     desk->clickNode("@01");

@@ -72,10 +72,7 @@ void once(QObject& owner, const std::function<bool()>& condition, const std::fun
 struct PublishingDesk : testing::Test {
   PublishingDesk()
   {
-    home.setIniValue("LastFile", "File1", project.file());
-    files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] : {std::pair{"Assistent", "nein"}, {"MainWidth", "15000"}, {"MainHeight", "9000"}})
-      settings.setValue("Settings", key, value);
+    home.lastWorkedOn(project.file());
     std::filesystem::create_directories(site / "pix");
     project.setSetting("Exportpfad", project.directory().path() + "\\site\\");
     project.setSetting("grundlayout", "Navigation linke Seite");
@@ -112,8 +109,6 @@ struct PublishingDesk : testing::Test {
     EXPECT_TRUE(isDone);
     EXPECT_FALSE(QApplication::activeModalWidget());
   }
-
-  static std::string heading(const std::string& text) { return "<h3 id=\"ueberschrift\">" + text + "</h3>"; }
 
   support::TemporaryProject project{{"00", "Start", heading("Start")}, {"01", "Haus", heading("Haus")}};
   std::filesystem::path site = project.directory().native() / "site";

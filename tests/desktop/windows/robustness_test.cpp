@@ -5,8 +5,6 @@
 #include "base/format.h"
 
 #include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QTabWidget>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,25 +19,12 @@ using testing::IsEmpty;
 using testing::Not;
 using ui::Button;
 
-constexpr int kEditor = 0, kSource = 1;
-
 struct OpenProject : testing::Test {
   void open()
   {
-    home.setIniValue("LastFile", "File1", project.file());
-    files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] : {std::pair{"Assistent", "nein"}, {"MainWidth", "15000"}, {"MainHeight", "9000"}})
-      settings.setValue("Settings", key, value);
+    home.lastWorkedOn(project.file());
     desk = std::make_unique<Desk>(home);
     desk->start();
-  }
-  void write(const std::string& body)
-  {
-    desk->find<QTabWidget>("tabHtml").setCurrentIndex(kSource);
-    desk->settle();
-    desk->find<QPlainTextEdit>("tbhtml").setPlainText(QString::fromStdString(body));
-    desk->find<QTabWidget>("tabHtml").setCurrentIndex(kEditor);
-    desk->settle();
   }
   void save()
   {
@@ -62,7 +47,7 @@ struct OpenProject : testing::Test {
 TEST_F(OpenProject, that_another_program_holds_keeps_the_page_dirty_until_it_is_free)
 {
   open();
-  write("<h3 id=\"ueberschrift\">Start</h3><p>Neu</p>");
+  desk->writeSource("<h3 id=\"ueberschrift\">Start</h3><p>Neu</p>");
   {
     dao::Transaction held(project.db());
     project.db().execute("UPDATE Seite SET script = 'x' WHERE ID = '00'");
@@ -83,7 +68,7 @@ TEST_F(OpenProject, that_another_program_holds_keeps_the_page_dirty_until_it_is_
 TEST_F(OpenProject, that_is_deleted_keeps_the_page_in_the_editor)
 {
   open();
-  write("<h3 id=\"ueberschrift\">Start</h3><p>Neu</p>");
+  desk->writeSource("<h3 id=\"ueberschrift\">Start</h3><p>Neu</p>");
   for (const auto& entry : fs::directory_iterator(project.directory().native()))
     fs::remove_all(entry.path());
 
@@ -134,7 +119,7 @@ TEST_F(OpenProject, of_9999_pages_opens_and_is_saved_with_its_tree)
   }
   open();
   desk->clickNode("@50");
-  write("<h3 id=\"ueberschrift\">Mitte</h3>");
+  desk->writeSource("<h3 id=\"ueberschrift\">Mitte</h3>");
 
   save();
 
@@ -145,7 +130,7 @@ TEST_F(OpenProject, of_9999_pages_opens_and_is_saved_with_its_tree)
 TEST_F(OpenProject, offers_what_a_crash_left_unsaved)
 {
   open();
-  write("<h3 id=\"ueberschrift\">Start</h3><p>Ungesichert</p>");
+  desk->writeSource("<h3 id=\"ueberschrift\">Start</h3><p>Ungesichert</p>");
   desk->form().Timer();
   const auto crashed = home.directory.native() / "absturz";
   fs::copy(project.directory().native(), crashed, fs::copy_options::recursive);

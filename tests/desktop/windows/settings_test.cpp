@@ -24,12 +24,9 @@ constexpr int kLayoutTab = 3, kExportTab = 4;
 struct Settings : testing::Test {
   Settings()
   {
-    home.setIniValue("LastFile", "File1", project.file());
+    home.lastWorkedOn(project.file(), 16500, 12000);
     project.setSetting("Exportpfad", project.directory().path() + "\\");
     project.setSetting("blättern", "0");
-    files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] : {std::pair{"Assistent", "nein"}, {"MainWidth", "16500"}, {"MainHeight", "12000"}})
-      settings.setValue("Settings", key, value);
     desk = std::make_unique<Desk>(home);
     desk->start();
     desk->find<QTabWidget>("tabHtml").setCurrentIndex(kLayoutTab);

@@ -29,8 +29,6 @@ using testing::Not;
 
 constexpr int kSource = 1, kPageSettings = 2;
 
-std::string heading(const std::string& text) { return "<h3 id=\"ueberschrift\">" + text + "</h3>"; }
-
 struct ShopDesk : testing::Test {
   ShopDesk()
   {
@@ -38,10 +36,7 @@ struct ShopDesk : testing::Test {
     std::filesystem::create_directories(project.directory().native() / "site" / "pix");
     project.db().execute("INSERT INTO Artikel (Artikelnummer, Artikel_deutsch, Artikel_englisch, Preis_Euro) "
                          "VALUES (7, 'Poster', 'Poster', 12.5)");
-    home.setIniValue("LastFile", "File1", project.file());
-    files::UserSettings settings(home.userSettingsFile());
-    for (const auto& [key, value] : {std::pair{"Assistent", "nein"}, {"MainWidth", "15000"}, {"MainHeight", "9000"}})
-      settings.setValue("Settings", key, value);
+    home.lastWorkedOn(project.file());
     desk = std::make_unique<Desk>(home);
     desk->start();
     desk->clickNode("@01");
