@@ -8,7 +8,8 @@ if(MRD_WERROR)
 endif()
 if(MRD_SANITIZE)
   target_compile_options(mrd_flags INTERFACE -fsanitize=${MRD_SANITIZE} -fno-omit-frame-pointer)
-  target_link_options(mrd_flags INTERFACE -fsanitize=${MRD_SANITIZE})
+  # The sanitizers' library loads modules in the program's stead, and heeds no search path of the newer kind but its own.
+  target_link_options(mrd_flags INTERFACE -fsanitize=${MRD_SANITIZE} LINKER:--disable-new-dtags)
 endif()
 
 # mrd_library(<name> SOURCES .. HEADERS .. [USES <our libraries>] [VENDOR <private imported targets>])
