@@ -157,7 +157,7 @@ void FormDialogs::show(shop::frmmrdshop& form)
 {
   // The window of a dialog that is over goes by itself.
   if (!shop_ || !form.isOpen()) {
-    shop_ = new FrmShopWindow(form, &owner_);
+    shop_ = new FrmShopWindow(form, language(), &owner_);
     connectHelp(*shop_, owner_);
   }
   owner_.hideSplash();
