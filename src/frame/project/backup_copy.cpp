@@ -84,11 +84,16 @@ void makeBackup(const Backups& backups, std::string_view name) { BackupCopy(back
 DailyBackup::DailyBackup(const Backups& backups, const base::DateTime& today)
 {
   const std::string name = Backups::nameOfDay(today);
-  if (files::fileExists(backups.pathOf(name)))
+  if (files::fileExists(backups.pathOf(name))) {
     backups.removeLeftOvers();
-  else
-    failure_ = failureOf([&] { begin(backups, name); });
-  done_ = !thread_.joinable();
+    done_ = true;
+    return;
+  }
+  // The thread tells of its end by itself, and may have done so before it is let go here.
+  if (const auto failure = failureOf([&] { begin(backups, name); })) {
+    failure_ = failure;
+    done_ = true;
+  }
 }
 
 void DailyBackup::begin(const Backups& backups, const std::string& name)

@@ -45,6 +45,12 @@ TEST_F(BackupsTest, of_a_day_hold_what_the_project_holds)
   EXPECT_EQ(made->moment, (base::DateTime{2003, 4, 17}));
 }
 
+TEST_F(BackupsTest, are_known_as_made_however_soon_that_is)
+{
+  for (int day = 1; day <= 28; ++day)
+    EXPECT_FALSE(makeDaily({2003, 4, day}));
+}
+
 TEST_F(BackupsTest, are_made_once_a_day)
 {
   makeDaily();
