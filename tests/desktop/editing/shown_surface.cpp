@@ -4,8 +4,10 @@
 #include <QEventLoop>
 #include <QTest>
 #include <QTimer>
-#include <QWebEngineScript>
 #include <QWebEngineView>
+
+#include <memory>
+#include <optional>
 
 namespace mrd::desktop {
 
@@ -60,16 +62,13 @@ std::string ShownSurface::reloaded()
 
 QWebEnginePage& ShownSurface::page() const { return *findChild<QWebEngineView*>()->page(); }
 
-QVariant ShownSurface::inDocument(const QString& expression) const
+QVariant ShownSurface::inDocument(const QString& expression, quint32 world, int milliseconds) const
 {
-  bool answered = false;
-  QVariant value;
-  page().runJavaScript(expression, QWebEngineScript::ApplicationWorld, [&](const QVariant& answer) {
-    value = answer;
-    answered = true;
-  });
-  comesTrue([&] { return answered; }, 20000);
-  return value;
+  // A page that breaks down answers when nobody waits any more.
+  const auto value = std::make_shared<std::optional<QVariant>>();
+  page().runJavaScript(expression, world, [value](const QVariant& answer) { *value = answer; });
+  comesTrue([&] { return value->has_value(); }, milliseconds);
+  return value->value_or(QVariant());
 }
 
 void ShownSurface::select(const QString& selector)

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QVariant>
 #include <QWebEnginePage>
+#include <QWebEngineScript>
 
 #include <functional>
 #include <string>
@@ -29,8 +30,9 @@ public:
   std::string reloaded();
 
   QWebEnginePage& page() const;
-  /// Value of an expression in the document, in the world of the editing script.
-  QVariant inDocument(const QString& expression) const;
+  /// Value of an expression in the document; none where it does not answer in time.
+  QVariant inDocument(const QString& expression, quint32 world = QWebEngineScript::ApplicationWorld,
+                      int milliseconds = 20000) const;
   std::string textInDocument(const QString& expression) const { return inDocument(expression).toString().toStdString(); }
 
   /// Selects all of what a CSS selector finds first, or a part of its first text.

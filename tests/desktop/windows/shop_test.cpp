@@ -63,10 +63,10 @@ struct ShopDesk : testing::Test {
   /// Runs a script in the edited document, in the world of the editor's own.
   void inDocument(const QString& script)
   {
-    bool done = false;
+    const auto done = std::make_shared<bool>(false);
     desk->surface().findChild<QWebEngineView*>()->page()->runJavaScript(script, QWebEngineScript::ApplicationWorld,
-                                                                        [&](const QVariant&) { done = true; });
-    comesTrue([&] { return done; });
+                                                                        [done](const QVariant&) { *done = true; });
+    comesTrue([&] { return *done; });
     desk->settle();
   }
   void placeCursor(const char* element, int offset)
