@@ -1,7 +1,6 @@
 #include "desktop/editing/shown_surface.h"
 #include "support/temporary.h"
 
-#include <QElapsedTimer>
 #include <QWebEngineScript>
 
 #include <gmock/gmock.h>
@@ -124,14 +123,10 @@ TEST(LoadedPage, may_have_three_megabytes)
   std::string page;
   while (page.size() < 3'000'000)
     page += "<p>Das Haus am Meer hat \"große\" Fenster &amp; eine Tür.</p>\r\n";
-  QElapsedTimer clock;
-  clock.start();
 
   surface.load(page);
-  const std::string read = surface.bodyInnerHtml();
 
-  EXPECT_EQ(read, page);
-  EXPECT_LT(clock.elapsed(), 10000);
+  EXPECT_EQ(surface.bodyInnerHtml(), page);
   surface.setBodyInnerHtml(page + "<p>Ende</p>");
   EXPECT_EQ(surface.bodyInnerHtml(), page + "<p>Ende</p>");
 }
@@ -152,8 +147,6 @@ TEST_P(AMegabyte, neither_hangs_the_surface_nor_breaks_it_down)
   std::string page = "Anfang";
   while (page.size() < 1'000'000)
     page += GetParam().text;
-  QElapsedTimer clock;
-  clock.start();
 
   surface.load(page);
   const std::string read = surface.bodyInnerHtml();
@@ -162,7 +155,6 @@ TEST_P(AMegabyte, neither_hangs_the_surface_nor_breaks_it_down)
   EXPECT_THAT(read, StartsWith("Anfang"));
   EXPECT_EQ(surface.bodyInnerHtml(), read);
   EXPECT_EQ(surface.restorations, 0);
-  EXPECT_LT(clock.elapsed(), 60000);
 }
 
 INSTANTIATE_TEST_SUITE_P(
