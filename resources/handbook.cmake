@@ -26,3 +26,4 @@ mrd_handbook(de hilfe/handbuch)
 mrd_handbook(en help/handbook)
 
 add_custom_target(handbook_files ALL DEPENDS ${mrd_program_files})
+add_dependencies(help_files handbook_files)
