@@ -12,6 +12,11 @@ mrd generate haus.mdb --export site
 [ -s site/index.htm ]
 grep -q "Am Meer" site/index.htm
 [ -n "$(find site/pix -name '*.jpg')" ]
+# Nobody listens there. The library for transfers must have come along to find that out.
+mrd settings haus.mdb ftpserver=127.0.0.1:9 ftpuser=anna ftppasswort=geheim
+if mrd publish haus.mdb 2> told; then exit 1; fi
+grep -q "nimmt keine Verbindung an" told
+
 mrd import ../altprojekt-jet4.mdb alt.mdb
 [ "$(mrd pages alt.mdb | wc -l)" -gt 1 ]
 
