@@ -90,13 +90,17 @@ class LayoutHtmlMaker(HtmlMaker):
                                rng.choice((mark, mark, mark, mark + ">", "")))
 
 
+# What stands in a layout in the place of a picture that it does not have.
+NO_PICTURE = 3 * "x"
+
+
 class LayoutReferences(References):
     """References of layouts too: bare names and what only the text scan meets."""
 
     def image(self):
         rng = self.rng
         if rng.random() < 0.25:
-            return rng.choice(LAYOUT_PICTURES + ("xxx", "XXX", "nirgends.gif", "pix/Knopf.gif", "pix\\linie.GIF",
+            return rng.choice(LAYOUT_PICTURES + (NO_PICTURE, NO_PICTURE.upper(), "nirgends.gif", "pix/Knopf.gif", "pix\\linie.GIF",
                                                  "pix/punkt.neu.gif", "KNOPF.GIF", "a/b/Knopf.gif",
                                                  "[mrd:ID]", "[mrd:Kompletterlink]pix/a.gif", " + quelle + ", "mrdnav.js",
                                                  "./knopf.gif", "/knopf.gif", "\\pix\\x.gif"))

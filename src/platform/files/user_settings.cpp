@@ -26,7 +26,7 @@ std::filesystem::path homeDirectory()
   return "/";
 }
 
-/// A directory of https://specifications.freedesktop.org/basedir-spec/latest/, which has relative paths ignored.
+/// A directory of the XDG Base Directory rules of freedesktop.org, version 0.8, which have relative paths ignored.
 std::filesystem::path baseDirectory(const char* variable, std::string_view belowHome)
 {
   if (const char* value = std::getenv(variable); value && *value == '/')
