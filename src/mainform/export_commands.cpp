@@ -12,19 +12,12 @@
 namespace mrd::mainform {
 namespace {
 
-constexpr int kMessageChoosePage = 2, kMessageNoProject = 24;
+constexpr int kMessageChoosePage = 2;
 constexpr std::string_view kPanelPrefix = "ID:@";
 
 } // namespace
 
-bool ExportCommands::isReady()
-{
-  if (!parts_.project.isOpen()) {
-    parts_.project.program().language.GetMsg(kMessageNoProject);
-    return false;
-  }
-  return parts_.pages.leave();
-}
+bool ExportCommands::isReady() { return parts_.project.requireOpen() && parts_.pages.leave(); }
 
 generator::ExportEnvironment ExportCommands::environment()
 {

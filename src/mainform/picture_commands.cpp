@@ -8,7 +8,7 @@
 namespace mrd::mainform {
 namespace {
 
-constexpr int kMessageNoProject = 24, kMessageChoosePage = 2;
+constexpr int kMessageChoosePage = 2;
 
 } // namespace
 
@@ -32,12 +32,8 @@ void PictureCommands::pixsub_Click(int Index)
 
 bool PictureCommands::isReady()
 {
-  if (!parts_.project.isOpen()) {
-    parts_.project.program().language.GetMsg(kMessageNoProject);
-    return false;
-  }
   // Pictures come into what the editor shows; a source on top would take them away again.
-  return parts_.tabs.showEditor();
+  return parts_.project.requireOpen() && parts_.tabs.showEditor();
 }
 
 void PictureCommands::alone(const std::function<void()>& work) { parts_.pages.whileBusy(work); }

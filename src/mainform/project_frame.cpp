@@ -315,6 +315,13 @@ void ProjectFrame::OpenProject_Click()
   DialogOpenChangeNewDB("", denied);
 }
 
+bool ProjectFrame::requireOpen()
+{
+  if (!isOpen())
+    program_.language.GetMsg(kMessageNothingOpen);
+  return isOpen();
+}
+
 void ProjectFrame::CheckDatabase()
 {
   const ui::WaitPointer wait(program_.ui);

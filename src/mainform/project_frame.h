@@ -48,9 +48,11 @@ public:
   settings::Fields& fields() { return fields_; }
   dao::Database& db() { return *db_; }
   bool isOpen() const { return db_.has_value(); }
+  /// For what works with a project. False, with message 24, where none is open.
+  bool requireOpen();
   const std::string& DbName() const { return DbName_; }
 
-  /// Adds the users' layouts to the layout box. Warns of files that are not well-formed.
+  /// Adds the users' layouts to the layout box. Remarks on files that are not well-formed.
   void ladebenutzerlayouts();
 
   /// The one way into a project for a window: opens the file, or asks for one when the path is empty or leads nowhere.

@@ -12,7 +12,6 @@
 namespace mrd::mainform {
 namespace {
 
-constexpr int kMessageNoProject = 24;
 /// The widest content of the list.
 constexpr double kWidestPx = 1200;
 
@@ -79,12 +78,8 @@ SettingsTabs::SettingsTabs(const Parts& parts, std::function<void()> farbenaktua
 
 bool SettingsTabs::cbeinstellungen_Click()
 {
-  auto& language = parts_.project.program().language;
-  if (!parts_.project.isOpen()) {
-    language.GetMsg(kMessageNoProject);
-    return false;
-  }
-  return failures::withStandardHandler(language, "cbeinstellungen_Click",
+  return parts_.project.requireOpen() &&
+         failures::withStandardHandler(parts_.project.program().language, "cbeinstellungen_Click",
                                        [&] { settings::cbeinstellungen_Click(parts_.project.db(), fields()); });
 }
 

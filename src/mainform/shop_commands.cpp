@@ -3,7 +3,7 @@
 namespace mrd::mainform {
 namespace {
 
-constexpr int kMessageChoosePage = 2, kMessageNoProject = 24;
+constexpr int kMessageChoosePage = 2;
 
 } // namespace
 
@@ -16,15 +16,12 @@ ShopCommands::ShopCommands(const Parts& parts)
 
 void ShopCommands::mnuShop_Click()
 {
-  auto& language = parts_.project.program().language;
-  if (!parts_.project.isOpen()) {
-    language.GetMsg(kMessageNoProject);
+  if (!parts_.project.requireOpen())
     return;
-  }
   if (!shop_ || !shop_->isOpen())
-    shop_ = std::make_unique<shop::frmmrdshop>(
-        shop::frmmrdshop::Parts{parts_.project.db(), language, parts_.pages.surface(), parts_.shell, parts_.pages.fields},
-        shopHooks());
+    shop_ = std::make_unique<shop::frmmrdshop>(shop::frmmrdshop::Parts{parts_.project.db(), parts_.project.program().language,
+                                                                       parts_.pages.surface(), parts_.shell, parts_.pages.fields},
+                                               shopHooks());
   parts_.dialogs.show(*shop_);
 }
 
